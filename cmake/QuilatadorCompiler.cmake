@@ -1,0 +1,30 @@
+# What every target of ours is compiled with, as one interface target.
+add_library(quilatador_compiler INTERFACE)
+
+if(MSVC)
+  target_compile_options(quilatador_compiler INTERFACE /utf-8 /W4 $<$<BOOL:${QUILATADOR_WERROR}>:/WX>)
+else()
+  target_compile_options(quilatador_compiler INTERFACE
+    -Wall -Wextra -Wpedantic -Wconversion -Wshadow $<$<BOOL:${QUILATADOR_WERROR}>:-Werror>
+    # Sums of amounts must come out the same on every processor.
+    -ffp-contract=off)
+endif()
+
+if(QUILATADOR_SANITIZE)
+  target_compile_options(quilatador_compiler INTERFACE
+    -fsanitize=${QUILATADOR_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer -D_GLIBCXX_ASSERTIONS)
+  target_link_options(quilatador_compiler INTERFACE -fsanitize=${QUILATADOR_SANITIZE})
+endif()
+
+if(QUILATADOR_COVERAGE)
+  target_compile_options(quilatador_compiler INTERFACE --coverage -O0)
+  target_link_options(quilatador_compiler INTERFACE --coverage)
+endif()
+
+# quilatador_library(NAME SOURCES... ) makes the target quilatador::NAME of one folder below src/.
+function(quilatador_library name)
+  add_library(quilatador_${name} STATIC ${ARGN})
+  add_library(quilatador::${name} ALIAS quilatador_${name})
+  target_include_directories(quilatador_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(quilatador_${name} PRIVATE quilatador_compiler)
+endfunction()

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "common/Arquivos.h"
+#include "common/Lancador.h"
+#include "common/Localidade.h"
+#include "common/Painel.h"
+#include "common/Relogio.h"
+
+#include <filesystem>
+
+namespace quilatador {
+
+/// The world around a run, as its owner (a program's main, or a test) puts it together.
+struct Ambiente {
+    Painel& painel;
+    Relogio& relogio;
+    Localidade& localidade;
+    Lancador& lancador;
+    Arquivos& arquivos;
+    std::filesystem::path pastaDoPrograma; ///< where the layout description, the database and the help are
+};
+
+} // namespace quilatador

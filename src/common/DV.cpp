@@ -1,0 +1,116 @@
+#include "common/DV.h"
+
+#include "common/Falha.h"
+#include "common/modDepuracao.h"
+
+#include <limits>
+
+namespace quilatador {
+
+namespace {
+
+int digitoOuZero(char c) noexcept {
+    return modDepuracao::isDigito(c) ? c - '0' : 0;
+}
+
+/// The digit at a position (0-based) of a CNPJ or CPF.
+int digitoExigido(VistaTexto digitos, std::size_t posicao) {
+    if (posicao >= digitos.size() || !modDepuracao::isDigito(digitos[posicao])) throw Falha::conversao("DV");
+    return digitos[posicao] - '0';
+}
+
+Texto umDigito(long long digito) {
+    return std::to_string(digito);
+}
+
+/// Sum of digit times weight from the right; the weights go from `primeiro` to `ultimo` by `passo`, again and again.
+long long somaPonderada(VistaTexto digitos, int primeiro, int ultimo, int passo) noexcept {
+    long long soma = 0;
+    int peso = primeiro;
+    for (std::size_t i = digitos.size(); i-- > 0;) {
+        soma += digitoOuZero(digitos[i]) * peso;
+        peso = peso == ultimo ? primeiro : peso + passo;
+    }
+    return soma;
+}
+
+/// The check digit of a CNPJ or CPF over its first `quantos` digits: weights 2 upwards from the right, again from 2
+/// after `maiorPeso`.
+Texto digitoDeCadastro(VistaTexto digitos, std::size_t quantos, int maiorPeso) {
+    int soma = 0;
+    int peso = 2;
+    for (std::size_t i = quantos; i-- > 0;) {
+        soma += digitoExigido(digitos, i) * peso;
+        peso = peso == maiorPeso ? 2 : peso + 1;
+    }
+    const int resto = soma % 11;
+    return umDigito(resto < 2 ? 0 : 11 - resto);
+}
+
+} // namespace
+
+Texto DV::CalcularMod11(VistaTexto digitos) {
+    const long long resto = somaPonderada(digitos, 9, 2, -1) % 11;
+    return resto == 10 ? Texto("X") : umDigito(resto);
+}
+
+bool DV::VerificarMod11(VistaTexto digitos) {
+    if (digitos.size() < 2) return false;
+    return CalcularMod11(digitos.substr(0, digitos.size() - 1)) == ultimos(digitos, 1);
+}
+
+Texto DV::CalculaMod1129(std::optional<VistaTexto> digitos) {
+    if (!digitos) return {};
+    const VistaTexto aparado = semBrancos(*digitos);
+    int soma = 0;
+    int peso = 2;
+    for (std::size_t i = aparado.size(); i-- > 0;) {
+        const int produto = digitoOuZero(aparado[i]) * peso;
+        soma += produto / 10 + produto % 10;
+        if (soma > std::numeric_limits<std::int16_t>::max()) throw Falha(numeroDeFalha::estouro, "DV", "Estouro");
+        peso = peso == 9 ? 2 : peso + 1;
+    }
+    const int resto = soma % 11;
+    return umDigito(resto == 0 || resto == 1 || resto == 10 ? 1 : 11 - resto);
+}
+
+Texto DV::CalculaMod11Barra(VistaTexto digitos) {
+    const long long resto = somaPonderada(digitos, 2, 9, 1) % 11;
+    if (resto == 10) return "1";
+    return umDigito(resto < 2 ? 0 : 11 - resto);
+}
+
+Texto DV::CalcularMod10(VistaTexto digitos) {
+    int soma = 0;
+    int peso = 2;
+    for (std::size_t i = digitos.size(); i-- > 0;) {
+        const int produto = digitoOuZero(digitos[i]) * peso;
+        soma = (soma + produto / 10 + produto % 10) % 10;
+        peso = 3 - peso;
+    }
+    return umDigito((10 - soma) % 10);
+}
+
+Texto DV::CalcularCNPJ(VistaTexto digitos) {
+    const Texto primeiro = digitoDeCadastro(digitos, 12, 9);
+    const Texto segundo = digitoDeCadastro(junta(digitos, primeiro), 13, 9);
+    return primeiro + segundo;
+}
+
+bool DV::VerificarCNPJ(VistaTexto cnpj) {
+    return cnpj.size() == 14 && CalcularCNPJ(cnpj.substr(0, 12)) == cnpj.substr(12);
+}
+
+Texto DV::CalcularCPF(Texto& digitos) {
+    const Texto primeiro = digitoDeCadastro(digitos, 9, 10);
+    digitos += primeiro;
+    return primeiro + digitoDeCadastro(digitos, 10, 11);
+}
+
+bool DV::VerificarCPF(VistaTexto cpf) {
+    if (cpf.size() != 11) return false;
+    Texto digitos(cpf.substr(0, 9));
+    return CalcularCPF(digitos) == cpf.substr(9);
+}
+
+} // namespace quilatador

@@ -1,0 +1,112 @@
+#include "common/Numero.h"
+
+#include "common/Falha.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace quilatador {
+
+namespace {
+
+constexpr bool digito(char c) noexcept {
+    return c >= '0' && c <= '9';
+}
+
+/// Digits that a 64-bit integer and a double both hold without loss.
+constexpr std::size_t digitosExatos = 15;
+
+double lerDigitos(VistaTexto digitos) noexcept {
+    std::int64_t numero = 0;
+    for (const char c : digitos)
+        numero = numero * 10 + (c - '0');
+    return static_cast<double>(numero);
+}
+
+template <typename Inteiro>
+Inteiro arredondar(double numero) {
+    const double inteiro = std::nearbyint(numero); // the default rounding mode takes halves to even
+    if (!(inteiro >= std::numeric_limits<Inteiro>::min() && inteiro <= std::numeric_limits<Inteiro>::max()))
+        throw Falha(numeroDeFalha::estouro, "Numero", "Estouro");
+    return static_cast<Inteiro>(inteiro);
+}
+
+} // namespace
+
+bool soDigitos(VistaTexto texto) noexcept {
+    return !texto.empty() && std::ranges::all_of(texto, digito);
+}
+
+bool ehNumerico(VistaTexto texto) noexcept {
+    texto = semBrancos(texto);
+    if (!texto.empty() && (texto.front() == '+' || texto.front() == '-')) texto.remove_prefix(1);
+    std::size_t digitos = 0;
+    std::size_t separadores = 0;
+    for (const char c : texto) {
+        if (digito(c)) {
+            ++digitos;
+        } else if (c == '.' || c == ',') {
+            ++separadores;
+        } else {
+            return false;
+        }
+    }
+    return digitos > 0 && separadores <= 1;
+}
+
+double lerNumero(VistaTexto texto) noexcept {
+    if (texto.size() <= digitosExatos && soDigitos(texto)) return lerDigitos(texto);
+    Texto limpo;
+    bool ponto = false;
+    for (const char c : texto) {
+        if (c == ' ') continue;
+        const bool sinal = limpo.empty() && (c == '+' || c == '-');
+        if (!digito(c) && !sinal && (c != '.' || ponto)) break;
+        ponto = ponto || c == '.';
+        limpo.push_back(c);
+    }
+    VistaTexto resto = limpo;
+    if (resto.starts_with('+')) resto.remove_prefix(1);
+    double numero = 0;
+    const auto lido = std::from_chars(resto.data(), resto.data() + resto.size(), numero, std::chars_format::fixed);
+    if (lido.ec == std::errc::result_out_of_range) return std::numeric_limits<double>::max();
+    return numero == 0 ? 0 : numero; // "-0" is 0
+}
+
+Texto textoDoNumero(double numero) {
+    std::array<char, 400> destino{}; // the longest double has 309 digits before the point
+    const auto fim = std::to_chars(destino.data(), destino.data() + destino.size(), numero, std::chars_format::fixed);
+    return {destino.data(), fim.ptr};
+}
+
+std::int32_t arredondarParaLongo(double numero) {
+    return arredondar<std::int32_t>(numero);
+}
+std::int16_t arredondarParaInteiro(double numero) {
+    return arredondar<std::int16_t>(numero);
+}
+
+Texto formatarCentavos(VistaTexto centavos, VistaTexto separadorDeMilhar, VistaTexto separadorDecimal) {
+    Texto lidos;
+    bool negativo = false;
+    if (!soDigitos(centavos)) {
+        const double numero = std::nearbyint(lerNumero(centavos));
+        negativo = numero < 0;
+        lidos = textoDoNumero(std::fabs(numero));
+        centavos = lidos;
+    }
+    centavos.remove_prefix(std::min(centavos.find_first_not_of('0'), centavos.size()));
+    const Texto digitos = Texto(centavos.size() < 3 ? 3 - centavos.size() : 0, '0').append(centavos); // "0,05" at least
+    Texto valor(negativo ? "-" : "");
+    const std::size_t inteiros = digitos.size() - 2;
+    for (std::size_t i = 0; i < inteiros; ++i) {
+        if (i > 0 && (inteiros - i) % 3 == 0) valor.append(separadorDeMilhar);
+        valor.push_back(digitos[i]);
+    }
+    return valor.append(separadorDecimal).append(digitos, inteiros);
+}
+
+} // namespace quilatador

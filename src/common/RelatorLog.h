@@ -1,0 +1,39 @@
+#pragma once
+
+#include "common/Ambiente.h"
+#include "common/Relator.h"
+
+#include <filesystem>
+#include <memory>
+
+namespace quilatador {
+
+/// The log file: Windows-1252, each line ended by CR LF whatever the platform, written in large blocks. A failed
+/// write raises `Falha` at the line that filled the block, or at `fechar`; what is destroyed unclosed reports nothing.
+class RelatorLog : public Relator {
+  public:
+    explicit RelatorLog(std::unique_ptr<ArquivoSaida> arquivo);
+
+    void linha(VistaTexto texto) override;
+    /// An error is "** ERRO -> Linha " + line in six digits + " - " + message; a structural finding its plain message.
+    void achado(const Achado& achado) override;
+    void resumo(const Resumo& resumo) override;
+
+    /// Adds bytes as they stand: for whoever writes whole blocks of lines, with their CR LF, at once.
+    void bytes(VistaTexto bytes);
+    /// Writes what is waiting and closes the file.
+    void fechar();
+
+  private:
+    void esvaziar();
+
+    std::unique_ptr<ArquivoSaida> arquivo_;
+    Texto pendente_;
+};
+
+/// Creates the log of an analysis. None, after an error box of that title, where it cannot be created or would be
+/// the analysed file itself (also through a link).
+[[nodiscard]] std::unique_ptr<RelatorLog> criarLog(Ambiente& ambiente, const std::filesystem::path& analisado,
+                                                   const std::filesystem::path& log, VistaTexto titulo);
+
+} // namespace quilatador

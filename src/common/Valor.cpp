@@ -1,0 +1,73 @@
+#include "common/Valor.h"
+
+#include "common/Falha.h"
+#include "common/Numero.h"
+
+namespace quilatador {
+
+Texto Valor::texto() const {
+    if (const Texto* texto = comoTexto()) return *texto;
+    if (const double* numero = comoNumero()) return textoDoNumero(*numero);
+    if (const Data* data = comoData()) return formatarData(*data, "DD/MM/YYYY");
+    return {};
+}
+
+std::optional<std::size_t> Valor::comprimento() const {
+    if (nulo()) return std::nullopt;
+    if (const Texto* texto = comoTexto()) return texto->size();
+    return texto().size();
+}
+
+double Valor::paraDuplo() const {
+    if (const double* numero = comoNumero()) return *numero;
+    if (const Data* data = comoData()) return numeroDeSerie(*data);
+    if (vazio()) return 0;
+    if (nulo()) throw Falha(numeroDeFalha::usoDeNulo, "Valor", Texto("Uso de Null inválido"_t));
+    if (!ehNumerico(*comoTexto())) throw Falha::conversao("Valor");
+    return lerNumero(*comoTexto());
+}
+
+std::int32_t Valor::paraLongo() const {
+    return arredondarParaLongo(paraDuplo());
+}
+std::int16_t Valor::paraInteiro() const {
+    return arredondarParaInteiro(paraDuplo());
+}
+
+std::partial_ordering comparar(const Valor& a, const Valor& b) {
+    if (a.nulo() || b.nulo()) return std::partial_ordering::unordered;
+    const Texto* textoA = a.comoTexto();
+    const Texto* textoB = b.comoTexto();
+    if ((textoA || a.vazio()) && (textoB || b.vazio())) {
+        const int ordem = VistaTexto(textoA ? *textoA : Texto()).compare(textoB ? *textoB : Texto());
+        return ordem <=> 0;
+    }
+    if (textoA && !ehNumerico(*textoA)) return std::partial_ordering::greater;
+    if (textoB && !ehNumerico(*textoB)) return std::partial_ordering::less;
+    return a.paraDuplo() <=> b.paraDuplo();
+}
+
+bool igual(const Valor& a, const Valor& b) {
+    return comparar(a, b) == std::partial_ordering::equivalent;
+}
+bool menor(const Valor& a, const Valor& b) {
+    return comparar(a, b) == std::partial_ordering::less;
+}
+bool maior(const Valor& a, const Valor& b) {
+    return comparar(a, b) == std::partial_ordering::greater;
+}
+bool diferente(const Valor& a, const Valor& b) {
+    return menor(a, b) || maior(a, b);
+}
+
+bool foraDe(const Valor& valor, VistaTexto lista) {
+    return !valor.nulo() && lista.find(valor.texto()) == VistaTexto::npos;
+}
+bool semConteudo(const Valor& valor) {
+    return valor.comprimento() == std::size_t{0};
+}
+bool comConteudo(const Valor& valor) {
+    return valor.comprimento().value_or(0) > 0;
+}
+
+} // namespace quilatador

@@ -1,0 +1,42 @@
+#include "common/modDepuracao.h"
+
+#include <array>
+
+namespace quilatador::modDepuracao {
+
+namespace {
+
+constexpr std::array<bool, 256> especiais = [] {
+    std::array<bool, 256> tabela{};
+    constexpr std::pair<int, int> faixas[] = {{38, 38},   {159, 159}, {170, 170}, {186, 186}, {192, 207}, {209, 214},
+                                              {217, 221}, {224, 239}, {241, 246}, {249, 253}, {255, 255}};
+    for (const auto& [primeiro, ultimo] : faixas)
+        for (int codigo = primeiro; codigo <= ultimo; ++codigo)
+            tabela[static_cast<std::size_t>(codigo)] = true;
+    return tabela;
+}();
+
+/// Whether a line may hold a special character. They are "&" or lie above the ASCII codes, which nearly no line does;
+/// the loop has no branch, so that the compiler takes many characters at a time.
+bool suspeita(VistaTexto texto) noexcept {
+    unsigned char algum = 0;
+    for (const char c : texto)
+        algum = static_cast<unsigned char>(algum | (static_cast<unsigned char>(c) & 0x80u) |
+                                           static_cast<unsigned char>(c == '&'));
+    return algum != 0;
+}
+
+} // namespace
+
+Texto caracteresEspeciais(VistaTexto texto) {
+    Texto achados;
+    if (!suspeita(texto)) return achados;
+    for (std::size_t i = 0; i < texto.size(); ++i) {
+        if (!especiais[static_cast<unsigned char>(texto[i])]) continue;
+        achados.push_back(texto[i]);
+        achados.append("(").append(std::to_string(i + 1)).append("), ");
+    }
+    return achados;
+}
+
+} // namespace quilatador::modDepuracao

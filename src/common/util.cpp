@@ -1,0 +1,24 @@
+#include "common/util.h"
+
+#include "common/Falha.h"
+
+namespace quilatador::util {
+
+namespace {
+
+void tentar(Controle& controle, VistaTexto propriedade, int valor) {
+    try {
+        controle.definir(propriedade, valor);
+    } catch (const Falha&) {
+        return; // a control without the property is left as it is
+    }
+}
+
+} // namespace
+
+void SelecionarCampo(Controle& controle) {
+    tentar(controle, "SelStart", 0);
+    tentar(controle, "sellenght", controle.comprimento());
+}
+
+} // namespace quilatador::util
