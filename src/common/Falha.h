@@ -37,6 +37,9 @@ class Falha : public std::exception {
     [[nodiscard]] const Texto& fonte() const noexcept { return fonte_; }
     /// What happened, in the user's language.
     [[nodiscard]] const Texto& descricao() const noexcept { return descricao_; }
+    /// Whether files, devices or program parts are at fault (numbers 52 to 76 and from 3000), not the data; context
+    /// put in front keeps it.
+    [[nodiscard]] bool doAmbiente() const noexcept { return doAmbiente_; }
     /// The description in UTF-8, for tools that know only `std::exception`.
     [[nodiscard]] const char* what() const noexcept override { return what_.c_str(); }
 
@@ -48,6 +51,7 @@ class Falha : public std::exception {
 
   private:
     int numero_;
+    bool doAmbiente_;
     Texto fonte_;
     Texto descricao_;
     std::string what_;

@@ -1,0 +1,164 @@
+#include "layout/ArquivoRemessa.h"
+
+#include "common/Diversos.h"
+#include "common/Falha.h"
+
+#include <algorithm>
+
+namespace quilatador {
+
+namespace {
+
+constexpr int chaveDuplicada = 457;
+
+/// A file failure as this class raises it: known conditions have a fixed text.
+Falha falhaDeArquivo(const Falha& falha) {
+    const auto descricao = [&]() -> Texto {
+        switch (falha.numero()) {
+        case numeroDeFalha::nomeDeArquivoInvalido:
+            return Texto("Nome de arquivo inválido!"_t);
+        case numeroDeFalha::arquivoNaoEncontrado:
+            return Texto("Arquivo não encontrado!"_t);
+        case numeroDeFalha::modoDeArquivoInvalido:
+            return Texto("Modo de arquivo inválido!"_t);
+        case numeroDeFalha::arquivoJaAberto:
+            return Texto("Arquivo já está aberto!"_t);
+        case numeroDeFalha::discoCheio:
+            return "Disco cheio!";
+        case numeroDeFalha::erroDeDispositivo:
+            return "Disco com defeito!";
+        default:
+            return falha.descricao();
+        }
+    };
+    return {falha.numero(), "Gravacao", descricao()};
+}
+
+/// Does what may fail on a file, and raises its failures as `falhaDeArquivo`.
+template <typename Operacao>
+auto comTraducao(Operacao operacao) {
+    try {
+        return operacao();
+    } catch (const Falha& falha) {
+        throw falhaDeArquivo(falha);
+    }
+}
+
+} // namespace
+
+ArquivoRemessa::ArquivoRemessa(Arquivos& arquivos) : arquivos_(arquivos) {}
+
+std::shared_ptr<RegistroRemessa> ArquivoRemessa::criarRegistro(VistaTexto nome) {
+    const auto tipo = std::ranges::find_if(tipos_, [&](const auto& t) { return iguaisSemCaixa(t->nome(), nome); });
+    if (tipo == tipos_.end())
+        throw Falha(numeroDeFalha::argumentoInvalido, "ArquivoRemessa",
+                    junta("Registro inexistente no leiaute: "_t, nome));
+    auto registro = criarCopias_ ? std::make_shared<RegistroRemessa>((*tipo)->copia()) : *tipo;
+    registro->ArquivoRemessa(this);
+    return registro;
+}
+
+void ArquivoRemessa::addTipoRegistro(std::shared_ptr<RegistroRemessa> registro) {
+    if (std::ranges::any_of(tipos_, [&](const auto& t) { return iguaisSemCaixa(t->nome(), registro->nome()); }))
+        throw Falha(chaveDuplicada, "ArquivoRemessa", junta("Registro em duplicidade: "_t, registro->nome()));
+    registro->ArquivoRemessa(this);
+    tipos_.push_back(std::move(registro));
+    marcasProntas_ = false;
+}
+
+void ArquivoRemessa::abrirArquivoEntrada(const std::filesystem::path& caminho) {
+    saida_.reset();
+    leitor_.reset();
+    leitor_.emplace(comTraducao([&] { return arquivos_.abrirEntrada(caminho); }));
+}
+
+RegistroRemessa& ArquivoRemessa::lerRegistro(bool lerCampos) {
+    if (!leitor_) throw falhaDeArquivo(Falha(numeroDeFalha::nomeDeArquivoInvalido, "ArquivoRemessa", {}));
+    const auto comLinha = [&](const Falha& falha) {
+        return falha.comContexto("RegistroRemessa", junta("Linha: ", comZeros(contador_, 6)));
+    };
+    ++contador_;
+    std::optional<VistaTexto> linha;
+    try {
+        linha = leitor_->proxima();
+    } catch (const Falha& falha) {
+        throw comLinha(falha);
+    }
+    if (!linha || linha->empty()) {
+        --contador_;
+        return semRegistro();
+    }
+    const auto tipo = reconhecer(*linha);
+    if (!tipo) throw Falha(numeroDeFalha::geral, "ArquivoRemessa", Texto("Tipo de registro não identificado!"_t));
+    tipoEmMaos_ = *tipo;
+    if (emMaos_ != tipos_[*tipo] || criarCopias_) emMaos_ = criarRegistro(tipos_[*tipo]->nome());
+    try {
+        if (lerCampos)
+            emMaos_->lerLinha(*linha);
+        else
+            emMaos_->linha(*linha);
+    } catch (const Falha& falha) {
+        throw comLinha(falha);
+    }
+    return *emMaos_;
+}
+
+RegistroRemessa& ArquivoRemessa::semRegistro() {
+    vazio_ = RegistroRemessa();
+    return vazio_;
+}
+
+std::optional<std::size_t> ArquivoRemessa::reconhecer(VistaTexto linha) {
+    prepararMarcas();
+    std::size_t primeira = 0;
+    if (posicaoComum_ > 0) {
+        if (linha.size() < posicaoComum_) return std::nullopt;
+        primeira = primeiraMarca_[static_cast<unsigned char>(linha[posicaoComum_ - 1])];
+    }
+    for (std::size_t i = primeira; i < marcas_.size(); ++i)
+        if (trecho(linha, marcas_[i].posicao, marcas_[i].texto.size()) == marcas_[i].texto) return marcas_[i].tipo;
+    return std::nullopt;
+}
+
+/// Finds out once what `RegistroRemessa::isRegistroTipo` would find out again for every type and line.
+void ArquivoRemessa::prepararMarcas() {
+    if (marcasProntas_) return;
+    marcas_.clear();
+    for (std::size_t i = 0; i < tipos_.size(); ++i) {
+        const CampoRemessa& campo = tipos_[i]->obterCampo(tipos_[i]->identificador());
+        const Texto esperado = campo.Valor().texto();
+        if (!campo.Valor().nulo() && static_cast<int>(esperado.size()) == campo.Tamanho())
+            marcas_.push_back({static_cast<std::size_t>(campo.inicio()), esperado, i});
+    }
+    const auto mesmaPosicao = [&](const Marca& m) { return m.posicao == marcas_.front().posicao && !m.texto.empty(); };
+    posicaoComum_ = !marcas_.empty() && std::ranges::all_of(marcas_, mesmaPosicao) ? marcas_.front().posicao : 0;
+    primeiraMarca_.fill(static_cast<std::uint16_t>(marcas_.size()));
+    for (std::size_t i = marcas_.size(); posicaoComum_ > 0 && i-- > 0;)
+        primeiraMarca_[static_cast<unsigned char>(marcas_[i].texto.front())] = static_cast<std::uint16_t>(i);
+    marcasProntas_ = true;
+}
+
+void ArquivoRemessa::abrirArquivoSaida(const std::filesystem::path& caminho) {
+    leitor_.reset();
+    saida_.reset();
+    saida_ = comTraducao([&] { return arquivos_.criarSaida(caminho); });
+}
+
+void ArquivoRemessa::fecharArquivoSaida() {
+    if (saida_) comTraducao([&] { saida_->fechar(); });
+    saida_.reset();
+}
+
+void ArquivoRemessa::addRegistro(RegistroRemessa& registro) {
+    ++contador_;
+    const Texto linha = junta(Diversos::ConverteASC2EBCDIC(registro.gerarLinha()), "\r\n");
+    if (!saida_) throw falhaDeArquivo(Falha(numeroDeFalha::nomeDeArquivoInvalido, "ArquivoRemessa", {}));
+    comTraducao([&] { saida_->escrever(linha); });
+}
+
+void ArquivoRemessa::addRegistros(std::span<RegistroRemessa*> registros) {
+    for (RegistroRemessa* registro : registros)
+        addRegistro(*registro);
+}
+
+} // namespace quilatador

@@ -1,0 +1,132 @@
+#include "layout/ArquivoRemessaBD.h"
+
+#include "common/Falha.h"
+#include "common/Numero.h"
+
+#include <limits>
+#include <pugixml.hpp>
+#include <vector>
+
+namespace quilatador {
+
+namespace {
+
+/// More than any description of fixed-width records needs; a larger file is something else.
+constexpr std::uint64_t maiorDescricao = 16 * 1024 * 1024;
+
+Falha falhaDoLeiaute(VistaTexto descricao) {
+    return {numeroDeFalha::geral, "ArquivoRemessaBD", junta("Leiaute inválido: "_t, descricao)};
+}
+
+std::vector<char> lerTudo(const std::filesystem::path& caminho, Arquivos& arquivos) {
+    if (arquivos.tamanho(caminho) > maiorDescricao) throw falhaDoLeiaute("arquivo grande demais");
+    const auto arquivo = arquivos.abrirEntrada(caminho);
+    std::vector<char> conteudo;
+    constexpr std::size_t parte = 64 * 1024;
+    for (std::size_t lidos = parte; lidos > 0;) {
+        const std::size_t tamanho = conteudo.size();
+        if (tamanho > maiorDescricao) throw falhaDoLeiaute("arquivo grande demais");
+        conteudo.resize(tamanho + parte);
+        lidos = arquivo->ler(std::span(conteudo).subspan(tamanho));
+        conteudo.resize(tamanho + lidos);
+    }
+    return conteudo;
+}
+
+/// One element with the words that tell where it stands, for error texts.
+struct Elemento {
+    pugi::xml_node no;
+    Texto onde;
+
+    [[nodiscard]] Texto texto(const char* atributo) const {
+        const pugi::xml_attribute valor = no.attribute(atributo);
+        if (!valor) throw falhaDoLeiaute(junta(onde, " sem o atributo \"", atributo, "\""));
+        return textoDeUtf8(valor.value());
+    }
+
+    /// The number at the start of an attribute; with `inteiro`, all of the attribute must be a number.
+    [[nodiscard]] double numero(const char* atributo, double menor, double maior, bool inteiro = false) const {
+        const Texto lido = texto(atributo);
+        const double numero = lerNumero(lido);
+        if (numero < menor || numero > maior || (inteiro && !ehNumerico(lido)))
+            throw falhaDoLeiaute(junta(onde, ", atributo \"", atributo, "\": valor inválido \""_t, lido, "\""));
+        return numero;
+    }
+};
+
+Elemento exigirElemento(pugi::xml_node no, VistaTexto onde) {
+    if (no.type() != pugi::node_element) throw falhaDoLeiaute(junta(onde, ": há um nó que não é elemento"_t));
+    return {no, junta(onde, " \"", textoDeUtf8(no.attribute("Nome").value()), "\"")};
+}
+
+CampoRemessa lerCampo(const Elemento& elemento) {
+    constexpr double maiorTamanho = std::numeric_limits<std::int16_t>::max();
+    constexpr double maiorOcteto = std::numeric_limits<std::uint8_t>::max();
+    CampoRemessa campo;
+    campo.nome(elemento.texto("Nome"));
+    campo.natureza(elemento.texto("Tipo"));
+    if (elemento.no.attribute("Alinhamento"))
+        campo.alinhamento(static_cast<std::uint8_t>(elemento.numero("Alinhamento", 0, maiorOcteto, true)));
+    campo.Tamanho(static_cast<std::int16_t>(elemento.numero("Tamanho", 1, maiorTamanho)));
+    campo.formato(elemento.texto("Formato"));
+    campo.numeroDecimais(static_cast<std::uint8_t>(elemento.numero("Decimais", 0, maiorOcteto)));
+    const pugi::xml_attribute valor = elemento.no.attribute("Valor");
+    campo.Valor(valor ? Valor(textoDeUtf8(valor.value())) : Valor(Valor::Nulo()));
+    return campo;
+}
+
+std::shared_ptr<RegistroRemessa> lerTipo(const Elemento& elemento) {
+    auto registro = std::make_shared<RegistroRemessa>();
+    registro->nome(elemento.texto("Nome"));
+    registro->Tamanho(
+        static_cast<std::int16_t>(elemento.numero("Tamanho", 1, std::numeric_limits<std::int16_t>::max(), true)));
+    registro->identificador(elemento.texto("Identificador"));
+    for (const pugi::xml_node no : elemento.no.children()) {
+        const Elemento campo = exigirElemento(no, junta(elemento.onde, ", Campo"));
+        try {
+            registro->add(lerCampo(campo));
+        } catch (const Falha& falha) {
+            if (falha.fonte() == "ArquivoRemessaBD") throw;
+            throw falhaDoLeiaute(junta(campo.onde, ": ", falha.descricao()));
+        }
+    }
+    if (!registro->indiceDoCampo(registro->identificador()))
+        throw falhaDoLeiaute(
+            junta(elemento.onde, ": o campo identificador \"", registro->identificador(), "\" não existe"_t));
+    if (registro->tamanhoAtual() > registro->Tamanho())
+        throw falhaDoLeiaute(junta(elemento.onde, ": os campos passam do tamanho do registro"));
+    return registro;
+}
+
+/// The second node of the document, where the root must stand.
+pugi::xml_node obterRaiz(const pugi::xml_document& documento, Painel& painel) {
+    const pugi::xml_node raiz = documento.first_child().next_sibling();
+    if (VistaTexto(raiz.name()) == "ArquivoRemessa") return raiz;
+    constexpr VistaTexto motivo = "Arquivo XML não corresponde a um arquivo de remessa!"_t;
+    painel.mensagem({.texto = Texto(motivo), .titulo = Texto(tituloDoPrograma)});
+    throw Falha(numeroDeFalha::geral, "ArquivoRemessaBD", Texto(motivo));
+}
+
+} // namespace
+
+std::unique_ptr<ArquivoRemessa> ArquivoRemessaBD::obterArquivoRemessa(const std::filesystem::path& caminho,
+                                                                      Arquivos& arquivos, Painel& painel) {
+    if (!arquivos.existe(caminho)) {
+        painel.mensagem({.texto = "Arquivo nao encontrado!", .titulo = Texto(tituloDoPrograma)});
+        return nullptr;
+    }
+    const std::vector<char> conteudo = lerTudo(caminho, arquivos);
+    pugi::xml_document documento;
+    constexpr unsigned opcoes =
+        pugi::parse_default | pugi::parse_declaration | pugi::parse_comments | pugi::parse_pi | pugi::parse_doctype;
+    const auto lido = documento.load_buffer(conteudo.data(), conteudo.size(), opcoes);
+    if (!lido)
+        throw falhaDoLeiaute(
+            junta("não é XML (byte "_t, std::to_string(lido.offset), ": ", textoDeUtf8(lido.description()), ")"));
+    auto arquivo = std::make_unique<ArquivoRemessa>(arquivos);
+    for (const pugi::xml_node no : obterRaiz(documento, painel).children())
+        arquivo->addTipoRegistro(lerTipo(exigirElemento(no, "Registro")));
+    return arquivo;
+}
+
+} // namespace quilatador

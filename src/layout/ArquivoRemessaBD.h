@@ -1,0 +1,25 @@
+#pragma once
+
+#include "common/Arquivos.h"
+#include "common/Painel.h"
+#include "layout/ArquivoRemessa.h"
+
+#include <filesystem>
+#include <memory>
+
+namespace quilatador {
+
+/// Loads a layout from its XML description: the declaration, then the root "ArquivoRemessa"; its children are the
+/// record types (attributes "Nome", "Tamanho", "Identificador"), theirs the fields in line order ("Nome", "Tipo",
+/// "Alinhamento", "Tamanho", "Formato", "Decimais", "Valor"; the third and the last may be missing). Nothing but
+/// elements may stand at these two levels.
+class ArquivoRemessaBD {
+  public:
+    /// The layout; none, after a message box, where the file is missing. `Falha` where it is no XML, its root is
+    /// another (a message box says so first) or a record or field is not right: the text names record, field and
+    /// attribute.
+    [[nodiscard]] static std::unique_ptr<ArquivoRemessa> obterArquivoRemessa(const std::filesystem::path& caminho,
+                                                                             Arquivos& arquivos, Painel& painel);
+};
+
+} // namespace quilatador

@@ -1,0 +1,102 @@
+#include "layout/CampoRemessa.h"
+
+#include "common/Diversos.h"
+#include "common/Falha.h"
+#include "common/Numero.h"
+#include "layout/ArquivoRemessa.h"
+#include "layout/RegistroRemessa.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace quilatador {
+
+namespace {
+
+double potenciaDeDez(std::uint8_t expoente) noexcept {
+    constexpr std::array<double, 10> usuais{1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9};
+    return expoente < usuais.size() ? usuais[expoente] : std::pow(10.0, expoente);
+}
+
+Falha falhaDoCampo(VistaTexto nome, VistaTexto motivo) {
+    return {numeroDeFalha::geral, "CampoRemessa", junta("Campo=", nome, " - ", motivo)};
+}
+
+} // namespace
+
+Valor CampoRemessa::interpretar(VistaTexto texto, int anoCorrente) const {
+    if (natureza_ == "S") return alinhamento_ == 1 ? semBrancosAEsquerda(texto) : semBrancosADireita(texto);
+    if (natureza_ == "N" || natureza_ == "R") return interpretarNumero(texto);
+    if (natureza_ == "D") return interpretarData(texto, anoCorrente);
+    return valor_;
+}
+
+Valor CampoRemessa::interpretarNumero(VistaTexto texto) const {
+    if (!ehNumerico(texto)) throw falhaDoCampo(nome_, "Campo numérico inválido"_t);
+    return lerNumero(texto) / potenciaDeDez(numeroDecimais_);
+}
+
+Valor CampoRemessa::interpretarData(VistaTexto texto, int anoCorrente) const {
+    const bool zerada = texto.size() == formato_.size() && std::ranges::all_of(texto, [](char c) { return c == '0'; });
+    if (zerada || semBrancos(texto).empty()) return Valor::Nulo();
+    std::optional<Data> data;
+    if (formato_ != "ADDD") {
+        data = lerData(Diversos::textoDeData(texto, formato_));
+    } else if (const auto juliana = Diversos::String2Data(texto, formato_, anoCorrente)) {
+        // Written month first and read day first, so that up to the 12th day and month change places. Kept on
+        // purpose, the test `dataJulianaTrocaDiaEMes` holds it.
+        data = lerData(formatarData(*juliana, "MM/DD/YYYY"));
+    }
+    if (!data) throw falhaDoCampo(nome_, "Campo data inválido"_t);
+    return *data;
+}
+
+Texto CampoRemessa::gerarTexto() {
+    const auto largura = static_cast<std::size_t>(std::max<std::int16_t>(tamanho_, 0));
+    if (natureza_ == "S") {
+        if (valor_.nulo()) valor_ = Texto();
+        return alinhamento_ == 1 ? Diversos::padL(valor_.texto(), largura) : Diversos::padR(valor_.texto(), largura);
+    }
+    if (natureza_ == "N") return Diversos::padL(gerarNumero(), largura, '0');
+    if (natureza_ == "D") return gerarData();
+    if (natureza_ == "R") return gerarContador();
+    return {};
+}
+
+Texto CampoRemessa::gerarNumero() {
+    const Texto* texto = valor_.comoTexto();
+    if (valor_.nulo() || valor_.comoData() || (texto && !ehNumerico(*texto))) valor_ = 0;
+    return textoDoNumero(std::floor(valor_.paraDuplo() * potenciaDeDez(numeroDecimais_)) + 0.0); // + 0.0: never "-0"
+}
+
+Texto CampoRemessa::gerarData() const {
+    const Data* data = valor_.comoData();
+    if (!data) return Texto(formato_.size(), '0');
+    if (formato_ == "ADDD") return Diversos::Data2Juliana(*data);
+    return formatarData(*data, substituirCaractere(formato_, 'A', 'Y'));
+}
+
+Texto CampoRemessa::gerarContador() const {
+    const ArquivoRemessa* arquivo = registroPai_ ? registroPai_->ArquivoRemessa() : nullptr;
+    const Texto contador = std::to_string(arquivo ? arquivo->contador() : 0);
+    if (contador.size() > static_cast<std::size_t>(std::max<std::int16_t>(tamanho_, 0)))
+        throw Falha(numeroDeFalha::argumentoInvalido, "CampoRemessa", Texto("Argumento inválido"_t));
+    return Diversos::padL(contador, static_cast<std::size_t>(tamanho_), '0');
+}
+
+CampoRemessa CampoRemessa::copia() const {
+    CampoRemessa nova(*this);
+    nova.inicio_ = 0;
+    nova.fim_ = 0;
+    nova.registroPai_ = nullptr;
+    return nova;
+}
+
+Texto CampoRemessa::substituirCaractere(VistaTexto texto, char de, char para) {
+    Texto resultado(texto);
+    std::ranges::replace(resultado, de, para);
+    return resultado;
+}
+
+} // namespace quilatador

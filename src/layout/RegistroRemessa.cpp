@@ -1,0 +1,151 @@
+#include "layout/RegistroRemessa.h"
+
+#include "common/Falha.h"
+#include "layout/ArquivoRemessa.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace quilatador {
+
+namespace {
+
+constexpr int chaveDuplicada = 457;
+
+VistaTexto trechoDoCampo(VistaTexto linha, const CampoRemessa& campo) noexcept {
+    const int tamanho = campo.Fim() - campo.inicio() + 1;
+    return campo.inicio() < 1 || tamanho < 1
+               ? VistaTexto()
+               : trecho(linha, static_cast<std::size_t>(campo.inicio()), static_cast<std::size_t>(tamanho));
+}
+
+} // namespace
+
+RegistroRemessa::RegistroRemessa(RegistroRemessa&& outro) noexcept {
+    *this = std::move(outro);
+}
+
+RegistroRemessa& RegistroRemessa::operator=(RegistroRemessa&& outro) noexcept {
+    linha_ = std::move(outro.linha_);
+    campos_ = std::move(outro.campos_);
+    identificador_ = std::move(outro.identificador_);
+    arquivo_ = outro.arquivo_;
+    nome_ = std::move(outro.nome_);
+    tamanhoAtual_ = outro.tamanhoAtual_;
+    tamanho_ = outro.tamanho_;
+    adotarCampos();
+    return *this;
+}
+
+void RegistroRemessa::adotarCampos() noexcept {
+    for (const auto& campo : campos_)
+        campo->registroPai(this);
+}
+
+CampoRemessa& RegistroRemessa::add(CampoRemessa campo) {
+    const int fim = tamanhoAtual_ + campo.Tamanho();
+    if (fim > std::numeric_limits<std::int16_t>::max())
+        throw Falha(numeroDeFalha::estouro, "RegistroRemessa", "Estouro");
+    campo.inicio(static_cast<std::int16_t>(tamanhoAtual_ + 1));
+    campo.Fim(static_cast<std::int16_t>(fim));
+    campo.registroPai(this);
+    tamanhoAtual_ = static_cast<std::int16_t>(fim);
+    if (indiceDoCampo(campo.nome()))
+        throw Falha(chaveDuplicada, "RegistroRemessa", junta("Campo em duplicidade: "_t, campo.nome()));
+    return *campos_.emplace_back(std::make_unique<CampoRemessa>(std::move(campo)));
+}
+
+bool RegistroRemessa::isRegistroTipo(VistaTexto linha) const {
+    const CampoRemessa& campo = obterCampo(identificador_);
+    return !campo.Valor().nulo() && trechoDoCampo(linha, campo) == campo.Valor().texto();
+}
+
+void RegistroRemessa::lerLinha(VistaTexto linha) {
+    try {
+        if (linha.size() != static_cast<std::size_t>(tamanho_))
+            throw Falha(numeroDeFalha::geral, "RegistroRemessa", Texto("Tamanho de linha incompatível!"_t));
+        std::size_t posicao = 1;
+        for (const auto& campo : campos_) {
+            const auto largura = static_cast<std::size_t>(campo->Tamanho());
+            campo->lerTexto(trecho(linha, posicao, largura), anoCorrente());
+            posicao += largura;
+        }
+    } catch (const Falha& falha) {
+        throw falha.comContexto("RegistroRemessa", junta("Segmento=", obterCampo(identificador_).Valor().texto()));
+    }
+}
+
+Texto RegistroRemessa::gerarLinha() {
+    Texto linha;
+    for (const auto& campo : campos_)
+        linha.append(campo->gerarTexto());
+    return linha;
+}
+
+Valor RegistroRemessa::getValorCampo(VistaTexto nomeCampo) const {
+    return getValorCampo(campo(nomeCampo));
+}
+
+Valor RegistroRemessa::getValorCampo(const CampoRemessa& campo) const {
+    return linha_.empty() ? campo.Valor() : campo.interpretar(textoNaLinha(campo), anoCorrente());
+}
+
+VistaTexto RegistroRemessa::textoNaLinha(const CampoRemessa& campo) const noexcept {
+    return trechoDoCampo(linha_, campo);
+}
+
+Texto RegistroRemessa::getValorCampoString(VistaTexto nomeCampo) const {
+    CampoRemessa& procurado = campo(nomeCampo);
+    return linha_.empty() ? procurado.gerarTexto() : Texto(textoNaLinha(procurado));
+}
+
+void RegistroRemessa::setValorCampo(VistaTexto nomeCampo, Valor valor) {
+    campo(nomeCampo).Valor(std::move(valor));
+}
+
+const CampoRemessa& RegistroRemessa::obterCampo(VistaTexto nomeCampo) const {
+    return campo(nomeCampo);
+}
+
+std::int16_t RegistroRemessa::obterPosicaoCampo(VistaTexto) const noexcept {
+    return 0;
+}
+
+std::optional<std::size_t> RegistroRemessa::indiceDoCampo(VistaTexto nomeCampo) const noexcept {
+    const auto achado =
+        std::ranges::find_if(campos_, [&](const auto& campo) { return iguaisSemCaixa(campo->nome(), nomeCampo); });
+    if (achado == campos_.end()) return std::nullopt;
+    return static_cast<std::size_t>(achado - campos_.begin());
+}
+
+CampoRemessa& RegistroRemessa::campo(VistaTexto nomeCampo) const {
+    if (const auto indice = indiceDoCampo(nomeCampo)) return *campos_[*indice];
+    throw Falha(numeroDeFalha::argumentoInvalido, "RegistroRemessa",
+                junta("Campo inexistente no leiaute: "_t, nomeCampo));
+}
+
+int RegistroRemessa::anoCorrente() const noexcept {
+    return arquivo_ ? arquivo_->anoCorrente() : 0;
+}
+
+RegistroRemessa RegistroRemessa::copia() const {
+    RegistroRemessa nova;
+    nova.nome_ = nome_;
+    nova.tamanho_ = tamanho_;
+    nova.identificador_ = identificador_;
+    for (const auto& campo : campos_)
+        nova.add(campo->copia());
+    nova.linha_ = linha_;
+    nova.tamanhoAtual_ = tamanhoAtual_;
+    nova.arquivo_ = arquivo_;
+    return nova;
+}
+
+void RegistroRemessa::copiar(RegistroRemessa& destino) const {
+    destino.linha_ = linha_;
+    if (!linha_.empty()) return;
+    for (const auto& campo : campos_)
+        destino.setValorCampo(campo->nome(), campo->Valor());
+}
+
+} // namespace quilatador
