@@ -1,0 +1,26 @@
+#pragma once
+
+#include "common/Arquivos.h"
+
+namespace quilatador {
+
+/// The files of the machine. Nothing is buffered here: each read or write of a caller is one of the system.
+///
+/// Input must be a regular file, or the null device: a pipe may never have a byte and a device may never end, so both
+/// are refused (`Falha` 75) without waiting for them. Output may be a device, or a pipe that somebody reads.
+class ArquivosDoSistema final : public Arquivos {
+  public:
+    /// From here on a file that outgrows the user's limit is a failed write (61), not the end of the process.
+    ArquivosDoSistema();
+
+    [[nodiscard]] std::unique_ptr<ArquivoEntrada> abrirEntrada(const std::filesystem::path& caminho) override;
+    /// An old regular file that may be written is deleted first, since cutting a huge one to nothing takes longer;
+    /// anything else of this name (a link, a device) is written through.
+    [[nodiscard]] std::unique_ptr<ArquivoSaida> criarSaida(const std::filesystem::path& caminho) override;
+    [[nodiscard]] bool existe(const std::filesystem::path& caminho) const override;
+    [[nodiscard]] std::uint64_t tamanho(const std::filesystem::path& caminho) const override;
+    [[nodiscard]] bool mesmoArquivo(const std::filesystem::path& a, const std::filesystem::path& b) const override;
+    [[nodiscard]] std::optional<Data> modificadoEm(const std::filesystem::path& caminho) const override;
+};
+
+} // namespace quilatador

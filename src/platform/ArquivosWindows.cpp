@@ -1,0 +1,79 @@
+#include "platform/ArquivosDoSistema.h"
+
+#include "platform/DiaLocal.h"
+#include "platform/FalhaDeArquivo.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <sys/stat.h>
+#include <sys/types.h>
+
+namespace quilatador {
+
+namespace {
+
+struct Fechador {
+    void operator()(std::FILE* arquivo) const noexcept { std::fclose(arquivo); }
+};
+using Canal = std::unique_ptr<std::FILE, Fechador>;
+
+/// Opens without a buffer: the callers read and write whole blocks.
+Canal abrir(const std::filesystem::path& caminho, const wchar_t* modo) {
+    if (!nomePossivel(caminho)) throw falhaDeArquivo(EINVAL);
+    std::error_code erro;
+    if (std::filesystem::is_directory(caminho, erro)) throw falhaDeArquivo(EISDIR);
+    Canal canal(_wfopen(caminho.c_str(), modo));
+    if (!canal) throw falhaDeArquivo(errno);
+    std::setvbuf(canal.get(), nullptr, _IONBF, 0);
+    return canal;
+}
+
+class EntradaWindows final : public ArquivoEntrada {
+  public:
+    explicit EntradaWindows(Canal canal) : canal_(std::move(canal)) {}
+
+    [[nodiscard]] std::size_t ler(std::span<char> destino) override {
+        const std::size_t lidos = std::fread(destino.data(), 1, destino.size(), canal_.get());
+        if (std::ferror(canal_.get())) throw falhaDeTransferencia(errno);
+        return lidos;
+    }
+
+  private:
+    Canal canal_;
+};
+
+class SaidaWindows final : public ArquivoSaida {
+  public:
+    explicit SaidaWindows(Canal canal) : canal_(std::move(canal)) {}
+
+    void escrever(VistaTexto bytes) override {
+        if (std::fwrite(bytes.data(), 1, bytes.size(), canal_.get()) != bytes.size()) throw falhaDeTransferencia(errno);
+    }
+
+    void fechar() override {
+        if (canal_ && std::fclose(canal_.release()) != 0) throw falhaDeTransferencia(errno);
+    }
+
+  private:
+    Canal canal_;
+};
+
+} // namespace
+
+ArquivosDoSistema::ArquivosDoSistema() = default; // this system ends no process for the size of a file
+
+std::unique_ptr<ArquivoEntrada> ArquivosDoSistema::abrirEntrada(const std::filesystem::path& caminho) {
+    return std::make_unique<EntradaWindows>(abrir(caminho, L"rbN"));
+}
+
+std::unique_ptr<ArquivoSaida> ArquivosDoSistema::criarSaida(const std::filesystem::path& caminho) {
+    return std::make_unique<SaidaWindows>(abrir(caminho, L"wbN"));
+}
+
+std::optional<Data> ArquivosDoSistema::modificadoEm(const std::filesystem::path& caminho) const {
+    struct _stat64 situacao {};
+    if (!nomePossivel(caminho) || _wstat64(caminho.c_str(), &situacao) != 0) return std::nullopt;
+    return diaLocal(situacao.st_mtime);
+}
+
+} // namespace quilatador

@@ -1,0 +1,37 @@
+#include "platform/Interrupcao.h"
+
+#include <atomic>
+#include <csignal>
+#include <cstdlib>
+
+namespace quilatador {
+
+namespace {
+
+constexpr int situacaoDeInterrompido = 130;
+
+/// The one thing that a signal handler can reach.
+std::atomic<bool> chegou = false;
+static_assert(std::atomic<bool>::is_always_lock_free, "a signal handler must not wait for a lock");
+
+extern "C" void aoChegar(int sinal) {
+    if (chegou.exchange(true)) std::_Exit(situacaoDeInterrompido);
+    std::signal(sinal, aoChegar); // some systems go back to the default after the first
+}
+
+} // namespace
+
+Interrupcao::Interrupcao()
+    : interrupcaoAnterior_(std::signal(SIGINT, aoChegar)), terminoAnterior_(std::signal(SIGTERM, aoChegar)) {}
+
+Interrupcao::~Interrupcao() {
+    std::signal(SIGINT, interrupcaoAnterior_);
+    std::signal(SIGTERM, terminoAnterior_);
+    chegou = false;
+}
+
+bool Interrupcao::pedida() const noexcept {
+    return chegou.load(std::memory_order_relaxed);
+}
+
+} // namespace quilatador

@@ -1,0 +1,74 @@
+#include "platform/LancadorDoSistema.h"
+
+#include <csignal>
+#include <fcntl.h>
+#include <spawn.h>
+#include <string>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace quilatador {
+
+namespace {
+
+/// What a started program gets: no terminal, and no signal meant for this one.
+class Condicoes {
+  public:
+    Condicoes() {
+        posix_spawn_file_actions_init(&arquivos_);
+        posix_spawn_file_actions_addopen(&arquivos_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+        posix_spawn_file_actions_addopen(&arquivos_, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+        posix_spawn_file_actions_adddup2(&arquivos_, STDOUT_FILENO, STDERR_FILENO);
+
+        sigset_t sinais;
+        sigemptyset(&sinais);
+        sigaddset(&sinais, SIGPIPE);
+        sigaddset(&sinais, SIGXFSZ);
+        posix_spawnattr_init(&atributos_);
+        posix_spawnattr_setsigdefault(&atributos_, &sinais);
+        posix_spawnattr_setpgroup(&atributos_, 0); // Ctrl-C on our terminal is not for it
+        posix_spawnattr_setflags(&atributos_, POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETPGROUP);
+    }
+    Condicoes(const Condicoes&) = delete;
+    Condicoes& operator=(const Condicoes&) = delete;
+    ~Condicoes() {
+        posix_spawnattr_destroy(&atributos_);
+        posix_spawn_file_actions_destroy(&arquivos_);
+    }
+
+    [[nodiscard]] const posix_spawn_file_actions_t* arquivos() const noexcept { return &arquivos_; }
+    [[nodiscard]] const posix_spawnattr_t* atributos() const noexcept { return &atributos_; }
+
+  private:
+    posix_spawn_file_actions_t arquivos_{};
+    posix_spawnattr_t atributos_{};
+};
+
+/// Hands a file to the desktop's opener, by argument vector: no shell sees the name.
+void abrir(const std::filesystem::path& caminho) {
+    std::string programa = "xdg-open";
+    std::error_code erro;
+    std::string arquivo = std::filesystem::absolute(caminho, erro); // so that "-x.log" is no option
+    if (erro) return;
+    char* const argumentos[] = {programa.data(), arquivo.data(), nullptr};
+    const Condicoes condicoes;
+    pid_t processo = 0;
+    if (posix_spawnp(&processo, programa.c_str(), condicoes.arquivos(), condicoes.atributos(), argumentos, environ) !=
+        0)
+        return;
+    // Somebody must wait for it, or its entry stays among the processes; the caller must not.
+    std::thread([processo] { ::waitpid(processo, nullptr, 0); }).detach();
+}
+
+} // namespace
+
+void LancadorDoSistema::abrirTexto(const std::filesystem::path& caminho) {
+    abrir(caminho); // a ".log" is a plain text for the desktop
+}
+
+void LancadorDoSistema::abrirDocumento(const std::filesystem::path& caminho) {
+    abrir(caminho);
+}
+
+} // namespace quilatador

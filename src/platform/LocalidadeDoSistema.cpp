@@ -1,0 +1,39 @@
+#include "platform/LocalidadeDoSistema.h"
+
+#include <optional>
+
+namespace quilatador {
+
+namespace {
+
+constexpr std::array<VistaTexto, 12> mesesBrasileiros{"janeiro",  "fevereiro", "março"_t,  "abril",
+                                                      "maio",     "junho",     "julho",    "agosto",
+                                                      "setembro", "outubro",   "novembro", "dezembro"};
+
+/// The text in the code page, or none where that lacks one of its characters. The narrow no-break space of some
+/// languages is the wide one there.
+std::optional<Texto> representavel(std::string utf8) {
+    constexpr std::string_view estreito = "\u202F";
+    for (auto posicao = utf8.find(estreito); posicao != utf8.npos; posicao = utf8.find(estreito))
+        utf8.replace(posicao, estreito.size(), "\u00A0");
+    Texto texto = textoDeUtf8(utf8);
+    if (texto.find('?') != texto.npos) return std::nullopt;
+    return texto;
+}
+
+} // namespace
+
+LocalidadeDoSistema::LocalidadeDoSistema(const TextosDoSistema& textos) {
+    const std::optional<Texto> milhar = representavel(textos.separadorDeMilhar);
+    const std::optional<Texto> decimal = representavel(textos.separadorDecimal);
+    if (milhar && decimal && !decimal->empty()) { // one from each language could make them equal
+        separadorDeMilhar_ = *milhar;
+        separadorDecimal_ = *decimal;
+    }
+    for (std::size_t i = 0; i < meses_.size(); ++i) {
+        meses_[i] = representavel(textos.meses[i]).value_or("");
+        if (meses_[i].empty()) meses_[i] = mesesBrasileiros[i];
+    }
+}
+
+} // namespace quilatador
