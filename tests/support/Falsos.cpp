@@ -1,0 +1,154 @@
+#include "support/Falsos.h"
+
+#include <array>
+
+namespace quilatador::testes {
+
+Texto LocalidadeFixa::nomeDoMes(unsigned mes) const {
+    static constexpr std::array<VistaTexto, 12> meses{"janeiro",  "fevereiro", "março"_t,  "abril",
+                                                      "maio",     "junho",     "julho",    "agosto",
+                                                      "setembro", "outubro",   "novembro", "dezembro"};
+    return Texto(meses.at(mes - 1));
+}
+
+void PainelFalso::rotulo(Rotulo qual, VistaTexto texto) {
+    static constexpr std::array<VistaTexto, 3> nomes{"Operacao", "Empresa", "Remessa"};
+    chamadas.push_back(junta("rotulo ", nomes.at(static_cast<std::size_t>(qual)), ": ", texto));
+    rotulos[qual] = Texto(texto);
+}
+
+void PainelFalso::iniciarProgresso(const Progresso& progresso) {
+    ++fase_;
+    anotar("iniciar", progresso);
+}
+
+void PainelFalso::avancar(const Progresso& progresso) {
+    anotar("avancar", progresso);
+    if (acao_ && quando_ == std::pair(fase_, progresso.registroAtual)) acao_();
+}
+
+void PainelFalso::concluirProgresso(const Progresso& progresso) {
+    anotar("concluir", progresso);
+}
+
+void PainelFalso::processarEventos() {
+    chamadas.emplace_back("eventos");
+}
+
+void PainelFalso::mensagem(const Mensagem& mensagem) {
+    chamadas.push_back(junta("mensagem [", mensagem.titulo, "] ", mensagem.texto));
+    mensagens.push_back(mensagem);
+}
+
+void PainelFalso::naLinha(std::int32_t linha, std::function<void()> acao, int fase) {
+    quando_ = {fase, linha};
+    acao_ = std::move(acao);
+}
+
+void PainelFalso::anotar(VistaTexto operacao, const Progresso& progresso) {
+    chamadas.push_back(junta(operacao, " ", std::to_string(progresso.registroAtual), "/",
+                             std::to_string(progresso.totalRegistros), " guias ", std::to_string(progresso.guias)));
+}
+
+/// Counts a file as open for as long as it lives, or until it is closed.
+class ArquivosEmMemoria::Aberto {
+  public:
+    explicit Aberto(ArquivosEmMemoria& dono) : dono_(&dono) { ++dono.abertos_; }
+    Aberto(const Aberto&) = delete;
+    Aberto& operator=(const Aberto&) = delete;
+    ~Aberto() { soltar(); }
+
+    [[nodiscard]] ArquivosEmMemoria& dono() const { return *dono_; }
+    void soltar() noexcept {
+        if (!solto_) --dono_->abertos_;
+        solto_ = true;
+    }
+
+  private:
+    ArquivosEmMemoria* dono_;
+    bool solto_ = false;
+};
+
+class ArquivosEmMemoria::Entrada final : public ArquivoEntrada {
+  public:
+    Entrada(ArquivosEmMemoria& dono, Texto bytes) : aberto_(dono), bytes_(std::move(bytes)) {}
+
+    [[nodiscard]] std::size_t ler(std::span<char> destino) override {
+        aberto_.dono().contar(Operacao::Ler);
+        const std::size_t lidos = bytes_.copy(destino.data(), destino.size(), posicao_);
+        posicao_ += lidos;
+        return lidos;
+    }
+
+  private:
+    Aberto aberto_;
+    Texto bytes_;
+    std::size_t posicao_ = 0;
+};
+
+class ArquivosEmMemoria::Saida final : public ArquivoSaida {
+  public:
+    Saida(ArquivosEmMemoria& dono, std::filesystem::path caminho) : aberto_(dono), caminho_(std::move(caminho)) {}
+
+    void escrever(VistaTexto bytes) override {
+        aberto_.dono().contar(Operacao::Escrever);
+        aberto_.dono().conteudo[caminho_].append(bytes);
+    }
+
+    void fechar() override {
+        aberto_.soltar(); // closed, whatever it reports
+        aberto_.dono().contar(Operacao::Fechar);
+    }
+
+  private:
+    Aberto aberto_;
+    std::filesystem::path caminho_;
+};
+
+std::unique_ptr<ArquivoEntrada> ArquivosEmMemoria::abrirEntrada(const std::filesystem::path& caminho) {
+    contar(Operacao::Abrir);
+    const auto achado = conteudo.find(caminho);
+    if (achado == conteudo.end())
+        throw Falha(numeroDeFalha::arquivoNaoEncontrado, "Gravacao", Texto("Arquivo não encontrado"_t));
+    return std::make_unique<Entrada>(*this, achado->second);
+}
+
+std::unique_ptr<ArquivoSaida> ArquivosEmMemoria::criarSaida(const std::filesystem::path& caminho) {
+    contar(Operacao::Criar);
+    conteudo[caminho].clear();
+    return std::make_unique<Saida>(*this, caminho);
+}
+
+bool ArquivosEmMemoria::existe(const std::filesystem::path& caminho) const {
+    return conteudo.contains(caminho);
+}
+
+std::uint64_t ArquivosEmMemoria::tamanho(const std::filesystem::path& caminho) const {
+    const auto achado = conteudo.find(caminho);
+    return achado == conteudo.end() ? 0 : achado->second.size();
+}
+
+bool ArquivosEmMemoria::mesmoArquivo(const std::filesystem::path& a, const std::filesystem::path& b) const {
+    return existe(a) && a == b;
+}
+
+std::optional<Data> ArquivosEmMemoria::modificadoEm(const std::filesystem::path& caminho) const {
+    const auto achada = datas.find(caminho);
+    return achada == datas.end() ? std::nullopt : std::optional(achada->second);
+}
+
+void ArquivosEmMemoria::falhar(Operacao operacao, int vez, Falha falha) {
+    falhas_.insert_or_assign({operacao, vez}, std::move(falha));
+}
+
+int ArquivosEmMemoria::vezes(Operacao operacao) const {
+    const auto achada = vezes_.find(operacao);
+    return achada == vezes_.end() ? 0 : achada->second;
+}
+
+void ArquivosEmMemoria::contar(Operacao operacao) {
+    const auto falha = falhas_.find({operacao, ++vezes_[operacao]});
+    if (falha != falhas_.end()) throw falha->second;
+}
+
+} // namespace quilatador::testes

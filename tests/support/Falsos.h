@@ -1,0 +1,144 @@
+#pragma once
+
+#include "common/Ambiente.h"
+#include "common/Falha.h"
+#include "common/Relator.h"
+
+#include <functional>
+#include <map>
+#include <utility>
+#include <vector>
+
+namespace quilatador::testes {
+
+/// Time that passes only when a test says so.
+class RelogioFixo final : public Relogio {
+  public:
+    explicit RelogioFixo(const Data& hoje = fazData(2026, 3, 10)) : hoje_(hoje) {}
+
+    [[nodiscard]] Data hoje() const override { return hoje_; }
+    [[nodiscard]] Instante agora() const override { return agora_; }
+
+    void mudarHoje(const Data& hoje) { hoje_ = hoje; }
+    void avancar(Instante tempo) { agora_ += tempo; }
+
+  private:
+    Data hoje_;
+    Instante agora_{};
+};
+
+/// The Brazilian language, unless a test gives other separators.
+class LocalidadeFixa final : public Localidade {
+  public:
+    explicit LocalidadeFixa(Texto milhar = ".", Texto decimal = ",")
+        : milhar_(std::move(milhar)), decimal_(std::move(decimal)) {}
+
+    [[nodiscard]] Texto separadorDeMilhar() const override { return milhar_; }
+    [[nodiscard]] Texto separadorDecimal() const override { return decimal_; }
+    [[nodiscard]] Texto nomeDoMes(unsigned mes) const override;
+
+  private:
+    Texto milhar_;
+    Texto decimal_;
+};
+
+/// Keeps what it was to show, and does at a given line what a user might do there.
+class PainelFalso final : public Painel {
+  public:
+    void rotulo(Rotulo qual, VistaTexto texto) override;
+    void iniciarProgresso(const Progresso& progresso) override;
+    void avancar(const Progresso& progresso) override;
+    void concluirProgresso(const Progresso& progresso) override;
+    void processarEventos() override;
+    void mensagem(const Mensagem& mensagem) override;
+    [[nodiscard]] std::optional<double> primeirasGuias() const override { return primeiras; }
+
+    /// Calls `acao` when record `linha` (1-based) of phase `fase` (1-based) is shown.
+    void naLinha(std::int32_t linha, std::function<void()> acao, int fase = 1);
+
+    /// One line a call, in order: "rotulo Empresa: ACME", "iniciar 0/10 guias 0", "avancar 3/10 guias 1",
+    /// "concluir 10/10 guias 2", "eventos", "mensagem [title] text".
+    std::vector<Texto> chamadas;
+    std::vector<Mensagem> mensagens;
+    std::map<Rotulo, Texto> rotulos; ///< as they stand
+    std::optional<double> primeiras; ///< answer of `primeirasGuias`
+
+  private:
+    void anotar(VistaTexto operacao, const Progresso& progresso);
+
+    int fase_ = 0;
+    std::pair<int, std::int32_t> quando_; ///< phase and line of the action
+    std::function<void()> acao_;
+};
+
+/// Opens nothing: keeps the paths, in order.
+class LancadorFalso final : public Lancador {
+  public:
+    void abrirTexto(const std::filesystem::path& caminho) override { textos.push_back(caminho); }
+    void abrirDocumento(const std::filesystem::path& caminho) override { documentos.push_back(caminho); }
+
+    std::vector<std::filesystem::path> textos;
+    std::vector<std::filesystem::path> documentos;
+};
+
+/// Files that are only in memory, by their path as given, and that fail when a test says so.
+class ArquivosEmMemoria final : public Arquivos {
+  public:
+    enum class Operacao { Abrir, Ler, Criar, Escrever, Fechar };
+
+    [[nodiscard]] std::unique_ptr<ArquivoEntrada> abrirEntrada(const std::filesystem::path& caminho) override;
+    [[nodiscard]] std::unique_ptr<ArquivoSaida> criarSaida(const std::filesystem::path& caminho) override;
+    [[nodiscard]] bool existe(const std::filesystem::path& caminho) const override;
+    [[nodiscard]] std::uint64_t tamanho(const std::filesystem::path& caminho) const override;
+    [[nodiscard]] bool mesmoArquivo(const std::filesystem::path& a, const std::filesystem::path& b) const override;
+    [[nodiscard]] std::optional<Data> modificadoEm(const std::filesystem::path& caminho) const override;
+
+    /// The `vez`-th operation of a kind (1-based, over all files) fails with `falha` in place of its effect.
+    void falhar(Operacao operacao, int vez, Falha falha);
+    /// How many operations of a kind there were: a loop over the faults ends past this one.
+    [[nodiscard]] int vezes(Operacao operacao) const;
+    /// Whether every file that was opened or created is closed again.
+    [[nodiscard]] bool tudoFechado() const noexcept { return abertos_ == 0; }
+
+    std::map<std::filesystem::path, Texto> conteudo;
+    std::map<std::filesystem::path, Data> datas; ///< of the last change, where a test needs one
+
+  private:
+    class Aberto;
+    class Entrada;
+    class Saida;
+
+    void contar(Operacao operacao);
+
+    std::map<Operacao, int> vezes_;
+    std::map<std::pair<Operacao, int>, Falha> falhas_;
+    int abertos_ = 0;
+};
+
+/// Keeps what a run tells: lines and findings each in their order, and its end.
+class RelatorMemoria final : public Relator {
+  public:
+    void linha(VistaTexto texto) override { linhas.emplace_back(texto); }
+    void achado(const Achado& novo) override { achados.push_back(novo); }
+    void resumo(const Resumo& final) override { resumos.push_back(final); }
+
+    std::vector<Texto> linhas;
+    std::vector<Achado> achados;
+    std::vector<Resumo> resumos;
+};
+
+/// A whole world of fakes. Its `ambiente` refers to the other members, so it is neither copied nor moved.
+struct MundoFalso {
+    MundoFalso() = default;
+    MundoFalso(const MundoFalso&) = delete;
+    MundoFalso& operator=(const MundoFalso&) = delete;
+
+    PainelFalso painel;
+    RelogioFixo relogio;
+    LocalidadeFixa localidade;
+    LancadorFalso lancador;
+    ArquivosEmMemoria arquivos;
+    Ambiente ambiente{painel, relogio, localidade, lancador, arquivos, "/programa"};
+};
+
+} // namespace quilatador::testes
