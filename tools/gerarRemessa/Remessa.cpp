@@ -1,0 +1,409 @@
+#include "gerarRemessa/Remessa.h"
+
+#include "common/DV.h"
+#include "gerarRemessa/CodigoDeBarras.h"
+#include "gerarRemessa/Ficcao.h"
+#include "gerarRemessa/PosicoesZUL702.h"
+#include "gerarRemessa/Sorteio.h"
+#include "gerarRemessa/Trocas.h"
+
+#include <algorithm>
+
+namespace quilatador::gerador {
+
+namespace {
+
+constexpr std::uint32_t guiasPadrao = 3;
+
+/// The optional records of the definition part, in the order in which a longer file gets them. Those that every file
+/// has are A B C D E F G K L and the trailer.
+constexpr VistaTexto definicoesOpcionais = "LLLGGKKHIJ";
+constexpr std::uint32_t definicoesExigidas = 10;
+/// A slip has S T U V W and Y at least; three more Y, then three X are optional.
+constexpr std::uint32_t menorGuia = 6;
+constexpr std::uint32_t maiorGuia = 12;
+constexpr std::uint32_t segmentosUnicos = 5;
+static_assert(definicoesExigidas + menorGuia == menorRemessa);
+static_assert(definicoesExigidas + definicoesOpcionais.size() + maximoDeGuias * maiorGuia <= maiorRemessa);
+
+struct OpcaoDePagamento {
+    char tipo;
+    std::uint32_t numero;
+    VistaTexto vencimento; ///< AAAAMMDD
+    VistaTexto denominacao;
+};
+constexpr std::array<OpcaoDePagamento, 4> opcoesDePagamento{{{'C', 0, "20990210", "COTA UNICA COM DESCONTO"},
+                                                             {'P', 1, "20990310", "PRIMEIRA PARCELA"},
+                                                             {'P', 2, "20990410", "SEGUNDA PARCELA"},
+                                                             {'P', 3, "20990510", "TERCEIRA PARCELA"}}};
+
+constexpr std::array<VistaTexto, 3> caracteristicas{"AREA DO TERRENO (M2)", "AREA CONSTRUIDA (M2)",
+                                                    "ANO DA CONSTRUCAO"};
+constexpr std::array<VistaTexto, 3> receitas{"IMPOSTO PREDIAL", "TAXA DE COLETA DE LIXO", "TAXA DE ILUMINACAO"};
+/// Rate of the first revenue, in hundredths of a per cent.
+constexpr std::uint64_t aliquota = 150;
+
+constexpr std::array camposValorRec{campo('U', "ValorRec1"), campo('U', "ValorRec2"), campo('U', "ValorRec3")};
+constexpr std::array camposCaract{campo('W', "Caract1"), campo('W', "Caract2"), campo('W', "Caract3")};
+constexpr std::array camposMensagem{campo('X', "Mensagem1"), campo('X', "Mensagem2"), campo('X', "Mensagem3")};
+constexpr std::array camposParte{campo('Y', "Parte1"), campo('Y', "Parte2"), campo('Y', "Parte3"),
+                                 campo('Y', "Parte4")};
+constexpr std::array camposDV{campo('Y', "DV1"), campo('Y', "DV2"), campo('Y', "DV3"), campo('Y', "DV4")};
+
+/// What the bank answers to every tenth record: one to three codes, known ones and one that no table has.
+constexpr std::array<VistaTexto, 7> respostas{"010000", "050000", "071220", "002000", "990000", "05    ", "202122"};
+
+VistaTexto ocorrencias(std::uint32_t sequencial) {
+    return sequencial % 10 == 0 ? respostas[sequencial / 10 % respostas.size()] : VistaTexto("000000");
+}
+
+class Remessa {
+  public:
+    Remessa(const Opcoes& opcoes, SaidaEmBlocos& saida);
+
+    std::uint64_t gerar();
+
+  private:
+    void definicoes();
+    void identificacao();
+    void convenio();
+    void recebimento();
+    void repetidos();
+
+    [[nodiscard]] std::uint32_t tamanhoDaGuia();
+    void guia(std::uint32_t tamanho);
+    void contribuinte();
+    std::uint64_t composicao();
+    void objeto();
+    void mensagens(std::uint32_t quantas);
+    void pagamento(const OpcaoDePagamento& opcao, std::uint64_t valor);
+    void barras(Linha& linha, const OpcaoDePagamento& opcao, std::uint64_t valor);
+
+    /// The line of a record type, as its last record left it.
+    [[nodiscard]] Linha& linha(char segmento) { return linhas_[static_cast<std::size_t>(segmento - 'A')]; }
+    void escrever(char segmento, std::uint64_t idRegistro = 0);
+    void comecarTrocas();
+    [[nodiscard]] Linha comTrocas(char segmento);
+    [[nodiscard]] std::uint32_t quantos(char segmento) const;
+
+    Opcoes opcoes_;
+    SaidaEmBlocos& saida_;
+    Sorteio sorteio_;
+    VistaTexto opcionais_ = definicoesOpcionais;
+    std::uint32_t guiasAFazer_ = 0;     ///< where the number of slips was asked for
+    std::uint32_t registrosAFazer_ = 0; ///< of slips, where the number of records was asked for
+
+    std::array<Linha, 26> linhas_;
+    std::uint32_t sequencial_ = 0;
+    std::uint32_t guia_ = 0;
+    std::uint32_t numeroDoConvenio_;
+    int moeda_;
+    std::array<char, 4> empresa_;
+    bool trocando_ = false;
+    std::array<std::uint32_t, 26> ordem_{};
+};
+
+Remessa::Remessa(const Opcoes& opcoes, SaidaEmBlocos& saida)
+    : opcoes_(opcoes)
+    , saida_(saida)
+    , sorteio_(opcoes.semente)
+    , numeroDoConvenio_(sorteio_.entre(100'000, 999'999))
+    , moeda_(static_cast<int>(sorteio_.entre(6, 9))) {
+    escreverDigitos(empresa_, sorteio_.entre(1, 9999));
+    if (opcoes.registros) {
+        const std::uint32_t folga = *opcoes.registros - menorRemessa;
+        opcionais_ = definicoesOpcionais.substr(0, folga);
+        registrosAFazer_ = *opcoes.registros - definicoesExigidas - static_cast<std::uint32_t>(opcionais_.size());
+    } else {
+        guiasAFazer_ = opcoes.guias.value_or(guiasPadrao);
+    }
+    for (char segmento = 'A'; segmento <= 'Z'; ++segmento) {
+        linha(segmento).texto(campo("TipoReg"), {VistaTexto(&segmento, 1)});
+        linha(segmento).numero(campo("Convenio"), numeroDoConvenio_);
+    }
+    for (const Campo& proprio : camposProprios) // most revenues of a slip stay at zero
+        if (proprio.segmento == 'U') linha('U').numero(proprio, 0);
+}
+
+std::uint64_t Remessa::gerar() {
+    definicoes();
+    while (const std::uint32_t tamanho = tamanhoDaGuia())
+        guia(tamanho);
+    linha('Z').numero(campo('Z', "TotalRegistros"), sequencial_ + 1u);
+    escrever('Z');
+    return sequencial_;
+}
+
+void Remessa::definicoes() {
+    comecarTrocas();
+    identificacao();
+    convenio();
+    recebimento();
+    repetidos();
+    trocando_ = false;
+}
+
+void Remessa::identificacao() {
+    const Texto raiz = comZeros(sorteio_.entre(10'000'000, 99'999'999), 8) + "0001";
+    const Texto digitos = DV::CalcularCNPJ(raiz);
+
+    Linha& a = linha('A');
+    a.texto(campo('A', "NomeArquivo"), {opcoes_.tipo == Tipo::ZUL708 ? "ZUL708" : "ZUL702"});
+    a.texto(campo('A', "VersaoLayout"), {"1.00.01"});
+    a.texto(campo('A', "DataGeracao"), {"20260701"});
+    a.numero(campo('A', "NroRemessa"), sorteio_.entre(1, 999'999));
+    a.texto(campo('A', "CNPJ"), {raiz, digitos});
+    a.texto(campo('A', "IdProduto"), {"8"});
+    a.texto(campo('A', "TipoRemessa"), {"1"});
+    a.texto(campo('A', "TipoForm"), {"3"});
+    a.texto(campo('A', "IndPostagem"), {"S"});
+    escrever('A');
+
+    Linha& b = linha('B');
+    b.texto(campo('B', "CNPJ"), {raiz, digitos});
+    b.texto(campo('B', "Nome"), {"PREFEITURA MUNICIPAL DE ", ficcao::cidade});
+    b.texto(campo('B', "Endereco"), {"PRACA DO PACO MUNICIPAL, 1"});
+    b.texto(campo('B', "Bairro"), {"CENTRO"});
+    b.texto(campo('B', "Cidade"), {ficcao::cidade});
+    b.texto(campo('B', "UF"), {ficcao::uf});
+    b.numero(campo('B', "CEP"), 13'999'000);
+    escrever('B');
+}
+
+void Remessa::convenio() {
+    Linha& c = linha('C');
+    c.numero(campo('C', "SegFebraban"), 1);
+    c.texto(campo('C', "IDFebraban"), {"0000", VistaTexto(empresa_.data(), empresa_.size())});
+    c.numero(campo('C', "Moeda"), static_cast<std::uint64_t>(moeda_));
+    c.numero(campo('C', "Decimais"), 2);
+    c.texto(campo('C', "FormatoData"), {"4"}); // AAAAMMDD
+    c.texto(campo('C', "indAposReceb"), {"N"});
+    c.numero(campo('C', "idServico"), 1);
+    c.texto(campo('C', "Finalidade"), {"ARRECADACAO DE TRIBUTOS MUNICIPAIS"});
+    escrever('C');
+}
+
+void Remessa::recebimento() {
+    Linha& d = linha('D');
+    d.texto(campo('D', "Denominacao"), {"CONTRIBUINTE"});
+    d.texto(campo('D', "SiglaID"), {"CPF"});
+    d.texto(campo('D', "Significado"), {"CADASTRO DE PESSOAS FISICAS"});
+    d.texto(campo('D', "TipoID"), {"N"});
+    d.numero(campo('D', "TamanhoID"), 11);
+    d.texto(campo('D', "Transmitente"), {"SECRETARIA DE FINANCAS"});
+    escrever('D');
+
+    Linha& e = linha('E');
+    e.texto(campo('E', "Nome"), {"IMPOSTO PREDIAL E TERRITORIAL URBANO"});
+    e.texto(campo('E', "Sigla"), {"IPTU"});
+    e.texto(campo('E', "UnidadeConv"), {"REAL"});
+    e.texto(campo('E', "DenExercicio"), {"EXERCICIO"});
+    e.texto(campo('E', "Exercicio"), {"2099"});
+    e.texto(campo('E', "TitComposicao"), {"COMPOSICAO DO VALOR"});
+    e.texto(campo('E', "DenSequencial"), {"NUMERO DA GUIA"});
+    e.numero(campo('E', "NroOpcoes"), quantos('L'));
+    e.numero(campo('E', "Parcelamento"), quantos('L') - 1);
+    e.texto(campo('E', "FormaCalculo"), {"A"});
+    e.texto(campo('E', "Checar data"), {"S"});
+    e.texto(campo('E', "Checar valor"), {"S"});
+    escrever('E');
+
+    Linha& f = linha('F');
+    f.texto(campo('F', "Denominacao"), {"IMOVEL"});
+    f.texto(campo('F', "SiglaID"), {"INSCRICAO"});
+    f.texto(campo('F', "SignificadoID"), {"INSCRICAO IMOBILIARIA"});
+    f.texto(campo('F', "TipoID"), {"N"});
+    f.numero(campo('F', "TamanhoID"), 12);
+    f.texto(campo('F', "TituloCaract"), {"CARACTERISTICAS DO IMOVEL"});
+    escrever('F');
+}
+
+void Remessa::repetidos() {
+    for (std::uint32_t i = 1; i <= quantos('G'); ++i) {
+        linha('G').numero(campo('G', "Codigo"), i);
+        linha('G').texto(campo('G', "Denominacao"), {caracteristicas[i - 1]});
+        escrever('G', i);
+    }
+    linha('H').texto(campo('H', "Texto"), {"PAGAVEL EM QUALQUER AGENCIA ATE O VENCIMENTO"});
+    linha('I').texto(campo('I', "Texto"), {"INFORMACOES AO CONTRIBUINTE"});
+    linha('J').texto(campo('J', "Texto"), {"GUIA EMITIDA POR PROCESSAMENTO ELETRONICO"});
+    for (const char segmento : {'H', 'I', 'J'})
+        if (quantos(segmento) > 1) escrever(segmento, 1);
+    for (std::uint32_t i = 1; i <= quantos('K'); ++i) {
+        linha('K').numero(campo('K', "Numero"), i);
+        linha('K').texto(campo('K', "Denominacao"), {receitas[i - 1]});
+        escrever('K', i);
+    }
+    for (std::uint32_t i = 1; i <= quantos('L'); ++i) {
+        const OpcaoDePagamento& opcao = opcoesDePagamento[i - 1];
+        linha('L').texto(campo('L', "TipoPag"), {VistaTexto(&opcao.tipo, 1)});
+        linha('L').numero(campo('L', "NroPag"), opcao.numero);
+        linha('L').texto(campo('L', "DataVenc"), {opcao.vencimento});
+        linha('L').texto(campo('L', "Denominacao"), {opcao.denominacao});
+        escrever('L', i);
+    }
+}
+
+/// Records of the next slip; 0 when there is none to come, and the last slip takes its faults.
+std::uint32_t Remessa::tamanhoDaGuia() {
+    std::uint32_t tamanho = 0;
+    if (guiasAFazer_ > 0) {
+        tamanho = sorteio_.entre(maiorGuia - 2, maiorGuia);
+        if (--guiasAFazer_ == 0) comecarTrocas();
+    } else if (registrosAFazer_ > 0) {
+        // What is left over must never be less than the smallest slip.
+        tamanho = registrosAFazer_ <= maiorGuia       ? registrosAFazer_
+                  : registrosAFazer_ <= 2 * maiorGuia ? registrosAFazer_ / 2
+                                                      : sorteio_.entre(maiorGuia - 2, maiorGuia);
+        registrosAFazer_ -= tamanho;
+        if (registrosAFazer_ == 0) comecarTrocas();
+    }
+    return tamanho;
+}
+
+void Remessa::guia(std::uint32_t tamanho) {
+    const auto pagamentos = std::min(tamanho - segmentosUnicos, static_cast<std::uint32_t>(opcoesDePagamento.size()));
+    ++guia_;
+    const std::uint64_t total = composicao();
+
+    Linha& s = linha('S');
+    s.numero(campo('S', "IdGuia"), guia_);
+    s.texto(campo('S', "DataEmissao"), {"20260701"});
+    s.texto(campo('S', "DataValidade"), {"20991231"});
+    s.numero(campo('S', "ValorTotal"), total);
+    s.numero(campo('S', "nroOpcoesPag"), pagamentos);
+    s.numero(campo('S', "Parcelamento"), pagamentos - 1);
+    s.texto(campo('S', "indEndereco"), {sorteio_.abaixoDe(4) == 0 ? "O" : "C"});
+    escrever('S');
+    contribuinte();
+    escrever('U');
+    objeto();
+    mensagens(tamanho - segmentosUnicos - pagamentos);
+
+    const std::uint64_t parcelas = std::max(pagamentos - 1, 1u);
+    for (std::uint32_t i = 0; i < pagamentos; ++i) {
+        // Installments are equal but for the first, which takes what the division leaves.
+        const std::uint64_t parcela = total / parcelas + (i == 1 ? total % parcelas : 0);
+        pagamento(opcoesDePagamento[i], i == 0 ? total : parcela);
+        escrever('Y', i + 1);
+    }
+}
+
+void Remessa::contribuinte() {
+    Texto cpf = comZeros(sorteio_.abaixoDe(1'000'000'000), 9);
+    const Texto digitos = DV::CalcularCPF(cpf);
+    Linha& t = linha('T');
+    t.texto(campo('T', "Identificacao"), {VistaTexto(cpf).substr(0, 9), digitos});
+    t.texto(campo('T', "Nome"), {sorteio_.umDe(ficcao::nomes), " ", sorteio_.umDe(ficcao::sobrenomes), " ",
+                                 sorteio_.umDe(ficcao::sobrenomes)});
+    t.texto(campo('T', "Endereco"), {sorteio_.umDe(ficcao::ruas), ", ", comZeros(sorteio_.entre(1, 2000), 1)});
+    t.texto(campo('T', "Cidade"), {ficcao::cidade});
+    t.texto(campo('T', "UF"), {ficcao::uf});
+    t.numero(campo('T', "CEP"), sorteio_.entre(13'999'000, 13'999'999));
+    escrever('T');
+}
+
+/// Fills the record U and gives back its total, in cents.
+std::uint64_t Remessa::composicao() {
+    const std::uint64_t valorVenal = sorteio_.entre(2'000'000, 90'000'000);
+    std::uint64_t total = valorVenal * aliquota / 10'000;
+    linha('U').numero(camposValorRec[0], valorVenal);
+    linha('U').numero(campo('U', "Aliquota1"), aliquota);
+    for (std::uint32_t i = 1; i < camposValorRec.size(); ++i) {
+        const std::uint64_t taxa = i < quantos('K') ? sorteio_.entre(1'000, 50'000) : 0;
+        linha('U').numero(camposValorRec[i], taxa);
+        total += taxa;
+    }
+    return total;
+}
+
+void Remessa::objeto() {
+    Linha& v = linha('V');
+    v.texto(campo('V', "Identificacao"), {comZeros(guia_ * 1'000LL + sorteio_.abaixoDe(1'000), 12)});
+    v.texto(campo('V', "Descricao"), {sorteio_.umDe(ficcao::descricoes)});
+    v.texto(campo('V', "Endereco"), {sorteio_.umDe(ficcao::ruas), ", ", comZeros(sorteio_.entre(1, 2000), 1)});
+    v.texto(campo('V', "Cidade"), {ficcao::cidade});
+    v.texto(campo('V', "UF"), {ficcao::uf});
+    v.numero(campo('V', "CEP"), sorteio_.entre(13'999'000, 13'999'999));
+    escrever('V');
+
+    const std::uint32_t terreno = sorteio_.entre(125, 2'000);
+    const std::array<std::uint32_t, 3> conteudos{terreno, terreno / sorteio_.entre(1, 4), sorteio_.entre(1950, 2025)};
+    for (std::uint32_t i = 0; i < quantos('G'); ++i)
+        linha('W').texto(camposCaract[i], {comZeros(conteudos[i], 1)});
+    escrever('W');
+}
+
+void Remessa::mensagens(std::uint32_t quantas) {
+    for (std::uint32_t i = 0; i < quantas; ++i) {
+        for (std::uint32_t j = 0; j < camposMensagem.size(); ++j)
+            linha('X').texto(camposMensagem[j], {ficcao::mensagens[(i + j) % ficcao::mensagens.size()]});
+        escrever('X', i + 1);
+    }
+}
+
+void Remessa::pagamento(const OpcaoDePagamento& opcao, std::uint64_t valor) {
+    Linha& y = linha('Y');
+    y.texto(campo('Y', "TipoPag"), {VistaTexto(&opcao.tipo, 1)});
+    y.numero(campo('Y', "NroPag"), opcao.numero);
+    y.texto(campo('Y', "DataVenc"), {opcao.vencimento});
+    y.numero(campo('Y', "ValorPag"), valor);
+    barras(y, opcao, valor);
+}
+
+/// The barcode: the company's own part is due date (from position 20), agreement, slip and number of the payment.
+void Remessa::barras(Linha& linha, const OpcaoDePagamento& opcao, std::uint64_t valor) {
+    std::array<char, 25> campoLivre;
+    const std::span livre(campoLivre);
+    std::ranges::copy(opcao.vencimento, campoLivre.begin());
+    escreverDigitos(livre.subspan<8, 6>(), numeroDoConvenio_);
+    escreverDigitos(livre.subspan<14, 9>(), guia_);
+    escreverDigitos(livre.subspan<23, 2>(), opcao.numero);
+
+    const CodigoDeBarras codigo = fazerCodigoDeBarras({.segmento = '1',
+                                                       .moeda = moeda_,
+                                                       .valor = valor,
+                                                       .empresa = {empresa_.data(), empresa_.size()},
+                                                       .campoLivre = {campoLivre.data(), campoLivre.size()}});
+    for (std::size_t i = 0; i < camposParte.size(); ++i) {
+        const VistaTexto parte(codigo.data() + i * 11, 11);
+        const char digito = digitoVerificador(parte, moeda_);
+        linha.texto(camposParte[i], {parte});
+        linha.texto(camposDV[i], {VistaTexto(&digito, 1)});
+    }
+}
+
+void Remessa::escrever(char segmento, std::uint64_t idRegistro) {
+    Linha& pronta = linha(segmento);
+    pronta.numero(campo("IDRegistro"), idRegistro);
+    pronta.numero(campo("Sequencial"), ++sequencial_);
+    if (opcoes_.tipo == Tipo::ZUL708) pronta.texto(campo("Ocorrencias"), {ocorrencias(sequencial_)});
+    saida_.acrescentar(trocando_ ? comTrocas(segmento).bytes() : pronta.bytes());
+}
+
+/// From here on records take their faults, counted anew within each type.
+void Remessa::comecarTrocas() {
+    trocando_ = opcoes_.falhas;
+    ordem_.fill(0);
+}
+
+Linha Remessa::comTrocas(char segmento) {
+    Linha trocada = linha(segmento);
+    const std::uint32_t ordem = ++ordem_[static_cast<std::size_t>(segmento - 'A')];
+    for (const Troca& troca : trocas)
+        if (troca.campo.segmento == segmento && troca.ordem == ordem) trocada.texto(troca.campo, {troca.conteudo});
+    return trocada;
+}
+
+/// How many records of a repeatable type the definitions have: one, and the optional ones.
+std::uint32_t Remessa::quantos(char segmento) const {
+    return 1 + static_cast<std::uint32_t>(std::ranges::count(opcionais_, segmento));
+}
+
+} // namespace
+
+std::uint64_t gerarRemessa(const Opcoes& opcoes, SaidaEmBlocos& saida) {
+    return Remessa(opcoes, saida).gerar();
+}
+
+} // namespace quilatador::gerador

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "common/Texto.h"
+
+#include <ostream>
+
+namespace quilatador::gerador {
+
+/// Gathers lines and writes them in large blocks, so that memory does not grow with the file.
+class SaidaEmBlocos {
+  public:
+    explicit SaidaEmBlocos(std::ostream& destino);
+
+    void acrescentar(VistaTexto bytes) {
+        if (bloco_.size() + bytes.size() > tamanhoDoBloco) descarregar();
+        bloco_.append(bytes);
+    }
+    /// Writes what is still held. `Falha` 57 where the stream fails, here or while lines are added.
+    void descarregar();
+
+  private:
+    static constexpr std::size_t tamanhoDoBloco = 256 * 1024;
+
+    std::ostream& destino_;
+    Texto bloco_;
+};
+
+} // namespace quilatador::gerador

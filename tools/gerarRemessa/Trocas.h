@@ -1,0 +1,40 @@
+#pragma once
+
+#include "gerarRemessa/PosicoesZUL702.h"
+
+namespace quilatador::gerador {
+
+/// A field that is overwritten to make a remittance faulty.
+struct Troca {
+    std::uint32_t ordem; ///< which record of its type, from 1; of the last slip where the type belongs to slips
+    Campo campo;
+    VistaTexto conteudo;
+};
+
+/// One fault a line. None of them breaks the order of the records, which would hide all the others.
+inline constexpr Troca trocas[] = {
+    {1, campo('A', "TipoForm"), "9"},
+    {1, campo('A', "IndPostagem"), "X"},
+    {1, campo('A', "CNPJ"), "11222333000100"}, // wrong digits, and not the CNPJ of B
+    {1, campo('B', "Bairro"), ""},
+    {1, campo('C', "Decimais"), "9"},
+    {1, campo('C', "indAposReceb"), "s"},
+    {1, campo('D', "TipoID"), "X"},
+    {1, campo('D', "TamanhoID"), "18"},
+    {1, campo('E', "Sigla"), ""},
+    {2, campo('G', "Codigo"), "01"}, // said before, so that the second characteristic is missing as well
+    {3, campo('K', "Denominacao"), ""},
+    {2, campo('L', "DataVenc"), "20200310"},
+    {4, campo('L', "TipoPag"), "X"},
+    {1, campo('S', "IdGuia"), "000000000000000"},
+    {1, campo('S', "indEndereco"), "X"},
+    {1, campo('T', "Nome"), "JOSÉ DA CONCEIÇÃO"_t},
+    {1, campo('U', "ValorRec9"), "0000000100000"},
+    {1, campo('W', "Caract9"), "SEM DEFINICAO"},
+    {1, campo('Y', "NroPag"), "05"},
+    {2, campo('Y', "DataVenc"), "20200310"},
+    {3, campo('Y', "Parte1"), "81A00000000"},
+    {4, campo('Y', "ValorPag"), "000000000000001"},
+};
+
+} // namespace quilatador::gerador
