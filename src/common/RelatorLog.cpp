@@ -1,7 +1,5 @@
 #include "common/RelatorLog.h"
 
-#include "common/Falha.h"
-
 namespace quilatador {
 
 namespace {
@@ -32,20 +30,36 @@ void RelatorLog::resumo(const Resumo&) {} // the run's own plain lines are the l
 void RelatorLog::bytes(VistaTexto bytes) {
     if (pendente_.size() + bytes.size() > bloco) esvaziar();
     if (bytes.size() >= bloco) {
-        arquivo_->escrever(bytes);
+        gravar([&] { arquivo_->escrever(bytes); });
     } else {
         pendente_.append(bytes);
     }
 }
 
+template <typename Operacao>
+void RelatorLog::gravar(Operacao operacao) {
+    try {
+        operacao();
+    } catch (const Falha& falha) {
+        throw FalhaDoLog(falha.numero(), "RelatorLog", falha.descricao());
+    }
+}
+
 void RelatorLog::esvaziar() {
-    if (!pendente_.empty()) arquivo_->escrever(pendente_);
+    if (!pendente_.empty()) gravar([&] { arquivo_->escrever(pendente_); });
     pendente_.clear();
 }
 
 void RelatorLog::fechar() {
     esvaziar();
-    arquivo_->fechar();
+    gravar([&] { arquivo_->fechar(); });
+}
+
+void avisarFalhaDoLog(Painel& painel, const std::filesystem::path& log, const FalhaDoLog& falha, VistaTexto titulo) {
+    painel.mensagem({.texto = junta("Erro na gravação do arquivo de log: "_t, textoDoCaminho(log), " (",
+                                    falha.descricao(), ")"),
+                     .titulo = Texto(titulo),
+                     .icone = Mensagem::Icone::Exclamacao});
 }
 
 std::unique_ptr<RelatorLog> criarLog(Ambiente& ambiente, const std::filesystem::path& analisado,

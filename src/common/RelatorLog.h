@@ -1,6 +1,7 @@
 #pragma once
 
 #include "common/Ambiente.h"
+#include "common/Falha.h"
 #include "common/Relator.h"
 
 #include <filesystem>
@@ -8,8 +9,14 @@
 
 namespace quilatador {
 
+/// The log could not be written: nothing can be said there, so the user is told in another way.
+class FalhaDoLog : public Falha {
+    using Falha::Falha;
+};
+
 /// The log file: Windows-1252, each line ended by CR LF whatever the platform, written in large blocks. A failed
-/// write raises `Falha` at the line that filled the block, or at `fechar`; what is destroyed unclosed reports nothing.
+/// write raises `FalhaDoLog` at the line that filled the block, or at `fechar`; what is destroyed unclosed reports
+/// nothing.
 class RelatorLog : public Relator {
   public:
     explicit RelatorLog(std::unique_ptr<ArquivoSaida> arquivo);
@@ -26,6 +33,8 @@ class RelatorLog : public Relator {
 
   private:
     void esvaziar();
+    template <typename Operacao>
+    void gravar(Operacao operacao);
 
     std::unique_ptr<ArquivoSaida> arquivo_;
     Texto pendente_;
@@ -35,5 +44,8 @@ class RelatorLog : public Relator {
 /// the analysed file itself (also through a link).
 [[nodiscard]] std::unique_ptr<RelatorLog> criarLog(Ambiente& ambiente, const std::filesystem::path& analisado,
                                                    const std::filesystem::path& log, VistaTexto titulo);
+
+/// Tells the user that the log could not be written to its end.
+void avisarFalhaDoLog(Painel& painel, const std::filesystem::path& log, const FalhaDoLog& falha, VistaTexto titulo);
 
 } // namespace quilatador

@@ -91,7 +91,8 @@ RegistroRemessa& ArquivoRemessa::lerRegistro(bool lerCampos) {
     const auto tipo = reconhecer(*linha);
     if (!tipo) throw Falha(numeroDeFalha::geral, "ArquivoRemessa", Texto("Tipo de registro não identificado!"_t));
     tipoEmMaos_ = *tipo;
-    if (emMaos_ != tipos_[*tipo] || criarCopias_) emMaos_ = criarRegistro(tipos_[*tipo]->nome());
+    if (criarCopias_) copiaEmMaos_ = criarRegistro(tipos_[*tipo]->nome());
+    emMaos_ = criarCopias_ ? copiaEmMaos_.get() : tipos_[*tipo].get();
     try {
         if (lerCampos)
             emMaos_->lerLinha(*linha);
@@ -105,6 +106,7 @@ RegistroRemessa& ArquivoRemessa::lerRegistro(bool lerCampos) {
 
 RegistroRemessa& ArquivoRemessa::semRegistro() {
     vazio_ = RegistroRemessa();
+    emMaos_ = &vazio_;
     return vazio_;
 }
 

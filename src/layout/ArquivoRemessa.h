@@ -17,6 +17,8 @@ namespace quilatador {
 class ArquivoRemessa {
   public:
     explicit ArquivoRemessa(Arquivos& arquivos);
+    ArquivoRemessa(const ArquivoRemessa&) = delete;
+    ArquivoRemessa& operator=(const ArquivoRemessa&) = delete;
 
     /// Whether `criarRegistro` and `lerRegistro` hand out copies of the record types (the default) or the record types
     /// themselves, in which case every line of one type is read into the same object.
@@ -48,6 +50,8 @@ class ArquivoRemessa {
     /// name and line where the line is empty (it is not counted) or the file has ended. `Falha` 1: "Tipo de registro
     /// não identificado!", or with "Linha: " and the count in front for a line that cannot be read.
     [[nodiscard]] RegistroRemessa& lerRegistro(bool lerCampos);
+    /// That record again; before the first call one without name and line.
+    [[nodiscard]] const RegistroRemessa& registroEmMaos() const noexcept { return *emMaos_; }
     /// The record type, as its place in `tiposRegistros` (0-based), of the record that `lerRegistro` gave last.
     [[nodiscard]] std::size_t tipoEmMaos() const noexcept { return tipoEmMaos_; }
 
@@ -86,8 +90,9 @@ class ArquivoRemessa {
 
     std::optional<LeitorDeLinhas> leitor_;
     std::unique_ptr<ArquivoSaida> saida_;
-    std::shared_ptr<RegistroRemessa> emMaos_;
     RegistroRemessa vazio_;
+    std::shared_ptr<RegistroRemessa> copiaEmMaos_;
+    RegistroRemessa* emMaos_ = &vazio_;
     std::size_t tipoEmMaos_ = 0;
 };
 

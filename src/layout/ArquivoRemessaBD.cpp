@@ -59,15 +59,14 @@ Elemento exigirElemento(pugi::xml_node no, VistaTexto onde) {
     return {no, junta(onde, " \"", textoDeUtf8(no.attribute("Nome").value()), "\"")};
 }
 
-CampoRemessa lerCampo(const Elemento& elemento) {
-    constexpr double maiorTamanho = std::numeric_limits<std::int16_t>::max();
+CampoRemessa lerCampo(const Elemento& elemento, std::int16_t tamanhoDoRegistro) {
     constexpr double maiorOcteto = std::numeric_limits<std::uint8_t>::max();
     CampoRemessa campo;
     campo.nome(elemento.texto("Nome"));
     campo.natureza(elemento.texto("Tipo"));
     if (elemento.no.attribute("Alinhamento"))
         campo.alinhamento(static_cast<std::uint8_t>(elemento.numero("Alinhamento", 0, maiorOcteto, true)));
-    campo.Tamanho(static_cast<std::int16_t>(elemento.numero("Tamanho", 1, maiorTamanho)));
+    campo.Tamanho(static_cast<std::int16_t>(elemento.numero("Tamanho", 1, tamanhoDoRegistro)));
     campo.formato(elemento.texto("Formato"));
     campo.numeroDecimais(static_cast<std::uint8_t>(elemento.numero("Decimais", 0, maiorOcteto)));
     const pugi::xml_attribute valor = elemento.no.attribute("Valor");
@@ -84,17 +83,12 @@ std::shared_ptr<RegistroRemessa> lerTipo(const Elemento& elemento) {
     for (const pugi::xml_node no : elemento.no.children()) {
         const Elemento campo = exigirElemento(no, junta(elemento.onde, ", Campo"));
         try {
-            registro->add(lerCampo(campo));
+            registro->add(lerCampo(campo, registro->Tamanho()));
         } catch (const Falha& falha) {
             if (falha.fonte() == "ArquivoRemessaBD") throw;
             throw falhaDoLeiaute(junta(campo.onde, ": ", falha.descricao()));
         }
     }
-    if (!registro->indiceDoCampo(registro->identificador()))
-        throw falhaDoLeiaute(
-            junta(elemento.onde, ": o campo identificador \"", registro->identificador(), "\" não existe"_t));
-    if (registro->tamanhoAtual() > registro->Tamanho())
-        throw falhaDoLeiaute(junta(elemento.onde, ": os campos passam do tamanho do registro"));
     return registro;
 }
 

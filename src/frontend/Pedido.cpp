@@ -1,0 +1,41 @@
+#include "frontend/Pedido.h"
+
+#include "common/Falha.h"
+#include "common/Numero.h"
+#include "layout/LeitorDeLinhas.h"
+
+namespace quilatador {
+
+namespace {
+constexpr int tamanhoDaBarra = 44;
+constexpr int inicioDoCampoLivre = 20;
+constexpr int maiorPosicao = 41;
+} // namespace
+
+std::optional<Texto> recusaDaPosicao(double posicao) {
+    if (posicao >= inicioDoCampoLivre && posicao <= maiorPosicao) return std::nullopt;
+    return Texto("Posição da data no código de barras deve estar entre 20 e 41 (limites do campo livre)!"_t);
+}
+
+std::optional<Texto> recusaDoFormato(double posicao, VistaTexto formato) {
+    const auto tamanho = static_cast<int>(formato.size());
+    if (posicao + tamanho <= tamanhoDaBarra) return std::nullopt;
+    return junta("Posição da data no código de barras para este formato não pode ser maior que "_t,
+                 std::to_string(tamanhoDaBarra - tamanho));
+}
+
+std::optional<TipoArquivo> reconhecerTipo(const std::filesystem::path& arquivo, Arquivos& arquivos) {
+    try {
+        LeitorDeLinhas leitor(arquivos.abrirEntrada(arquivo));
+        const VistaTexto linha = leitor.proxima().value_or(VistaTexto());
+        const VistaTexto nome = trecho(linha, 12, 6);
+        if (nome == "ZUL702") return TipoArquivo::ZUL702;
+        if (nome == "ZUL708") return TipoArquivo::ZUL708;
+        if (linha.starts_with("A2")) return TipoArquivo::TAV001;
+    } catch (const Falha&) {
+        return std::nullopt; // the analysis that follows says what is wrong with the file
+    }
+    return std::nullopt;
+}
+
+} // namespace quilatador

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "common/Arquivos.h"
+#include "common/Texto.h"
+
+#include <filesystem>
+#include <optional>
+
+namespace quilatador {
+
+enum class TipoArquivo {
+    ZUL702, ///< remittance for printing
+    ZUL708, ///< return of that remittance
+    TAV001  ///< settlement return
+};
+
+/// Formats of the due date in the barcode that are offered; the user may give another.
+inline constexpr VistaTexto formatosOferecidos[] = {"AAAAMMDD", "AAMMDD", "DDMMAAAA", "DDMMAA", "DDDA", "AADDD"};
+inline constexpr VistaTexto formatoInicial = "ADDD";
+inline constexpr VistaTexto posicaoInicial = "20";
+inline constexpr VistaTexto numeroDeGuiasInicial = "50";
+
+/// One analysis as the user asks for it. Which slips to check is not part of it: the run asks the display.
+struct Pedido {
+    TipoArquivo tipoArquivo = TipoArquivo::ZUL702;
+    std::filesystem::path nomeArquivo; ///< taken unchanged; the analysers report a missing file
+    bool comData = false;              ///< the slips' barcodes carry a due date
+    Texto FormatoDataBarra = Texto(formatoInicial);
+    double PosicaoDataBarra = 20;                     ///< 1-based position of that date
+    std::optional<std::filesystem::path> nomeArquivoLog; ///< in place of the usual log beside the file
+};
+
+/// Why a position is no place for a date in the barcode: outside its free field, 20 to 41. None where it is one.
+[[nodiscard]] std::optional<Texto> recusaDaPosicao(double posicao);
+/// Why a date of this format cannot start there: it would pass position 43. None where it can.
+[[nodiscard]] std::optional<Texto> recusaDoFormato(double posicao, VistaTexto formato);
+
+/// The type that the first line of a file tells: its name at positions 12-17, or "A2" in front of a settlement
+/// return. None where the line tells nothing or cannot be read.
+[[nodiscard]] std::optional<TipoArquivo> reconhecerTipo(const std::filesystem::path& arquivo, Arquivos& arquivos);
+
+} // namespace quilatador
