@@ -23,10 +23,11 @@ struct Opcoes {
     Tipo tipo = Tipo::ZUL702;
     std::uint64_t semente = 1;
     /// Slips of a remittance, 1 to `maximoDeGuias`; not together with `registros`, not for a TAV001.
-    std::optional<std::uint32_t> guias;
+    std::optional<std::uint32_t> guias = std::nullopt;
     /// Records of a remittance, `menorRemessa` to `maiorRemessa`, exactly; payments of a TAV001, which has two lines
-    /// more, 0 to `maximoDePagamentos`. Without either number the file is a small one.
-    std::optional<std::uint32_t> registros;
+    /// more, 0 to `maximoDePagamentos`; its trailer keeps the last six digits of a greater count of lines. Without
+    /// either number the file is a small one.
+    std::optional<std::uint32_t> registros = std::nullopt;
     /// Whether a remittance has faults: a dozen and more different ones, spread over its definitions and its last
     /// slip. Every line stays a record of its type, in its place.
     bool falhas = false;

@@ -53,7 +53,7 @@ void escreverCabecalho(Sorteio& sorteio, SaidaEmBlocos& saida) {
     linha.texto(cabecalho::tipo, {"A"});
     linha.texto(cabecalho::remessa, {"2"});
     linha.numero(cabecalho::convenio, sorteio.entre(100'000, 999'999));
-    linha.texto(cabecalho::empresa, {"MUNICÍPIO DE V.SERENA"_t});
+    linha.texto(cabecalho::empresa, {"MUNICÍPIO V. SERENA"_t});
     linha.texto(cabecalho::codigoDoBanco, {"999"});
     linha.texto(cabecalho::nomeDoBanco, {"BANCO FICTÍCIO"_t});
     linha.texto(cabecalho::geracao, {"20260702"});

@@ -1,0 +1,19 @@
+#!/bin/sh
+# Writes the inputs below samples/ anew. A deliberate act: look at the difference before it is committed.
+#
+#   tools/fazerExemplos.sh PATH-TO-gerarRemessa
+set -eu
+
+if [ $# -ne 1 ]; then
+    echo "Uso: tools/fazerExemplos.sh CAMINHO-DE-gerarRemessa" >&2
+    exit 2
+fi
+gerar=$1
+exemplos=$(dirname "$0")/../samples
+
+mkdir -p "$exemplos/remessa-valida" "$exemplos/remessa-com-erros" \
+         "$exemplos/retorno-impressao" "$exemplos/retorno-liquidacao"
+"$gerar" --guias 5 "$exemplos/remessa-valida/remessa.rem"
+"$gerar" --guias 3 --falhas "$exemplos/remessa-com-erros/remessa.rem"
+"$gerar" --tipo ZUL708 --guias 5 "$exemplos/retorno-impressao/retorno.ret"
+"$gerar" --tipo TAV001 --registros 12 "$exemplos/retorno-liquidacao/retorno.ret"
