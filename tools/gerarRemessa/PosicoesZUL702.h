@@ -141,19 +141,21 @@ inline constexpr Campo camposProprios[] = {
     Campo{'Z', "TotalRegistros", 12, 6},
 };
 
-/// A field by its record type and name; one that does not exist does not compile.
-consteval Campo campo(char segmento, VistaTexto nome) {
-    const auto achado =
-        std::ranges::find_if(camposProprios, [=](const Campo& c) { return c.segmento == segmento && c.nome == nome; });
-    if (achado == std::end(camposProprios)) throw "the record type has no such field";
-    return *achado;
-}
-
 /// A field that every record type has.
 consteval Campo campo(VistaTexto nome) {
     const auto achado = std::ranges::find(camposComuns, nome, &Campo::nome);
     if (achado == std::end(camposComuns)) throw "no such field is common to all record types";
     return *achado;
+}
+
+/// A field of a record type; one that does not exist does not compile.
+consteval Campo campo(char segmento, VistaTexto nome) {
+    const auto achado =
+        std::ranges::find_if(camposProprios, [=](const Campo& c) { return c.segmento == segmento && c.nome == nome; });
+    if (achado != std::end(camposProprios)) return *achado;
+    Campo comum = campo(nome);
+    comum.segmento = segmento;
+    return comum;
 }
 
 } // namespace quilatador::gerador

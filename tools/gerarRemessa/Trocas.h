@@ -23,6 +23,7 @@ inline constexpr Troca trocas[] = {
     {1, campo('D', "TamanhoID"), "18"},
     {1, campo('E', "Sigla"), ""},
     {2, campo('G', "Codigo"), "01"}, // said before, so that the second characteristic is missing as well
+    {1, campo('H', "IDRegistro"), "0009"},
     {3, campo('K', "Denominacao"), ""},
     {2, campo('L', "DataVenc"), "20200310"},
     {4, campo('L', "TipoPag"), "X"},
