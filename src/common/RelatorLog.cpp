@@ -56,10 +56,10 @@ void RelatorLog::fechar() {
 }
 
 void avisarFalhaDoLog(Painel& painel, const std::filesystem::path& log, const FalhaDoLog& falha, VistaTexto titulo) {
-    painel.mensagem({.texto = junta("Erro na gravação do arquivo de log: "_t, textoDoCaminho(log), " (",
-                                    falha.descricao(), ")"),
-                     .titulo = Texto(titulo),
-                     .icone = Mensagem::Icone::Exclamacao});
+    painel.mensagem(
+        {.texto = junta("Erro na gravação do arquivo de log: "_t, textoDoCaminho(log), " (", falha.descricao(), ")"),
+         .titulo = Texto(titulo),
+         .icone = Mensagem::Icone::Exclamacao});
 }
 
 std::unique_ptr<RelatorLog> criarLog(Ambiente& ambiente, const std::filesystem::path& analisado,

@@ -26,7 +26,7 @@ struct Pedido {
     std::filesystem::path nomeArquivo; ///< taken unchanged; the analysers report a missing file
     bool comData = false;              ///< the slips' barcodes carry a due date
     Texto FormatoDataBarra = Texto(formatoInicial);
-    double PosicaoDataBarra = 20;                     ///< 1-based position of that date
+    double PosicaoDataBarra = 20;                        ///< 1-based position of that date
     std::optional<std::filesystem::path> nomeArquivoLog; ///< in place of the usual log beside the file
 };
 

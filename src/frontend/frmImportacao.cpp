@@ -63,8 +63,10 @@ void frmImportacao::avisarFim() {
 }
 
 void frmImportacao::cancelar() {
-    if (depurando_) interromper();
-    else tela_.fechar();
+    if (depurando_)
+        interromper();
+    else
+        tela_.fechar();
 }
 
 void frmImportacao::interromper() {

@@ -98,9 +98,9 @@ void LeitorDeLinhas::saltarResto() {
     }
 }
 
-/// Gives out the line up to an end mark, and takes the mark away.
+/// Gives out the line up to an end mark, cut where it is too long, and takes the mark away.
 std::optional<VistaTexto> LeitorDeLinhas::terminarEm(std::size_t fimDaLinha) {
-    const VistaTexto linha(bloco_.data() + inicio_, fimDaLinha - inicio_);
+    const VistaTexto linha(bloco_.data() + inicio_, std::min(fimDaLinha - inicio_, maiorLinha));
     const char marca = bloco_[fimDaLinha];
     inicio_ = fimDaLinha + 1;
     tamanhoAnterior_ = linha.size();

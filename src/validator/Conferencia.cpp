@@ -24,7 +24,9 @@ Valor Conferencia::valorDe(const RegistroRemessa& registro, VistaTexto nomeCampo
     return ler([&] { return registro.getValorCampo(nomeCampo); });
 }
 
-void Conferencia::eco(VistaTexto rotulo, VistaTexto conteudo) { depurador_.escreverLog(junta(rotulo, conteudo)); }
+void Conferencia::eco(VistaTexto rotulo, VistaTexto conteudo) {
+    depurador_.escreverLog(junta(rotulo, conteudo));
+}
 
 void Conferencia::erro(const Assunto& assunto, VistaTexto mensagem, std::optional<std::int32_t> linha) {
     const std::int32_t numero = linha ? *linha : linhaDoRegistro();

@@ -1,7 +1,7 @@
 #include "validator/Depurador.h"
 
-#include "common/NomesDeArquivo.h"
 #include "common/modDepuracao.h"
+#include "common/NomesDeArquivo.h"
 #include "layout/ArquivoRemessaBD.h"
 #include "validator/ParadaEstrutural.h"
 
@@ -23,9 +23,8 @@ Depurador::Depurador(Ambiente& ambiente, modVariaveis& globais) : ambiente_(ambi
     try {
         carregarLeiaute();
     } catch (const Falha& falha) {
-        ambiente_.painel.mensagem({.texto = falha.descricao(),
-                                   .titulo = Texto(tituloDeErro),
-                                   .icone = Mensagem::Icone::Exclamacao});
+        ambiente_.painel.mensagem(
+            {.texto = falha.descricao(), .titulo = Texto(tituloDeErro), .icone = Mensagem::Icone::Exclamacao});
     }
 }
 
@@ -42,7 +41,9 @@ void Depurador::carregarLeiaute() {
     }
 }
 
-void Depurador::adicionarRelator(Relator& relator) { ouvintes_.push_back(&relator); }
+void Depurador::adicionarRelator(Relator& relator) {
+    ouvintes_.push_back(&relator);
+}
 
 Resumo Depurador::DepurarArquivo(const std::filesystem::path& nomeArquivo, std::optional<std::filesystem::path> log) {
     prepararExecucao(nomeArquivo, std::move(log));
@@ -181,7 +182,9 @@ Desfecho Depurador::verificarConteudo() {
 }
 
 void Depurador::escreverResumo() {
-    const auto linha = [&](VistaTexto rotulo, std::int32_t numero) { escreverLog(junta(rotulo, std::to_string(numero))); };
+    const auto linha = [&](VistaTexto rotulo, std::int32_t numero) {
+        escreverLog(junta(rotulo, std::to_string(numero)));
+    };
     escreverLog("");
     escreverLog(separador);
     escreverLog("");
@@ -205,26 +208,61 @@ void Depurador::verificarCaracteres(const RegistroRemessa& registro) {
 bool Depurador::verificarRegistro(const RegistroRemessa& registro, char letra) {
     const auto guardar = [&](RegistroRemessa& destino) -> const RegistroRemessa& { return destino = registro.copia(); };
     switch (letra) {
-    case 'B': guardar(execucao_.registroB); verificarSegmentoB(); break;
-    case 'C': guardar(execucao_.registroC); verificarSegmentoC(); break;
-    case 'D': guardar(execucao_.registroD); verificarSegmentoD(); break;
-    case 'E': guardar(execucao_.registroE); verificarSegmentoE(); break;
-    case 'F': guardar(execucao_.registroF); verificarSegmentoF(); break;
-    case 'G': verificarSegmentoG(registro); break;
-    case 'K': verificarSegmentoK(registro); break;
+    case 'B':
+        guardar(execucao_.registroB);
+        verificarSegmentoB();
+        break;
+    case 'C':
+        guardar(execucao_.registroC);
+        verificarSegmentoC();
+        break;
+    case 'D':
+        guardar(execucao_.registroD);
+        verificarSegmentoD();
+        break;
+    case 'E':
+        guardar(execucao_.registroE);
+        verificarSegmentoE();
+        break;
+    case 'F':
+        guardar(execucao_.registroF);
+        verificarSegmentoF();
+        break;
+    case 'G':
+        verificarSegmentoG(registro);
+        break;
+    case 'K':
+        verificarSegmentoK(registro);
+        break;
     case 'L':
         verificarSegmentoL(registro);
         ++execucao_.parcelasPrevistas;
         break;
-    case 'S': return iniciarGuia(registro);
-    case 'T': registro.copiar(execucao_.registroT); break;
-    case 'U': registro.copiar(execucao_.registroU); break;
-    case 'V': registro.copiar(execucao_.registroV); break;
-    case 'W': registro.copiar(execucao_.registroW); break;
-    case 'X': guardarMensagem(registro); break;
-    case 'Y': guardarParcela(registro); break;
-    case 'Z': encerrarGuias(); break;
-    default: break; // H, I and J have no content checks; letters out of place were found by the sequence pass
+    case 'S':
+        return iniciarGuia(registro);
+    case 'T':
+        registro.copiar(execucao_.registroT);
+        break;
+    case 'U':
+        registro.copiar(execucao_.registroU);
+        break;
+    case 'V':
+        registro.copiar(execucao_.registroV);
+        break;
+    case 'W':
+        registro.copiar(execucao_.registroW);
+        break;
+    case 'X':
+        guardarMensagem(registro);
+        break;
+    case 'Y':
+        guardarParcela(registro);
+        break;
+    case 'Z':
+        encerrarGuias();
+        break;
+    default:
+        break; // H, I and J have no content checks; letters out of place were found by the sequence pass
     }
     return true;
 }
@@ -272,7 +310,8 @@ void Depurador::encerrarGuias() {
 
 Progresso Depurador::progresso() const {
     return {.registroAtual = execucao_.linhaAtual,
-            .totalRegistros = execucao_.totalRegistros == 0 ? execucao_.totalRegistrosEstimado : execucao_.totalRegistros,
+            .totalRegistros =
+                execucao_.totalRegistros == 0 ? execucao_.totalRegistrosEstimado : execucao_.totalRegistros,
             .guias = execucao_.guias,
             .inicio = execucao_.inicio};
 }
@@ -310,7 +349,9 @@ void Depurador::escreverErro(VistaTexto id, VistaTexto mensagem, std::optional<s
                         .mensagem = Texto(mensagem)});
 }
 
-void Depurador::VisualizarArquivo(const std::filesystem::path& caminho) { ambiente_.lancador.abrirTexto(caminho); }
+void Depurador::VisualizarArquivo(const std::filesystem::path& caminho) {
+    ambiente_.lancador.abrirTexto(caminho);
+}
 
 Valor Depurador::valorDaLinha(const RegistroRemessa& registro, const CampoRemessa* campo, VistaTexto nome) const {
     return campo ? registro.getValorCampo(*campo) : registro.getValorCampo(nome);

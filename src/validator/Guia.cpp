@@ -16,12 +16,13 @@ constexpr double toleranciaDaSoma = 1;
 
 /// Whether one of the definitions has this number in a field.
 bool definida(std::span<const RegistroRemessa> definicoes, VistaTexto campo, int numero) {
-    return std::ranges::any_of(definicoes, [&](const RegistroRemessa& definicao) {
-        return igual(definicao.getValorCampo(campo), numero);
-    });
+    return std::ranges::any_of(
+        definicoes, [&](const RegistroRemessa& definicao) { return igual(definicao.getValorCampo(campo), numero); });
 }
 
-std::int32_t sequencialDe(const RegistroRemessa& registro) { return registro.getValorCampo("Sequencial").paraLongo(); }
+std::int32_t sequencialDe(const RegistroRemessa& registro) {
+    return registro.getValorCampo("Sequencial").paraLongo();
+}
 
 } // namespace
 
@@ -104,17 +105,16 @@ bool Depurador::verificarSegmentoU(const RegistroRemessa& registro) {
             c.erro({"u.valorRec.negativo", campoDoValor}, junta("Campo Valor da Receita ", numero, " inválido"_t));
         else if (maior(valor, 0) && !definida(execucao_.receitas, "Numero", i))
             c.erro({"u.valorRec.semReceita", campoDoValor},
-                   junta("Campo Valor da Receita ", numero,
-                         " informado mas receita não informada no segmento K"_t));
+                   junta("Campo Valor da Receita ", numero, " informado mas receita não informada no segmento K"_t));
 
         const Valor aliquota = c.valor(campoDaAliquota);
         if (menor(aliquota, 0))
             c.erro({"u.aliquota.negativa", campoDaAliquota},
                    junta("Campo Aliquota da Receita ", numero, " inválido"_t));
         else if (maior(aliquota, 0) && porValorTotal)
-            c.erro({"u.aliquota.porValorTotal", campoDaAliquota},
-                   junta("Campo Aliquota da Receita ", numero,
-                         " não pode ser informado para cálculo por valor total"_t));
+            c.erro(
+                {"u.aliquota.porValorTotal", campoDaAliquota},
+                junta("Campo Aliquota da Receita ", numero, " não pode ser informado para cálculo por valor total"_t));
         else if (maior(aliquota, 0))
             soma += valor.paraDuplo() * aliquota.paraDuplo() / 100;
         else if (igual(aliquota, 0))

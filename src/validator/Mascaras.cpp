@@ -28,9 +28,7 @@ Texto Depurador::conferirMascara(Texto& identificador, VistaTexto mascara) {
     Texto semSeparadores;
     for (std::size_t i = 0; i < mascara.size(); ++i) {
         const char c = identificador[i];
-        const bool aceito = mascara[i] == '9'   ? modDepuracao::isDigito(c)
-                            : mascara[i] == 'A' ? true
-                                                : c == mascara[i];
+        const bool aceito = mascara[i] == '9' ? modDepuracao::isDigito(c) : mascara[i] == 'A' ? true : c == mascara[i];
         if (!aceito) return Texto(naoConfere);
         if (mascara[i] == '9' || mascara[i] == 'A') semSeparadores.push_back(c);
     }

@@ -1,5 +1,5 @@
-#include "common/DV.h"
 #include "common/Diversos.h"
+#include "common/DV.h"
 #include "common/Numero.h"
 #include "validator/Conferencia.h"
 
@@ -35,7 +35,8 @@ bool Depurador::verificarSegmentoY(std::span<const RegistroRemessa> parcelasY) {
 /// The installment itself, against the payment options.
 void Depurador::verificarParcela(Conferencia& c) {
     c.passo([&] {
-        if (foraDe(c.valor("TipoPag"), "ACP")) c.erro({"y.tipoPag.invalido", "TipoPag"}, "Tipo de pagamento inválido"_t);
+        if (foraDe(c.valor("TipoPag"), "ACP"))
+            c.erro({"y.tipoPag.invalido", "TipoPag"}, "Tipo de pagamento inválido"_t);
     });
     c.passo([&] {
         if (igual(c.valor("TipoPag"), "C")) {
@@ -138,8 +139,9 @@ void Depurador::verificarBarra(Conferencia& c, VistaTexto barra) {
 Depurador::EmpresaNaBarra Depurador::empresaEsperada() const {
     const Valor segmento = execucao_.registroC.getValorCampo("SegFebraban");
     if (igual(segmento, "9"))
-        return {"y.barra.convenio", junta("000101", execucao_.convenioHeader), 12,
-                "O segmento 9 - Uso do Banco - exige a informação 000101 + número do convênio nas posições 16 a 21 do código de barras"_t};
+        return {
+            "y.barra.convenio", junta("000101", execucao_.convenioHeader), 12,
+            "O segmento 9 - Uso do Banco - exige a informação 000101 + número do convênio nas posições 16 a 21 do código de barras"_t};
     if (igual(segmento, "6"))
         return {"y.barra.cnpj", Texto(trecho(execucao_.registroB.getValorCampoString("CNPJ"), 1, 8)), 8,
                 "Primeiras 8 posições do CNPJ não confere com a identificação da empresa na barra"_t};

@@ -1,5 +1,5 @@
-#include "common/DV.h"
 #include "common/Diversos.h"
+#include "common/DV.h"
 #include "common/Numero.h"
 #include "validator/Conferencia.h"
 
@@ -77,8 +77,7 @@ void Depurador::verificarSegmentoB() {
     if (!cnpjValido(cnpj)) c.erro({"b.cnpj.invalido", "CNPJ"}, "CNPJ do convenente inválido"_t);
     const Texto cnpjDoHeader = execucao_.registroA.getValorCampoString("CNPJ");
     if (cnpj != cnpjDoHeader)
-        c.erro({"b.cnpj.diferente", "CNPJ", cnpjDoHeader},
-               "CNPJ do convenente diferente do informado no segmento 'A'");
+        c.erro({"b.cnpj.diferente", "CNPJ", cnpjDoHeader}, "CNPJ do convenente diferente do informado no segmento 'A'");
 
     ecoDoValor("Convenente     : ", "Nome");
     const Valor nome = c.valor("Nome");

@@ -85,8 +85,7 @@ void Depurador::verificarSegmentoE() {
     c.exigir({"e.exercicio.ausente", "Exercicio"}, "Campo 'Exercicio' não informado"_t);
 
     c.ecoDoTexto("Opcoes pagam.  : ", "NroOpcoes");
-    c.exigirNaoZero({"e.nroOpcoes.zero", "NroOpcoes"},
-                    "Campo 'Numero total de opcoes de pagamento' não informado"_t);
+    c.exigirNaoZero({"e.nroOpcoes.zero", "NroOpcoes"}, "Campo 'Numero total de opcoes de pagamento' não informado"_t);
 
     c.ecoDoTexto("Parcelamento   : ", "Parcelamento");
     if (menor(c.valor("Parcelamento"), 0))
@@ -106,10 +105,10 @@ void Depurador::verificarSegmentoE() {
             c.eco(rotulo, indicador.texto());
         return igual(indicador, "S");
     };
-    execucao_.checarData = lerIndicador({"e.checarData.invalido", "Checar data"}, "Checar data....: ",
-                                        "Campo 'Checar data' não informado ou Inválido!"_t);
-    execucao_.checarValor = lerIndicador({"e.checarValor.invalido", "Checar valor"}, "Checar valor...: ",
-                                         "Campo 'Checar valor' não informado ou Inválido!"_t);
+    execucao_.checarData = lerIndicador({"e.checarData.invalido", "Checar data"},
+                                        "Checar data....: ", "Campo 'Checar data' não informado ou Inválido!"_t);
+    execucao_.checarValor = lerIndicador({"e.checarValor.invalido", "Checar valor"},
+                                         "Checar valor...: ", "Campo 'Checar valor' não informado ou Inválido!"_t);
 }
 
 bool Depurador::versaoComIndicadores() const {

@@ -7,7 +7,7 @@ namespace {
 /// A definition that may stand several times, each with a number of its own: segments G and K.
 struct Numerada {
     char segmento;
-    VistaTexto campo; ///< its number
+    VistaTexto campo;                  ///< its number
     std::optional<std::int32_t> linha; ///< of its errors; none for the record's own
     VistaTexto rotulo;
     Assunto faixa;
@@ -91,8 +91,7 @@ void Depurador::verificarSegmentoL(const RegistroRemessa& registro) {
         if (igual(c.valor("NroPag"), 0))
             rejeitar({"l.nroPag.ausente", "NroPag"}, "Número do pagamento não informado"_t);
     } else if (c.texto("NroPag") != "00") {
-        rejeitar({"l.nroPag.cotaUnica", "NroPag", "00"},
-                 "Tipo de pagamento cota unica exige numero de pagamento 0");
+        rejeitar({"l.nroPag.cotaUnica", "NroPag", "00"}, "Tipo de pagamento cota unica exige numero de pagamento 0");
     }
 
     if (menor(c.valor("DataVenc"), execucao_.hoje))

@@ -32,8 +32,7 @@ constexpr std::array exigenciasDaGuia{
     Exigencia{'U', "T", "sequencia.u.semT", "Segmento 'U' exige segmento 'T' antecedendo."},
     Exigencia{'V', "U", "sequencia.v.semUOuF", "Segmento 'V' exige segmento 'U' antecedendo e segmento 'F'."},
     Exigencia{'W', "V", "sequencia.w.semVOuG", "Segmento 'W' exige segmento 'V' antecedendo e segmento 'G'."},
-    Exigencia{'X', "UVWX", "sequencia.x.foraDeLugar",
-              "Segmento 'X' exige segmento 'U', 'V', 'W' ou 'X' antecedendo."},
+    Exigencia{'X', "UVWX", "sequencia.x.foraDeLugar", "Segmento 'X' exige segmento 'U', 'V', 'W' ou 'X' antecedendo."},
     Exigencia{'Y', "UVWXY", "sequencia.y.foraDeLugar",
               "Segmento 'Y' exige segmento 'U', 'V', 'W', 'X', ou 'Y' antecedendo."},
     // Names 'Y' twice: kept on purpose, the sample sequencia-z-sem-y holds it.
@@ -49,12 +48,17 @@ bool terminaEm(VistaTexto historico, VistaTexto letras) {
     return !historico.empty() && letras.find(historico.back()) != VistaTexto::npos;
 }
 
-bool contem(VistaTexto historico, VistaTexto letras) { return historico.find(letras) != VistaTexto::npos; }
+bool contem(VistaTexto historico, VistaTexto letras) {
+    return historico.find(letras) != VistaTexto::npos;
+}
 
 ParadaEstrutural paradaNoHeader(VistaTexto id, VistaTexto mensagem) {
-    return {Texto("Importação"_t),
-            Achado{.id = id, .gravidade = Gravidade::Estrutural, .linha = 1, .segmento = 0, .campo = {},
-                   .mensagem = Texto(mensagem)}};
+    return {Texto("Importação"_t), Achado{.id = id,
+                                          .gravidade = Gravidade::Estrutural,
+                                          .linha = 1,
+                                          .segmento = 0,
+                                          .campo = {},
+                                          .mensagem = Texto(mensagem)}};
 }
 
 } // namespace
@@ -100,7 +104,7 @@ void Depurador::verificarHeader() {
     if (trecho(registro.getValorCampoString("VersaoLayout"), 1, 4) != "1.00")
         throw paradaNoHeader("sequencia.a.versaoLayout", "Versao de layout incompatível. Esperada: 1.00"_t);
     execucao_.convenioHeader = registro.getValorCampoString("Convenio");
-    execucao_.historicoDefinicao = "A";
+    execucao_.historicoDefinicao.assign(1, 'A');
     verificarIDRegistro(registro, 'A');
 }
 
@@ -118,9 +122,8 @@ void Depurador::verificarOrdem(const RegistroRemessa& registro) {
         pararNaLinha("sequencia.sequencial", letra, "Sequencial de registro inválido."_t);
     if (tipo < ultimos(execucao_.historicoDefinicao, 1))
         pararNaLinha("sequencia.foraDeOrdem", letra, "Tipos de registro fora de sequência."_t);
-    const bool mesmoConvenio = campos.convenio
-                                   ? registro.textoNaLinha(*campos.convenio) == execucao_.convenioHeader
-                                   : registro.getValorCampoString("Convenio") == execucao_.convenioHeader;
+    const bool mesmoConvenio = campos.convenio ? registro.textoNaLinha(*campos.convenio) == execucao_.convenioHeader
+                                               : registro.getValorCampoString("Convenio") == execucao_.convenioHeader;
     if (!mesmoConvenio)
         pararNaLinha("sequencia.convenio", letra, "Número de convênio diferente do constante no header."_t);
     verificarRegrasDaLetra(letra);
@@ -135,7 +138,8 @@ void Depurador::verificarRegrasDaLetra(char letra) {
     if (const Exigencia* e = exigenciaDe(exigenciasDaDefinicao, letra); e && !terminaEm(definicao, e->anteriores))
         pararNaLinha(e->id, letra, e->mensagem);
     if (const Exigencia* e = exigenciaDe(exigenciasDaGuia, letra)) {
-        const bool faltaDefinicao = (letra == 'V' && !contem(definicao, "F")) || (letra == 'W' && !contem(definicao, "G"));
+        const bool faltaDefinicao =
+            (letra == 'V' && !contem(definicao, "F")) || (letra == 'W' && !contem(definicao, "G"));
         if (faltaDefinicao || !terminaEm(guia, e->anteriores)) pararNaLinha(e->id, letra, e->mensagem);
     }
     if (letra == 'B' && contem(definicao, "B"))
@@ -182,7 +186,7 @@ void Depurador::anotarLetra(char letra) {
     constexpr VistaTexto daGuia = "TUVWXY";
     // A repeated letter is noted once, so that the histories do not grow with the file; X is counted up to four.
     if (letra == 'S') {
-        execucao_.historicoGuia = "S";
+        execucao_.historicoGuia.assign(1, 'S');
     } else if (daDefinicao.find(letra) != VistaTexto::npos && execucao_.historicoDefinicao.back() != letra) {
         execucao_.historicoDefinicao.push_back(letra);
     } else if (daGuia.find(letra) != VistaTexto::npos && (letra == 'X' || execucao_.historicoGuia.back() != letra)) {
@@ -191,13 +195,13 @@ void Depurador::anotarLetra(char letra) {
 }
 
 void Depurador::pararNaLinha(VistaTexto id, char letra, VistaTexto mensagem) const {
-    throw ParadaEstrutural("Depurador ", Achado{.id = id,
-                                                .gravidade = Gravidade::Estrutural,
-                                                .linha = execucao_.linhaAtual,
-                                                .segmento = letra,
-                                                .campo = std::nullopt,
-                                                .mensagem = junta("Linha: ", comZeros(execucao_.linhaAtual, 6),
-                                                                  " -  ", mensagem)});
+    throw ParadaEstrutural("Depurador ",
+                           Achado{.id = id,
+                                  .gravidade = Gravidade::Estrutural,
+                                  .linha = execucao_.linhaAtual,
+                                  .segmento = letra,
+                                  .campo = std::nullopt,
+                                  .mensagem = junta("Linha: ", comZeros(execucao_.linhaAtual, 6), " -  ", mensagem)});
 }
 
 } // namespace quilatador

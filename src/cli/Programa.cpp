@@ -1,0 +1,177 @@
+#include "cli/Programa.h"
+
+#include "cli/RelatorJson.h"
+#include "cli/TelaDoTerminal.h"
+#include "common/NomesDeArquivo.h"
+#include "frontend/frmImportacao.h"
+
+#include <algorithm>
+
+namespace quilatador {
+
+namespace {
+
+/// Opens nothing: the log is only opened where the user asks for it.
+class LancadorParado final : public Lancador {
+  public:
+    void abrirTexto(const std::filesystem::path&) override {}
+    void abrirDocumento(const std::filesystem::path&) override {}
+};
+
+VistaTexto nomeDo(TipoArquivo tipo) {
+    switch (tipo) {
+    case TipoArquivo::ZUL702:
+        return "ZUL702";
+    case TipoArquivo::ZUL708:
+        return "ZUL708";
+    case TipoArquivo::TAV001:
+        return "TAV001";
+    }
+    return "";
+}
+
+int situacaoDe(const Resumo& resumo) {
+    switch (resumo.desfecho) {
+    case Desfecho::Concluida:
+        return resumo.totalErros == 0 ? situacao::nadaEncontrado : situacao::haAchados;
+    case Desfecho::Cancelada:
+        return situacao::interrompido;
+    case Desfecho::Falhou:
+        return situacao::haAchados;
+    case Desfecho::NaoRodou:
+        return situacao::naoRodou;
+    }
+    return situacao::naoRodou;
+}
+
+Resumo naoRodou() {
+    Resumo resumo;
+    resumo.desfecho = Desfecho::NaoRodou;
+    return resumo;
+}
+
+Texto contagem(std::int32_t numero, VistaTexto singular, VistaTexto plural) {
+    return junta(std::to_string(numero), " ", numero == 1 ? singular : plural);
+}
+
+/// One command line at work.
+class Execucao {
+  public:
+    Execucao(const Argumentos& argumentos, const Maquina& maquina)
+        : argumentos_(argumentos)
+        , maquina_(maquina)
+        , tela_(maquina.erros, maquina.relogio,
+                {.comProgresso = maquina.errosNoTerminal && !argumentos.silencioso,
+                 .largura = maquina.larguraDoTerminal,
+                 .primeiras = argumentos.primeiras,
+                 .aoAtender = [this] { atenderInterrupcao(); }})
+        , ambiente_{tela_,
+                    maquina.relogio,
+                    maquina.localidade,
+                    argumentos.abrir ? maquina.lancador : static_cast<Lancador&>(lancadorParado_),
+                    maquina.arquivos,
+                    argumentos.pasta.value_or(maquina.pastaDoPrograma)}
+        , formulario_(ambiente_, globais_, tela_)
+        , json_(maquina.saida) {
+        if (argumentos_.json) formulario_.adicionarRelator(json_);
+    }
+    Execucao(const Execucao&) = delete;
+    Execucao& operator=(const Execucao&) = delete;
+
+    int analisarTodos() {
+        if (argumentos_.comData && recusarPosicao()) return situacao::naoRodou;
+        int maior = situacao::nadaEncontrado;
+        for (const std::filesystem::path& arquivo : argumentos_.arquivos) {
+            maior = std::max(maior, analisar(arquivo));
+            if (maquina_.interrompido()) return situacao::interrompido;
+        }
+        return maior;
+    }
+
+  private:
+    void atenderInterrupcao() {
+        if (maquina_.interrompido()) formulario_.interromper();
+    }
+
+    bool recusarPosicao() {
+        const auto motivo = recusaDaPosicao(argumentos_.posicao);
+        if (motivo) tela_.mensagem({.texto = *motivo, .titulo = Texto(tituloDoPrograma)});
+        return motivo.has_value();
+    }
+
+    int analisar(const std::filesystem::path& arquivo) {
+        Pedido pedido;
+        // A file that tells nothing is taken for a remittance, whose first finding says that it is none.
+        pedido.tipoArquivo = argumentos_.tipo
+                                 ? *argumentos_.tipo
+                                 : reconhecerTipo(arquivo, maquina_.arquivos).value_or(TipoArquivo::ZUL702);
+        pedido.nomeArquivo = arquivo;
+        pedido.comData = argumentos_.comData;
+        pedido.FormatoDataBarra = argumentos_.formato;
+        pedido.PosicaoDataBarra = argumentos_.posicao;
+        pedido.nomeArquivoLog = argumentos_.log;
+        const std::filesystem::path log = argumentos_.log.value_or(caminhoDoLog(arquivo, "log"));
+        if (argumentos_.json) json_.iniciar(arquivo, nomeDo(pedido.tipoArquivo), log);
+        const Resumo resumo = formulario_.analisar(pedido).value_or(naoRodou());
+        const int situacaoDoArquivo = situacaoDe(resumo);
+        if (argumentos_.json)
+            json_.terminar(resumo, situacaoDoArquivo);
+        else if (!argumentos_.silencioso)
+            resumir(arquivo, log, resumo);
+        return situacaoDoArquivo;
+    }
+
+    void resumir(const std::filesystem::path& arquivo, const std::filesystem::path& log, const Resumo& resumo) {
+        Texto texto;
+        switch (resumo.desfecho) {
+        case Desfecho::Concluida:
+            texto = junta(contagem(resumo.totalErros, "erro", "erros"), "; ",
+                          contagem(resumo.guiasDepuradas, "guia lida", "guias lidas"));
+            break;
+        case Desfecho::Cancelada:
+            texto = "análise cancelada"_t;
+            break;
+        case Desfecho::Falhou:
+            texto = "análise interrompida por erro no arquivo"_t;
+            break;
+        case Desfecho::NaoRodou:
+            texto = "não foi possível analisar"_t;
+            break;
+        }
+        if (!resumo.descricao.empty()) texto += junta(": ", resumo.descricao);
+        maquina_.saida << paraTerminal(textoDoCaminho(arquivo)) << ": " << paraTerminal(texto) << '\n'
+                       << "  log: " << paraTerminal(textoDoCaminho(log)) << std::endl;
+    }
+
+    const Argumentos& argumentos_;
+    const Maquina& maquina_;
+    LancadorParado lancadorParado_;
+    modVariaveis globais_;
+    TelaDoTerminal tela_;
+    Ambiente ambiente_;
+    frmImportacao formulario_;
+    RelatorJson json_;
+};
+
+} // namespace
+
+int executar(std::vector<std::string> argumentos, const Maquina& maquina) {
+    const Argumentos lidos = lerArgumentos(std::move(argumentos));
+    switch (lidos.acao) {
+    case Argumentos::Acao::MostrarAjuda:
+        maquina.saida << utf8DeTexto(textoDeAjuda()) << std::flush;
+        return situacao::nadaEncontrado;
+    case Argumentos::Acao::MostrarVersao:
+        maquina.saida << textoDaVersao() << std::flush;
+        return situacao::nadaEncontrado;
+    case Argumentos::Acao::Recusar:
+        maquina.erros << paraTerminal(lidos.motivo) << "\nUse --ajuda para ver o uso." << std::endl;
+        return situacao::naoRodou;
+    case Argumentos::Acao::Analisar:
+        break;
+    }
+    const int resultado = Execucao(lidos, maquina).analisarTodos();
+    return maquina.saida.good() ? resultado : std::max(resultado, situacao::naoRodou);
+}
+
+} // namespace quilatador

@@ -1,0 +1,77 @@
+#include "cli/TelaDoTerminal.h"
+
+#include <algorithm>
+
+namespace quilatador {
+
+namespace {
+
+using namespace std::chrono_literals;
+constexpr Relogio::Instante intervaloDoDesenho = 100ms;
+/// Reading the clock costs more than a record does, so it is read once in so many.
+constexpr std::int32_t registrosPorLeitura = 512;
+
+} // namespace
+
+std::string paraTerminal(VistaTexto texto) {
+    constexpr char hexa[] = "0123456789ABCDEF";
+    std::string resultado;
+    for (const char c : texto) {
+        const auto codigo = static_cast<unsigned char>(c);
+        if (codigo < 0x20 || (codigo >= 0x7F && codigo <= 0x9F))
+            resultado += {'\\', 'x', hexa[codigo >> 4], hexa[codigo & 15]};
+        else
+            resultado += utf8DeTexto(VistaTexto(&c, 1));
+    }
+    return resultado;
+}
+
+TelaDoTerminal::TelaDoTerminal(std::ostream& saida, const Relogio& relogio, Opcoes opcoes)
+    : saida_(saida), relogio_(relogio), opcoes_(std::move(opcoes)) {}
+
+void TelaDoTerminal::rotulo(Rotulo, VistaTexto) {} // the log has what the labels say
+
+void TelaDoTerminal::iniciarProgresso(const Progresso& progresso) {
+    if (opcoes_.comProgresso) desenhar(progresso, progresso.inicio);
+}
+
+void TelaDoTerminal::avancar(const Progresso& progresso) {
+    processarEventos();
+    if (!opcoes_.comProgresso || progresso.registroAtual % registrosPorLeitura != 0) return;
+    const auto agora = relogio_.agora();
+    if (agora - ultimoDesenho_ >= intervaloDoDesenho) desenhar(progresso, agora);
+}
+
+void TelaDoTerminal::concluirProgresso(const Progresso&) {
+    apagar();
+}
+
+void TelaDoTerminal::processarEventos() {
+    if (opcoes_.aoAtender) opcoes_.aoAtender();
+}
+
+void TelaDoTerminal::mensagem(const Mensagem& mensagem) {
+    if (mensagem.assunto == Mensagem::Assunto::Aviso) return; // that the analysis is over shows by itself
+    apagar();
+    saida_ << paraTerminal(mensagem.texto) << std::endl;
+}
+
+void TelaDoTerminal::desenhar(const Progresso& progresso, Relogio::Instante agora) {
+    const std::int32_t total = std::max(progresso.totalRegistros, progresso.registroAtual);
+    const std::int64_t porCento = total == 0 ? 0 : std::int64_t{100} * progresso.registroAtual / total;
+    std::string linha =
+        paraTerminal(junta("Registro ", std::to_string(progresso.registroAtual), " de ", std::to_string(total), " (",
+                           std::to_string(porCento), "%)  decorrido ", formatarTempo(tempoDecorrido(progresso, agora)),
+                           "  restante ", formatarTempo(tempoRestante(progresso, agora))));
+    linha.resize(std::min(linha.size(), static_cast<std::size_t>(std::max(opcoes_.largura - 1, 0))));
+    saida_ << '\r' << linha << "\x1b[K" << std::flush;
+    ultimoDesenho_ = agora;
+    desenhado_ = true;
+}
+
+void TelaDoTerminal::apagar() {
+    if (desenhado_) saida_ << "\r\x1b[K" << std::flush;
+    desenhado_ = false;
+}
+
+} // namespace quilatador
