@@ -96,6 +96,9 @@ constexpr Ponto lerPonto(std::basic_string_view<Caractere> utf8) noexcept {
         if ((byte(i) & 0xC0) != 0x80) return {primeiro, 0};
         ponto = (ponto << 6) | (byte(i) & 0x3F);
     }
+    const bool maisCurto = (bytes == 3 && ponto < 0x800) || (bytes == 4 && ponto < 0x10000);
+    const bool semCaractere = (ponto >= 0xD800 && ponto < 0xE000) || ponto > 0x10FFFF;
+    if (maisCurto || semCaractere) return {primeiro, 0};
     return {ponto, bytes};
 }
 
