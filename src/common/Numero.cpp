@@ -26,6 +26,13 @@ double lerDigitos(VistaTexto digitos) noexcept {
     return static_cast<double>(numero);
 }
 
+/// What a number past the limits of a double becomes: the largest there is or, where it is too small, 0.
+double noLimite(VistaTexto numero) noexcept {
+    const VistaTexto inteiros = numero.substr(0, numero.find('.'));
+    if (inteiros.find_first_of("123456789") == VistaTexto::npos) return 0;
+    return numero.starts_with('-') ? std::numeric_limits<double>::lowest() : std::numeric_limits<double>::max();
+}
+
 template <typename Inteiro>
 Inteiro arredondar(double numero) {
     const double inteiro = std::nearbyint(numero); // the default rounding mode takes halves to even
@@ -72,7 +79,7 @@ double lerNumero(VistaTexto texto) noexcept {
     if (resto.starts_with('+')) resto.remove_prefix(1);
     double numero = 0;
     const auto lido = std::from_chars(resto.data(), resto.data() + resto.size(), numero, std::chars_format::fixed);
-    if (lido.ec == std::errc::result_out_of_range) return std::numeric_limits<double>::max();
+    if (lido.ec == std::errc::result_out_of_range) return noLimite(resto);
     return numero == 0 ? 0 : numero; // "-0" is 0
 }
 
