@@ -1,0 +1,99 @@
+#include "common/Texto.h"
+
+#include <gtest/gtest.h>
+
+namespace quilatador {
+namespace {
+
+/// Every character of Windows-1252 from 80 (hex) on, in the order of the codes; the five codes without one have the
+/// control character of their number.
+constexpr std::string_view superiores = "€\u0081‚ƒ„…†‡ˆ‰Š‹Œ\u008DŽ\u008F\u0090‘’“”•–—˜™š›œ\u009DžŸ"
+                                        "\u00A0¡¢£¤¥¦§¨©ª«¬\u00AD®¯°±²³´µ¶·¸¹º»¼½¾¿"
+                                        "ÀÁÂÃÄÅÆÇÈÉÊËÌÍÎÏÐÑÒÓÔÕÖ×ØÙÚÛÜÝÞß"
+                                        "àáâãäåæçèéêëìíîïðñòóôõö÷øùúûüýþÿ";
+
+Texto codigos(int primeiro, int ultimo) {
+    Texto texto;
+    for (int codigo = primeiro; codigo <= ultimo; ++codigo)
+        texto.push_back(static_cast<char>(codigo));
+    return texto;
+}
+
+TEST(Texto, cadaCodigoTemSeuCaractereNosDoisSentidos) {
+    const Texto ascii = codigos(0, 127);
+    const Texto altos = codigos(128, 255);
+    EXPECT_EQ(utf8DeTexto(ascii), ascii);
+    EXPECT_EQ(utf8DeTexto(altos), superiores);
+    EXPECT_EQ(textoDeUtf8(ascii), ascii);
+    EXPECT_EQ(textoDeUtf8(superiores), altos);
+    EXPECT_EQ(paraTexto(paraUtf8(altos)), altos);
+    EXPECT_EQ("€ Ação ÿ"_t, textoDeUtf8("€ Ação ÿ"));
+}
+
+TEST(Texto, oQueNaoCabeViraInterrogacaoEOQueNaoEhUtf8Fica) {
+    EXPECT_EQ(textoDeUtf8("a\u0100\u20A0\U0001F600\u0080b"), "a????b"); // the code 80 is the euro sign's
+    // Latin-1; cut short; continuations missing or alone; more bytes than needed; half of a UTF-16 pair; past the end.
+    for (const std::string_view bytes :
+         {"\xE7\xE3o", "\xC3", "\xE2\x82", "\xC3(", "\xE2\x82(", "\x80\xBF", "\xC1\x81", "\xE0\x81\x81",
+          "\xF0\x80\x81\x81", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xF8\x88\x80\x80\x80"})
+        EXPECT_EQ(textoDeUtf8(bytes), bytes);
+}
+
+TEST(Texto, maiusculasSeguemACodificacao) {
+    const Texto antes = codigos(0, 255);
+    Texto depois = antes;
+    constexpr VistaTexto minusculas = "abcdefghijklmnopqrstuvwxyzàáâãäåæçèéêëìíîïðñòóôõöøùúûüýþšœžÿ"_t;
+    constexpr VistaTexto maiores = "ABCDEFGHIJKLMNOPQRSTUVWXYZÀÁÂÃÄÅÆÇÈÉÊËÌÍÎÏÐÑÒÓÔÕÖØÙÚÛÜÝÞŠŒŽŸ"_t;
+    for (std::size_t i = 0; i < minusculas.size(); ++i)
+        depois[static_cast<unsigned char>(minusculas[i])] = maiores[i];
+    EXPECT_EQ(maiusculas(antes), depois);
+}
+
+TEST(Texto, caixaSoNaoContaDeAaZ) {
+    EXPECT_TRUE(iguaisSemCaixa("TipoReg09", "tIPOREG09"));
+    EXPECT_FALSE(iguaisSemCaixa("ção"_t, "ÇÃO"_t));
+    EXPECT_FALSE(iguaisSemCaixa("abc", "abcd"));
+    EXPECT_FALSE(iguaisSemCaixa("[", "{")); // 32 apart as well
+}
+
+TEST(Texto, soOEspacoEhBranco) {
+    EXPECT_EQ(semBrancosAEsquerda("  a b  "), "a b  ");
+    EXPECT_EQ(semBrancosADireita("  a b  "), "  a b");
+    EXPECT_EQ(semBrancos("  a b  "), "a b");
+    EXPECT_EQ(semBrancos("\t a\xA0 "), "\t a\xA0");
+    for (const VistaTexto vazio : {"", "   "})
+        EXPECT_EQ(junta(semBrancosAEsquerda(vazio), semBrancosADireita(vazio), semBrancos(vazio)), "");
+}
+
+TEST(Texto, trechoDaOQueHa) {
+    EXPECT_EQ(trecho("ABCDE", 1, 2), "AB");
+    EXPECT_EQ(trecho("ABCDE", 4, 9), "DE");
+    EXPECT_EQ(trecho("ABCDE", 5), "E");
+    EXPECT_EQ(junta(trecho("ABCDE", 6, 1), trecho("ABCDE", 0, 3), trecho("", 1), trecho("ABCDE", 3, 0)), "");
+    EXPECT_EQ(ultimos("ABCDE", 2), "DE");
+    EXPECT_EQ(ultimos("ABCDE", 9), "ABCDE");
+    EXPECT_EQ(ultimos("ABCDE", 0), "");
+}
+
+TEST(Texto, mascaraPreenchidaPelaDireita) {
+    EXPECT_EQ(comMascara("12345678000195", "@@.@@@.@@@/@@@@-@@"), "12.345.678/0001-95");
+    EXPECT_EQ(comMascara("123", "@@/@@/@@"), "  / 1/23");
+    EXPECT_EQ(comMascara("", "@@-@"), "  - ");
+    EXPECT_EQ(comMascara("XY123456", "@@/@@/@@"), "XY12/34/56");
+    EXPECT_EQ(comMascara("AB", ""), "AB");
+}
+
+TEST(Texto, zerosDepoisDoSinal) {
+    EXPECT_EQ(comZeros(15, 6), "000015");
+    EXPECT_EQ(comZeros(-12, 5), "-00012");
+    EXPECT_EQ(comZeros(1234567, 6), "1234567");
+    EXPECT_EQ(comZeros(0, 0), "0");
+    EXPECT_EQ(comZeros(std::numeric_limits<long long>::min(), 3), "-9223372036854775808");
+}
+
+TEST(Texto, caminhoComoOSistemaOMostra) {
+    EXPECT_EQ(textoDoCaminho(std::filesystem::path(u8"/tmp/remessa de março.rem")), "/tmp/remessa de março.rem"_t);
+}
+
+} // namespace
+} // namespace quilatador

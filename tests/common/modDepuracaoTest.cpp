@@ -1,0 +1,25 @@
+#include "common/modDepuracao.h"
+
+#include <gtest/gtest.h>
+
+namespace quilatador::modDepuracao {
+namespace {
+
+TEST(modDepuracao, cadaCodigoNoSeuConjunto) {
+    constexpr VistaTexto especiais = "ÀÁÂÃÄÅÆàáâãäåæªÈÉÊËèéêë&ÌÍÎÏìíîïºÒÓÔÕÖòóôõöÙÚÛÜùúûüŸÝýÿÇçÑñ"_t;
+    for (int codigo = 0; codigo < 256; ++codigo) {
+        const Texto caractere(1, static_cast<char>(codigo));
+        const bool especial = especiais.find(caractere) != VistaTexto::npos;
+        EXPECT_EQ(caracteresEspeciais(caractere), especial ? caractere + "(1), " : "") << codigo;
+        EXPECT_EQ(isDigito(codigo), VistaTexto("0123456789").find(caractere) != VistaTexto::npos) << codigo;
+    }
+}
+
+TEST(modDepuracao, caracterePosicaoEVirgula) {
+    EXPECT_EQ(caracteresEspeciais("CONSTRU\xC7\xC3O & FILHOS"), "\xC7(8), \xC3(9), &(12), ");
+    EXPECT_EQ(caracteresEspeciais(""), "");
+    EXPECT_EQ(caracteresEspeciais(junta(Texto(1000, 'x'), "é"_t)), "é(1001), "_t);
+}
+
+} // namespace
+} // namespace quilatador::modDepuracao

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "common/Falha.h"
+
+namespace quilatador::testes {
+
+/// Number of the `Falha` that an operation raises, 0 for none.
+template <typename Operacao>
+int numeroDaFalha(Operacao operacao) {
+    try {
+        static_cast<void>(operacao());
+        return 0;
+    } catch (const Falha& falha) {
+        return falha.numero();
+    }
+}
+
+} // namespace quilatador::testes
