@@ -79,7 +79,7 @@ class Execucao {
     Execucao& operator=(const Execucao&) = delete;
 
     int analisarTodos() {
-        if (argumentos_.comData && recusarPosicao()) return situacao::naoRodou;
+        if (!formulario_.iniciar() || (argumentos_.comData && recusarPosicao())) return situacao::naoRodou;
         int maior = situacao::nadaEncontrado;
         for (const std::filesystem::path& arquivo : argumentos_.arquivos) {
             maior = std::max(maior, analisar(arquivo));

@@ -22,9 +22,18 @@ const char* nomeDo(Desfecho desfecho) {
     return "";
 }
 
+const char* nomeDa(Gravidade gravidade) {
+    switch (gravidade) {
+    case Gravidade::Erro: return "erro";
+    case Gravidade::Ocorrencia: return "ocorrencia";
+    case Gravidade::Estrutural: return "estrutural";
+    }
+    return "";
+}
+
 Json objetoDo(const Achado& achado) {
     Json objeto{{"id", utf8DeTexto(achado.id)},
-                {"gravidade", achado.gravidade == Gravidade::Erro ? "erro" : "estrutural"},
+                {"gravidade", nomeDa(achado.gravidade)},
                 {"linha", achado.linha},
                 {"segmento", achado.segmento == 0 ? Json() : Json(utf8DeTexto(VistaTexto(&achado.segmento, 1)))},
                 {"mensagem", utf8DeTexto(achado.mensagem)}};

@@ -8,8 +8,9 @@
 namespace quilatador {
 
 enum class Gravidade {
-    Erro,      ///< counted, and the run goes on
-    Estrutural ///< a plain line of the log that ends the run
+    Erro,       ///< an error line of the log; counted, and the run goes on
+    Ocorrencia, ///< what the bank reports: a plain line of the log, and the run goes on
+    Estrutural  ///< a plain line of the log that ends the run
 };
 
 /// The field that a finding is about. Positions are 1-based and inclusive.

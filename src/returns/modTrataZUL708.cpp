@@ -65,7 +65,7 @@ void AnaliseZUL708::explicar(VistaTexto linha, std::size_t qual, VistaTexto codi
     const std::optional<Texto>& texto = consultas().ocorrencia(codigo);
     const auto inicio = static_cast<int>(lugarDosCodigos + qual * tamanhoDoCodigo);
     escrever(Achado{.id = "zul708.ocorrencia",
-                    .gravidade = Gravidade::Estrutural,
+                    .gravidade = Gravidade::Ocorrencia,
                     .linha = linhaAtual(),
                     .segmento = linha.front(),
                     .campo = CampoDoAchado{junta("CodigoRetorno", std::to_string(qual + 1)), inicio, inicio + 1,
