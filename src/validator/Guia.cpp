@@ -74,7 +74,7 @@ bool Depurador::VerificarIdentificacaoGuia(const RegistroRemessa& registro) {
 bool Depurador::verificarSegmentoT(const RegistroRemessa& registro) {
     Conferencia c(*this, registro, 'T', Conferencia::AoFalhar::Prosseguir);
     if (registro.linha().empty()) {
-        // Speaks of segment S: kept on purpose, the sample t-ausente holds it.
+        // Speaks of segment S: kept on purpose.
         c.erro({"t.ausente"}, "Registro 'S' - cliente - não informado"_t, 0);
         return false;
     }

@@ -9,7 +9,7 @@ namespace quilatador {
 
 bool Depurador::verificarSegmentoY(std::span<const RegistroRemessa> parcelasY) {
     if (parcelasY.empty() || parcelasY.front().linha().empty()) {
-        // Speaks of a segment P: kept on purpose, the sample y-ausente holds it.
+        // Speaks of a segment P: kept on purpose.
         escreverErro(Achado{.id = "y.ausente",
                             .gravidade = Gravidade::Erro,
                             .linha = 0,

@@ -31,8 +31,8 @@ constexpr std::array formatosDeData{FormatoDeData{"1", ""},         FormatoDeDat
 
 } // namespace
 
-// The tests of the three indicators search the text within the list: an empty text passes. Kept on purpose, the
-// samples a-tipo-form-invalido and a-indicadores-vazios hold it.
+// The tests of the three indicators search the text within the list: "34" passes as "3" does. Kept on purpose, the
+// sample a-tipo-form-dentro-da-lista holds it.
 void Depurador::verificarSegmentoA() {
     const RegistroRemessa& registro = execucao_.registroA;
     Conferencia c(*this, registro, 'A');

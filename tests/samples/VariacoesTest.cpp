@@ -1,0 +1,238 @@
+#include "support/Falsos.h"
+
+#include "layout/ArquivoRemessaBD.h"
+#include "validator/Depurador.h"
+
+#include <algorithm>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <set>
+#include <sstream>
+
+namespace quilatador::testes {
+namespace {
+
+Texto lerArquivo(const std::filesystem::path& caminho) {
+    std::ifstream arquivo(caminho, std::ios::binary);
+    EXPECT_TRUE(arquivo) << caminho;
+    return {std::istreambuf_iterator<char>(arquivo), {}};
+}
+
+/// A change of one field: of the record of a letter, the `vez`-th (1-based) or the last (0).
+struct Troca {
+    char letra = 0;
+    std::size_t vez = 0;
+    Texto campo;
+    Texto valor;
+};
+
+/// One case of samples/variacoes.txt.
+struct Variacao {
+    std::string nome;
+    std::vector<std::pair<std::string, std::string>> linhas; ///< operation on records, and on which
+    std::vector<Troca> trocas;
+    std::vector<std::pair<std::string, std::string>> leiaute; ///< text of the description, and what takes its place
+    Texto convenio;
+    std::int16_t posicaoDaData = 0;
+    Texto esperado; ///< "id | line", each ended by a line feed
+};
+
+/// "T", "T[2]" or "T[*]": the last, the second, all (-1).
+std::pair<char, int> lerAlvo(const std::string& alvo) {
+    if (alvo.size() == 1) return {alvo[0], 0};
+    return {alvo[0], alvo[2] == '*' ? -1 : std::stoi(alvo.substr(2))};
+}
+
+Troca lerTroca(const std::string& linha) {
+    const std::size_t igual = linha.find(" =");
+    const std::size_t ponto = linha.find('.');
+    const auto [letra, vez] = lerAlvo(linha.substr(0, ponto));
+    const std::string valor = linha.size() > igual + 3 ? linha.substr(igual + 3) : std::string();
+    return {letra, static_cast<std::size_t>(vez), linha.substr(ponto + 1, igual - ponto - 1), textoDeUtf8(valor)};
+}
+
+std::vector<Variacao> lerVariacoes() {
+    std::vector<Variacao> variacoes;
+    std::istringstream texto(lerArquivo(QUILATADOR_SAMPLES "/variacoes.txt"));
+    for (std::string linha; std::getline(texto, linha);) {
+        if (linha.empty() || linha[0] == '#') continue;
+        if (linha[0] == '[') {
+            variacoes.emplace_back().nome = linha.substr(1, linha.size() - 2);
+        } else if (linha.find(" | ") != std::string::npos) {
+            variacoes.back().esperado += textoDeUtf8(linha) + "\n";
+        } else if (linha.starts_with("remover ") || linha.starts_with("repetir ") || linha.starts_with("cortar ")) {
+            const std::size_t branco = linha.find(' ');
+            variacoes.back().linhas.emplace_back(linha.substr(0, branco), linha.substr(branco + 1));
+        } else if (linha.starts_with("leiaute ")) {
+            const std::size_t seta = linha.find(" => ");
+            variacoes.back().leiaute.emplace_back(linha.substr(8, seta - 8), linha.substr(seta + 4));
+        } else if (linha.starts_with("convenio ")) {
+            variacoes.back().convenio = linha.substr(9);
+        } else if (linha.starts_with("data ")) {
+            variacoes.back().posicaoDaData = static_cast<std::int16_t>(std::stoi(linha.substr(5)));
+        } else {
+            variacoes.back().trocas.push_back(lerTroca(linha));
+        }
+    }
+    return variacoes;
+}
+
+/// The sample remittance, to be changed.
+class Remessa {
+  public:
+    explicit Remessa(const ArquivoRemessa& leiaute) : leiaute_(leiaute) {
+        std::istringstream texto(lerArquivo(QUILATADOR_SAMPLES "/remessa-valida/remessa.rem"));
+        for (std::string linha; std::getline(texto, linha, '\r'); texto.ignore(1))
+            linhas_.push_back(linha);
+    }
+
+    void mudar(const Variacao& variacao) {
+        for (const auto& [operacao, alvo] : variacao.linhas)
+            mudarLinhas(operacao, alvo);
+        for (std::size_t i = 0; i < linhas_.size(); ++i) {
+            linhas_[i].replace(234, 6, comZeros(static_cast<long long>(i + 1), linhas_[i].size() - 234));
+            linhas_[i].replace(1, variacao.convenio.size(), variacao.convenio);
+        }
+        for (const Troca& troca : variacao.trocas)
+            trocar(troca);
+    }
+
+    [[nodiscard]] Texto texto() const {
+        Texto texto;
+        for (const Texto& linha : linhas_)
+            texto += linha + "\r\n";
+        return texto;
+    }
+
+  private:
+    [[nodiscard]] std::vector<std::size_t> lugares(char letra) const {
+        std::vector<std::size_t> lugares;
+        for (std::size_t i = 0; i < linhas_.size(); ++i)
+            if (linhas_[i].front() == letra) lugares.push_back(i);
+        return lugares;
+    }
+
+    void mudarLinhas(const std::string& operacao, const std::string& alvo) {
+        const auto [letra, vez] = lerAlvo(alvo);
+        const std::vector<std::size_t> todos = lugares(letra);
+        for (std::size_t i = todos.size(); i-- > 0;) {
+            const bool escolhido =
+                vez == -1 || (vez == 0 ? i + 1 == todos.size() : i + 1 == static_cast<std::size_t>(vez));
+            if (!escolhido) continue;
+            const auto lugar = linhas_.begin() + static_cast<std::ptrdiff_t>(todos[i]);
+            if (operacao == "repetir")
+                linhas_.insert(lugar, Texto(*lugar));
+            else if (operacao == "remover")
+                linhas_.erase(lugar);
+            else
+                lugar->pop_back();
+        }
+    }
+
+    void trocar(const Troca& troca) {
+        const std::vector<std::size_t> todos = lugares(troca.letra);
+        ASSERT_GE(todos.size(), std::max<std::size_t>(troca.vez, 1)) << troca.letra;
+        Texto& linha = linhas_[troca.vez == 0 ? todos.back() : todos[troca.vez - 1]];
+        const auto tipo = std::ranges::find_if(leiaute_.tiposRegistros(),
+                                               [&](const auto& t) { return t->nome().front() == troca.letra; });
+        const CampoRemessa& campo = (*tipo)->obterCampo(troca.campo);
+        const auto largura = static_cast<std::size_t>(campo.Tamanho());
+        ASSERT_LE(troca.valor.size(), largura) << troca.campo;
+        Texto valor = troca.valor;
+        valor.resize(largura, ' ');
+        linha.replace(static_cast<std::size_t>(campo.inicio() - 1), largura, valor);
+    }
+
+    const ArquivoRemessa& leiaute_;
+    std::vector<Texto> linhas_;
+};
+
+/// What a run found, as the file of cases has it.
+Texto achadosComoTexto(const RelatorMemoria& relator) {
+    Texto texto;
+    for (const Achado& achado : relator.achados) {
+        texto += junta(achado.id, " | ");
+        if (achado.gravidade == Gravidade::Erro) texto += junta("** ERRO -> Linha ", comZeros(achado.linha, 6), " - ");
+        texto += junta(achado.mensagem, "\n");
+    }
+    const Resumo& resumo = relator.resumos.back();
+    return resumo.descricao.empty() ? texto : texto + junta("falha | ", resumo.descricao, "\n");
+}
+
+class Variacoes : public testing::TestWithParam<Variacao> {
+  protected:
+    Variacoes() { mundo_.arquivos.conteudo["/programa/Arquivo_ZUL702.xml"] = lerArquivo(QUILATADOR_LEIAUTE); }
+
+    Texto depurar(const Variacao& variacao) {
+        Texto& descricao = mundo_.arquivos.conteudo["/programa/Arquivo_ZUL702.xml"];
+        for (const auto& [antes, depois] : variacao.leiaute) {
+            const std::size_t lugar = descricao.find(antes);
+            if (lugar == Texto::npos) return "the layout has no such text: " + antes;
+            descricao.replace(lugar, antes.size(), depois);
+        }
+        const auto leiaute =
+            ArquivoRemessaBD::obterArquivoRemessa("/programa/Arquivo_ZUL702.xml", mundo_.arquivos, mundo_.painel);
+        Remessa remessa(*leiaute);
+        remessa.mudar(variacao);
+        mundo_.arquivos.conteudo["/r.rem"] = remessa.texto();
+        Depurador depurador(mundo_.ambiente, globais_);
+        depurador.adicionarRelator(relator_);
+        depurador.PosicaoDataBarra = variacao.posicaoDaData;
+        depurador.FormatoDataBarra = "AAAAMMDD";
+        depurador.DepurarArquivo("/r.rem");
+        return achadosComoTexto(relator_);
+    }
+
+    MundoFalso mundo_;
+    modVariaveis globais_;
+    RelatorMemoria relator_;
+};
+
+TEST_P(Variacoes, achaIstoENadaMais) {
+    const Texto achado = depurar(GetParam());
+    EXPECT_EQ(utf8DeTexto(achado), utf8DeTexto(GetParam().esperado));
+    const Resumo& resumo = relator_.resumos.back();
+    const bool terminou = resumo.desfecho == Desfecho::Concluida;
+    EXPECT_EQ(terminou ? resumo.guiasAceitas + resumo.guiasRejeitadas : 0, terminou ? 1 : resumo.guiasAceitas);
+}
+
+INSTANTIATE_TEST_SUITE_P(Remessa, Variacoes, testing::ValuesIn(lerVariacoes()), [](const auto& caso) {
+    std::string nome = caso.param.nome;
+    std::ranges::replace(nome, '-', '_');
+    return nome;
+});
+
+/// The ids of the catalogue: those of its table rows, and apart those under the heading "Never written".
+struct Catalogo {
+    std::set<std::string> escritos;
+    std::set<std::string> nuncaEscritos;
+};
+
+Catalogo lerCatalogo() {
+    Catalogo catalogo;
+    bool nunca = false;
+    std::istringstream texto(lerArquivo(QUILATADOR_DOCS "/findings.md"));
+    for (std::string linha; std::getline(texto, linha);) {
+        if (linha.starts_with("## ")) nunca = linha.find("Never written") != std::string::npos;
+        if (!linha.starts_with("| `")) continue;
+        (nunca ? catalogo.nuncaEscritos : catalogo.escritos).insert(linha.substr(3, linha.find('`', 3) - 3));
+    }
+    return catalogo;
+}
+
+TEST(Catalogo, temCadaAchadoDasAmostrasENenhumOutro) {
+    std::set<std::string> produzidos;
+    for (const Variacao& variacao : lerVariacoes()) {
+        std::istringstream linhas(variacao.esperado);
+        for (std::string linha; std::getline(linhas, linha);)
+            if (!linha.starts_with("falha |")) produzidos.insert(linha.substr(0, linha.find(" | ")));
+    }
+    std::set<std::string> daRemessa;
+    for (const std::string& id : lerCatalogo().escritos)
+        if (!id.starts_with("zul708.") && !id.starts_with("tav001.")) daRemessa.insert(id);
+    EXPECT_EQ(produzidos, daRemessa);
+}
+
+} // namespace
+} // namespace quilatador::testes
