@@ -97,23 +97,16 @@ std::int16_t arredondarParaInteiro(double numero) {
 }
 
 Texto formatarCentavos(VistaTexto centavos, VistaTexto separadorDeMilhar, VistaTexto separadorDecimal) {
+    Texto valor;
     Texto lidos;
-    bool negativo = false;
     if (!soDigitos(centavos)) {
         const double numero = std::nearbyint(lerNumero(centavos));
-        negativo = numero < 0;
+        if (numero < 0) valor.push_back('-');
         lidos = textoDoNumero(std::fabs(numero));
         centavos = lidos;
     }
-    centavos.remove_prefix(std::min(centavos.find_first_not_of('0'), centavos.size()));
-    const Texto digitos = Texto(centavos.size() < 3 ? 3 - centavos.size() : 0, '0').append(centavos); // "0,05" at least
-    Texto valor(negativo ? "-" : "");
-    const std::size_t inteiros = digitos.size() - 2;
-    for (std::size_t i = 0; i < inteiros; ++i) {
-        if (i > 0 && (inteiros - i) % 3 == 0) valor.append(separadorDeMilhar);
-        valor.push_back(digitos[i]);
-    }
-    return valor.append(separadorDecimal).append(digitos, inteiros);
+    juntarCentavos(valor, centavos, separadorDeMilhar, separadorDecimal);
+    return valor;
 }
 
 } // namespace quilatador

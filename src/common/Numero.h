@@ -2,6 +2,7 @@
 
 #include "common/Texto.h"
 
+#include <algorithm>
 #include <cstdint>
 
 namespace quilatador {
@@ -26,5 +27,22 @@ namespace quilatador {
 /// An amount given in cents as digits (one that is not all digits is read with `lerNumero`), with the format
 /// "#,##0.00": two decimals and the separators given. Computed on the digits: none is lost, however many there are.
 [[nodiscard]] Texto formatarCentavos(VistaTexto centavos, VistaTexto separadorDeMilhar, VistaTexto separadorDecimal);
+
+/// The same at the end of `destino`, for cents that are digits only.
+template <typename Destino>
+void juntarCentavos(Destino& destino, VistaTexto digitos, VistaTexto separadorDeMilhar, VistaTexto separadorDecimal) {
+    constexpr std::size_t decimais = 2;
+    digitos.remove_prefix(std::min(digitos.find_first_not_of('0'), digitos.size()));
+    if (digitos.size() <= decimais) {
+        destino.append("0").append(separadorDecimal).append(VistaTexto("00").substr(digitos.size())).append(digitos);
+        return;
+    }
+    const std::size_t inteiros = digitos.size() - decimais;
+    const std::size_t primeiros = (inteiros - 1) % 3 + 1; // the rest is threes
+    destino.append(digitos.substr(0, primeiros));
+    for (std::size_t i = primeiros; i < inteiros; i += 3)
+        destino.append(separadorDeMilhar).append({digitos.data() + i, 3});
+    destino.append(separadorDecimal).append(digitos.substr(inteiros));
+}
 
 } // namespace quilatador

@@ -12,6 +12,8 @@ namespace {
 
 constexpr VistaTexto tituloDasMensagens = "Erro!";
 constexpr std::uint64_t bytesPorRegistro = 240;
+/// So much is written to the file at once, without a copy in between.
+constexpr std::size_t blocoCheio = 256 * 1024;
 
 std::int32_t registrosEstimados(std::uint64_t bytes) noexcept {
     constexpr std::uint64_t maximo = std::numeric_limits<std::int32_t>::max();
@@ -44,6 +46,7 @@ void AnaliseDeRetorno::rodar(const std::atomic<bool>& cancelado) {
         escrever("");
         analisar(*leitor, cancelado);
         leitor.reset();
+        entregarBloco();
         log_->fechar();
         ambiente_.lancador.abrirTexto(nomeArquivoLog_);
     } catch (const FalhaDoLog& falha) {
@@ -101,6 +104,7 @@ Desfecho AnaliseDeRetorno::percorrer(LeitorDeLinhas& leitor, Progresso& progress
             }
         }
         tratarLinha(*linha);
+        if (bloco_.texto().size() >= blocoCheio) entregarBloco();
         ambiente_.painel.avancar(progresso);
     }
     return cancelar(Desfecho::Cancelada);
@@ -113,13 +117,22 @@ void AnaliseDeRetorno::naoCompletar(const Falha& falha) {
 }
 
 void AnaliseDeRetorno::escrever(VistaTexto linha) {
+    entregarBloco();
     log_->linha(linha);
     for (Relator* const ouvinte : pedido_.ouvintes)
         ouvinte->linha(linha);
 }
 
-void AnaliseDeRetorno::escreverBloco(VistaTexto linhas) {
+void AnaliseDeRetorno::escrever(const Achado& achado) {
+    entregarBloco();
+    log_->achado(achado);
+    for (Relator* const ouvinte : pedido_.ouvintes)
+        ouvinte->achado(achado);
+}
+
+void AnaliseDeRetorno::entregarBloco() {
     constexpr VistaTexto fimDeLinha = "\r\n";
+    VistaTexto linhas = bloco_.texto();
     log_->bytes(linhas);
     while (!pedido_.ouvintes.empty() && !linhas.empty()) {
         const VistaTexto linha = linhas.substr(0, linhas.find(fimDeLinha));
@@ -127,12 +140,7 @@ void AnaliseDeRetorno::escreverBloco(VistaTexto linhas) {
             ouvinte->linha(linha);
         linhas.remove_prefix(std::min(linha.size() + fimDeLinha.size(), linhas.size()));
     }
-}
-
-void AnaliseDeRetorno::escrever(const Achado& achado) {
-    log_->achado(achado);
-    for (Relator* const ouvinte : pedido_.ouvintes)
-        ouvinte->achado(achado);
+    bloco_.esvaziar();
 }
 
 void AnaliseDeRetorno::mostrar(Rotulo rotulo, VistaTexto texto) {

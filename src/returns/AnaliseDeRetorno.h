@@ -5,6 +5,7 @@
 #include "common/RelatorLog.h"
 #include "globals/modVariaveis.h"
 #include "layout/LeitorDeLinhas.h"
+#include "returns/Bloco.h"
 #include "returns/ConsultasDaRodada.h"
 
 #include <atomic>
@@ -65,9 +66,9 @@ class AnaliseDeRetorno {
     void contarErro() noexcept { ++resumo_.totalErros; }
 
     void escrever(VistaTexto linha);
-    /// The same for lines that are made at once, each with its CR LF.
-    void escreverBloco(VistaTexto linhas);
     void escrever(const Achado& achado);
+    /// Where whoever writes very much puts its lines, each with its CR LF: they come before what is written next.
+    [[nodiscard]] Bloco& bloco() noexcept { return bloco_; }
     /// Shows a text in a label, and lets the window handle its events.
     void mostrar(Rotulo rotulo, VistaTexto texto);
 
@@ -76,12 +77,14 @@ class AnaliseDeRetorno {
     [[nodiscard]] std::optional<LeitorDeLinhas> abrirEntrada();
     void analisar(LeitorDeLinhas& leitor, const std::atomic<bool>& cancelado);
     [[nodiscard]] Desfecho percorrer(LeitorDeLinhas& leitor, Progresso& progresso, const std::atomic<bool>& cancelado);
+    void entregarBloco();
     void naoCompletar(const Falha& falha);
 
     Ambiente& ambiente_;
     const PedidoDeRetorno& pedido_;
     std::filesystem::path nomeArquivoLog_;
     std::unique_ptr<RelatorLog> log_;
+    Bloco bloco_;
     ConsultasDaRodada consultas_;
     Resumo resumo_;
 };

@@ -46,8 +46,9 @@ std::uint32_t numero32(VistaTexto bytes, std::size_t posicao) {
 /// Calls `receber` for each page that a bitmap marks; the first bit stands for the page `primeira`.
 template <typename Receber>
 void percorrerBits(VistaTexto bits, std::uint64_t primeira, Receber receber) {
-    for (std::size_t i = 0; i < bits.size() * 8; ++i)
-        if ((static_cast<unsigned char>(bits[i / 8]) >> (i % 8) & 1u) != 0) receber(primeira + i);
+    for (std::size_t i = 0; i < bits.size(); ++i)
+        for (unsigned bit = 0, byte = static_cast<unsigned char>(bits[i]); byte != 0; ++bit, byte >>= 1)
+            if ((byte & 1u) != 0) receber(primeira + 8 * i + bit);
 }
 
 /// A text up to its first NUL, of one (Jet 3) or two bytes a character.

@@ -1,6 +1,5 @@
 #include "returns/modTrataTAV001.h"
 
-#include "common/Falha.h"
 #include "common/Numero.h"
 
 #include <array>
@@ -21,8 +20,25 @@ struct Exigencia {
 constexpr std::array exigencias{Exigencia{"TipoReg", 1, "A"}, Exigencia{"CodigoRemessa", 2, "2"},
                                 Exigencia{"VersaoLayout", 80, "03"}};
 
-/// A report is made of many small texts: those of one record are joined in a block, always the same one, and written
-/// at once.
+/// A line that may end before any of its fields does.
+struct LinhaQualquer {
+    VistaTexto texto;
+
+    [[nodiscard]] VistaTexto campo(std::size_t inicio, std::size_t tamanho) const {
+        return trecho(texto, inicio, tamanho);
+    }
+};
+
+/// A line long enough for all fields of a payment: their lengths are known when this is compiled.
+struct PagamentoInteiro {
+    static constexpr std::size_t tamanho = 141;
+    const char* texto;
+
+    [[nodiscard]] VistaTexto campo(std::size_t inicio, std::size_t quantos) const {
+        return {texto + inicio - 1, quantos};
+    }
+};
+
 class RelatorioTAV001 final : public AnaliseDeRetorno {
   public:
     RelatorioTAV001(Ambiente& ambiente, const modVariaveis& globais, const PedidoDeRetorno& pedido)
@@ -34,17 +50,17 @@ class RelatorioTAV001 final : public AnaliseDeRetorno {
     [[nodiscard]] std::optional<Achado> tratarHeader(VistaTexto linha) override;
     void tratarLinha(VistaTexto linha) override;
 
-    void juntarPagamento(VistaTexto linha);
+    template <typename Linha>
+    void juntarPagamento(Linha linha);
     void juntarTotais(VistaTexto linha);
-    void juntar(VistaTexto rotulo, VistaTexto valor);
-    void juntarData(VistaTexto rotulo, VistaTexto data);
+    void juntar(VistaTexto rotulo, VistaTexto valor) { bloco().append(rotulo).append(valor).append("\r\n"); }
+    template <typename Linha>
+    void juntarData(VistaTexto rotulo, Linha linha, std::size_t inicio);
     void juntarValor(VistaTexto rotulo, VistaTexto centavos);
     void juntarSeparador();
-    void escreverBlocoEmMaos();
 
     Texto milhar_;
     Texto decimal_;
-    Texto bloco_;
 };
 
 std::optional<Achado> RelatorioTAV001::tratarHeader(VistaTexto linha) {
@@ -66,37 +82,33 @@ std::optional<Achado> RelatorioTAV001::tratarHeader(VistaTexto linha) {
     juntar("Empresa/Órgão..........: "_t, trecho(linha, 23, 20));
     juntar("Código do Banco........: "_t, trecho(linha, 43, 3));
     juntar("Nome do Banco..........: ", trecho(linha, 46, 20));
-    juntarData("Data Geração do Arquivo: "_t, trecho(linha, 66, 8));
+    juntarData("Data Geração do Arquivo: "_t, LinhaQualquer{linha}, 66);
     juntar("Sequencial.............: ", trecho(linha, 74, 6));
     juntar("Versão do Leiaute......: "_t, trecho(linha, 80, 2));
     juntarSeparador();
-    escreverBlocoEmMaos();
     return std::nullopt;
 }
 
 void RelatorioTAV001::tratarLinha(VistaTexto linha) {
-    try {
-        if (linha.starts_with('G')) juntarPagamento(linha);
-        if (linha.starts_with('Z')) juntarTotais(linha);
-    } catch (const Falha&) {
-        escreverBlocoEmMaos(); // what comes before the code that could not be looked up
-        throw;
-    }
-    escreverBlocoEmMaos();
+    const bool pagamento = linha.starts_with('G');
+    if (pagamento && linha.size() >= PagamentoInteiro::tamanho) juntarPagamento(PagamentoInteiro{linha.data()});
+    if (pagamento && linha.size() < PagamentoInteiro::tamanho) juntarPagamento(LinhaQualquer{linha});
+    if (linha.starts_with('Z')) juntarTotais(linha);
 }
 
-void RelatorioTAV001::juntarPagamento(VistaTexto linha) {
-    juntar("Agência/Conta Creditada: "_t, trecho(linha, 2, 20));
-    juntarData("Data de Pagamento......: ", trecho(linha, 22, 8));
-    juntarData("Data de Crédito........: "_t, trecho(linha, 30, 8));
-    juntar("Código de Barras.......: "_t, trecho(linha, 38, 44));
-    juntarValor("Valor Recebido.........: ", trecho(linha, 82, 12));
-    juntarValor("Valor da Tarifa........: ", trecho(linha, 94, 7));
-    juntar("Sequencial de Registro.: ", trecho(linha, 101, 8));
-    juntar("Agência Arrecadadora...: "_t, trecho(linha, 109, 8));
-    juntar("Forma de Arrecadação...: "_t, consultas().formaArrecadacao(trecho(linha, 117, 1)));
-    juntar("Autenticação...........: "_t, trecho(linha, 118, 23));
-    juntar("Forma de Pagamento.....: ", consultas().formaPagamento(trecho(linha, 141, 1)));
+template <typename Linha>
+void RelatorioTAV001::juntarPagamento(Linha linha) {
+    juntar("Agência/Conta Creditada: "_t, linha.campo(2, 20));
+    juntarData("Data de Pagamento......: ", linha, 22);
+    juntarData("Data de Crédito........: "_t, linha, 30);
+    juntar("Código de Barras.......: "_t, linha.campo(38, 44));
+    juntarValor("Valor Recebido.........: ", linha.campo(82, 12));
+    juntarValor("Valor da Tarifa........: ", linha.campo(94, 7));
+    juntar("Sequencial de Registro.: ", linha.campo(101, 8));
+    juntar("Agência Arrecadadora...: "_t, linha.campo(109, 8));
+    juntar("Forma de Arrecadação...: "_t, consultas().formaArrecadacao(linha.campo(117, 1)));
+    juntar("Autenticação...........: "_t, linha.campo(118, 23));
+    juntar("Forma de Pagamento.....: ", consultas().formaPagamento(linha.campo(141, 1)));
     juntarSeparador();
 }
 
@@ -106,29 +118,26 @@ void RelatorioTAV001::juntarTotais(VistaTexto linha) {
     juntar("", "");
 }
 
-void RelatorioTAV001::juntar(VistaTexto rotulo, VistaTexto valor) {
-    bloco_.append(rotulo).append(valor).append("\r\n");
-}
-
 /// A date year-month-day is shown as day/month/year, whatever stands in its places.
-void RelatorioTAV001::juntarData(VistaTexto rotulo, VistaTexto data) {
-    bloco_.append(rotulo).append(trecho(data, 7, 2)).append("/");
-    bloco_.append(trecho(data, 5, 2)).append("/").append(trecho(data, 1, 4)).append("\r\n");
+template <typename Linha>
+void RelatorioTAV001::juntarData(VistaTexto rotulo, Linha linha, std::size_t inicio) {
+    bloco().append(rotulo).append(linha.campo(inicio + 6, 2)).append("/");
+    bloco().append(linha.campo(inicio + 4, 2)).append("/").append(linha.campo(inicio, 4)).append("\r\n");
 }
 
 void RelatorioTAV001::juntarValor(VistaTexto rotulo, VistaTexto centavos) {
-    juntar(rotulo, formatarCentavos(centavos, milhar_, decimal_));
+    if (!soDigitos(centavos)) {
+        juntar(rotulo, formatarCentavos(centavos, milhar_, decimal_));
+        return;
+    }
+    juntarCentavos(bloco().append(rotulo), centavos, milhar_, decimal_);
+    bloco().append("\r\n");
 }
 
 void RelatorioTAV001::juntarSeparador() {
     juntar("", "");
     juntar(separador, "");
     juntar("", "");
-}
-
-void RelatorioTAV001::escreverBlocoEmMaos() {
-    escreverBloco(bloco_);
-    bloco_.clear();
 }
 
 } // namespace
