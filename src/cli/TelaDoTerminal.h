@@ -33,6 +33,9 @@ class TelaDoTerminal : public Tela {
     void habilitar(Controle, bool) override {}
     void legenda(Controle, VistaTexto) override {}
     void focar(Controle) override {}
+    void marcar(Controle, bool) override {}
+    void escrever(Controle, VistaTexto) override {}
+    void nomeArquivo(const std::filesystem::path&) override {}
     void fechar() override {}
 
   private:

@@ -63,10 +63,14 @@ bool frmImportacao::iniciar() {
 }
 
 std::optional<Resumo> frmImportacao::analisar(const Pedido& pedido) {
-    if (pedido.tipoArquivo != TipoArquivo::ZUL702) return analisarRetorno(pedido);
-    if (pedido.comData && recusar(recusaDoFormato(pedido.PosicaoDataBarra, pedido.FormatoDataBarra)))
+    const bool remessa = pedido.tipoArquivo == TipoArquivo::ZUL702;
+    if (remessa && pedido.comData && recusar(recusaDoFormato(pedido.PosicaoDataBarra, pedido.FormatoDataBarra)))
         return std::nullopt;
-    return analisarRemessa(pedido);
+    analisando_ = true;
+    cancelado_ = false;
+    const Resumo resumo = remessa ? analisarRemessa(pedido) : analisarRetorno(pedido);
+    analisando_ = false;
+    return resumo;
 }
 
 bool frmImportacao::recusar(const std::optional<Texto>& motivo) {
@@ -86,9 +90,7 @@ Resumo frmImportacao::analisarRemessa(const Pedido& pedido) {
     Depurador& validador = depurador();
     if (pedido.comData) validador.FormatoDataBarra = pedido.FormatoDataBarra;
     validador.PosicaoDataBarra = pedido.comData ? Valor(pedido.PosicaoDataBarra).paraInteiro() : std::int16_t{0};
-    depurando_ = true;
     const Resumo resumo = validador.DepurarArquivo(pedido.nomeArquivo, pedido.nomeArquivoLog);
-    depurando_ = false;
 
     avisarFim();
     tela_.legenda(Controle::cmdCancela, "&Fechar");
@@ -139,10 +141,9 @@ void frmImportacao::avisarFim() {
 }
 
 void frmImportacao::cancelar() {
-    if (depurando_)
-        interromper();
-    else
-        tela_.fechar();
+    if (!analisando_) return tela_.fechar();
+    cancelado_ = true;
+    interromper();
 }
 
 void frmImportacao::interromper() {

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "frontend/frmImportacao.h"
+#include "frontend/frmSobre.h"
+#include "frontend/qt/Dialogos.h"
+#include "frontend/qt/JanelaPrincipal.h"
+#include "frontend/qt/TelaQt.h"
+
+namespace quilatador {
+
+/// What the window needs of the machine.
+struct Maquina {
+    Relogio& relogio;
+    Localidade& localidade;
+    Lancador& lancador;
+    Arquivos& arquivos;
+    Dialogos& dialogos;
+    std::filesystem::path pastaDoPrograma; ///< where the layout description, the database and the help are
+    std::filesystem::path programa;        ///< the running program's own file
+};
+
+/// The program behind the window: puts rules and controls together.
+class Aplicacao final {
+  public:
+    explicit Aplicacao(const Maquina& maquina);
+    Aplicacao(const Aplicacao&) = delete;
+    Aplicacao& operator=(const Aplicacao&) = delete;
+    ~Aplicacao();
+
+    /// Loads the window and shows it. False, after a message box, where the program has to end instead.
+    [[nodiscard]] bool iniciar();
+    /// Takes a file as though it had been dropped on the window.
+    void receber(const std::filesystem::path& arquivo);
+
+    [[nodiscard]] JanelaPrincipal& janela() noexcept { return janela_; }
+
+  private:
+    void ligarPedido();
+    void ligarBotoes();
+    void mostrarSobre();
+
+    JanelaPrincipal janela_;
+    TelaQt tela_;
+    Ambiente ambiente_;
+    modVariaveis globais_;
+    frmImportacao formulario_;
+    frmSobre sobre_;
+    Dialogos& dialogos_;
+};
+
+} // namespace quilatador

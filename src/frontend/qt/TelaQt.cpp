@@ -1,0 +1,110 @@
+#include "frontend/qt/TelaQt.h"
+
+#include "frontend/qt/Conversoes.h"
+
+#include <QCoreApplication>
+
+#include <cassert>
+
+namespace quilatador {
+
+namespace {
+
+using namespace std::chrono_literals;
+constexpr Relogio::Instante intervaloDosQuadros = 33ms;
+/// Reading the clock costs a good part of what a record does, so it is read once in so many.
+constexpr std::int32_t registrosPorLeitura = 256;
+
+} // namespace
+
+TelaQt::TelaQt(JanelaPrincipal& janela, Dialogos& dialogos, const Relogio& relogio, std::function<void()> aoAtender)
+    : janela_(janela), dialogos_(dialogos), relogio_(relogio), aoAtender_(std::move(aoAtender)) {
+    for (std::size_t i = 0; i < totalDeControles; ++i) {
+        controles_[i] = janela.findChild<QWidget*>(paraQt(nomeDoControle(static_cast<Controle>(i))));
+        assert(controles_[i] && "the window lacks a control that the rules know");
+    }
+}
+
+QWidget* TelaQt::widget(Controle controle) const {
+    return controles_[static_cast<std::size_t>(controle)];
+}
+
+QAbstractButton* TelaQt::botao(Controle controle) const {
+    return qobject_cast<QAbstractButton*>(widget(controle));
+}
+
+/// Comes with every slip, mostly with the text that is there.
+void TelaQt::rotulo(Rotulo qual, VistaTexto texto) {
+    Texto& mostrado = rotulos_[qual];
+    if (mostrado == texto && !texto.empty()) return;
+    mostrado = Texto(texto);
+    janela_.progresso->rotulo(qual, texto);
+}
+
+void TelaQt::iniciarProgresso(const Progresso& progresso) {
+    janela_.progresso->totalDeGuias(primeirasGuias());
+    janela_.progresso->mostrar(progresso, progresso.inicio);
+}
+
+void TelaQt::avancar(const Progresso& progresso) {
+    if (progresso.registroAtual % registrosPorLeitura != 0) return;
+    const auto agora = relogio_.agora();
+    if (agora - ultimoQuadro_ < intervaloDosQuadros) return;
+    ultimoQuadro_ = agora;
+    janela_.progresso->mostrar(progresso, agora);
+    processarEventos();
+}
+
+void TelaQt::concluirProgresso(const Progresso& progresso) {
+    janela_.progresso->mostrar(progresso, relogio_.agora());
+}
+
+void TelaQt::processarEventos() {
+    QCoreApplication::processEvents();
+    aoAtender_();
+}
+
+void TelaQt::mensagem(const Mensagem& mensagem) {
+    dialogos_.mensagem(janela_, mensagem);
+}
+
+std::optional<double> TelaQt::primeirasGuias() const {
+    return janela_.pedido->primeirasGuias();
+}
+
+void TelaQt::mostrar(Controle controle, bool visivel) {
+    widget(controle)->setVisible(visivel);
+}
+
+void TelaQt::habilitar(Controle controle, bool habilitado) {
+    widget(controle)->setEnabled(habilitado);
+}
+
+void TelaQt::legenda(Controle controle, VistaTexto texto) {
+    botao(controle)->setText(paraQt(texto));
+}
+
+void TelaQt::focar(Controle controle) {
+    widget(controle)->setFocus(Qt::TabFocusReason); // which selects a box's content, ready to be typed over
+}
+
+void TelaQt::marcar(Controle controle, bool marcado) {
+    botao(controle)->setChecked(marcado);
+}
+
+void TelaQt::escrever(Controle controle, VistaTexto texto) {
+    if (auto* caixa = qobject_cast<QLineEdit*>(widget(controle)))
+        caixa->setText(paraQt(texto));
+    else if (auto* lista = qobject_cast<QComboBox*>(widget(controle)))
+        lista->setCurrentText(paraQt(texto));
+}
+
+void TelaQt::nomeArquivo(const std::filesystem::path& caminho) {
+    janela_.pedido->txtNomeArquivo->setText(caminhoParaQt(caminho));
+}
+
+void TelaQt::fechar() {
+    janela_.close();
+}
+
+} // namespace quilatador

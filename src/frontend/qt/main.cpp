@@ -1,0 +1,44 @@
+#include "frontend/qt/Aplicacao.h"
+#include "frontend/qt/Conversoes.h"
+#include "frontend/qt/DialogosQt.h"
+#include "platform/ArquivosDoSistema.h"
+#include "platform/LancadorDoSistema.h"
+#include "platform/LocalidadeDoSistema.h"
+#include "platform/Pastas.h"
+#include "platform/RelogioDoSistema.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QIcon>
+#include <QLibraryInfo>
+#include <QTranslator>
+
+int main(int argc, char** argv) {
+    using namespace quilatador;
+    QApplication programa(argc, argv);
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/logo.svg")));
+    QGuiApplication::setDesktopFileName(QStringLiteral("quilatador"));
+
+    QTranslator traducao; // the texts of Qt's own dialogs and menus; ours are in Portuguese whatever the system's are
+    if (traducao.load(QStringLiteral("qtbase_pt_BR"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(&traducao);
+
+    RelogioDoSistema relogio;
+    LocalidadeDoSistema localidade;
+    LancadorDoSistema lancador;
+    ArquivosDoSistema arquivos;
+    DialogosQt dialogos;
+    Aplicacao aplicacao({.relogio = relogio,
+                         .localidade = localidade,
+                         .lancador = lancador,
+                         .arquivos = arquivos,
+                         .dialogos = dialogos,
+                         .pastaDoPrograma = pastaDoPrograma(),
+                         .programa = caminhoDeQt(QApplication::applicationFilePath())});
+    if (!aplicacao.iniciar()) return 1;
+    const QStringList argumentos = QApplication::arguments();
+    if (argumentos.size() > 1)
+        aplicacao.receber(caminhoDeQt(QDir::toNativeSeparators(QFileInfo(argumentos[1]).absoluteFilePath())));
+    return QApplication::exec();
+}
