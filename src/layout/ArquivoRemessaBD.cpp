@@ -3,6 +3,7 @@
 #include "common/Falha.h"
 #include "common/Numero.h"
 
+#include <cmath>
 #include <limits>
 #include <pugixml.hpp>
 #include <vector>
@@ -44,10 +45,11 @@ struct Elemento {
         return textoDeUtf8(valor.value());
     }
 
-    /// The number at the start of an attribute; with `inteiro`, all of the attribute must be a number.
+    /// The number at the start of an attribute, rounded with halves to even; with `inteiro`, all of the attribute
+    /// must be a number.
     [[nodiscard]] double numero(const char* atributo, double menor, double maior, bool inteiro = false) const {
         const Texto lido = texto(atributo);
-        const double numero = lerNumero(lido);
+        const double numero = std::nearbyint(lerNumero(lido));
         if (numero < menor || numero > maior || (inteiro && !ehNumerico(lido)))
             throw falhaDoLeiaute(junta(onde, ", atributo \"", atributo, "\": valor inválido \""_t, lido, "\""));
         return numero;
