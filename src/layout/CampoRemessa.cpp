@@ -67,7 +67,9 @@ Texto CampoRemessa::gerarTexto() {
 Texto CampoRemessa::gerarNumero() {
     const Texto* texto = valor_.comoTexto();
     if (valor_.nulo() || valor_.comoData() || (texto && !ehNumerico(*texto))) valor_ = 0;
-    return textoDoNumero(std::floor(valor_.paraDuplo() * potenciaDeDez(numeroDecimais_)) + 0.0); // + 0.0: never "-0"
+    const double inteiro = std::floor(valor_.paraDuplo() * potenciaDeDez(numeroDecimais_));
+    if (!std::isfinite(inteiro)) throw Falha(numeroDeFalha::estouro, "CampoRemessa", "Estouro");
+    return textoDoNumero(inteiro + 0.0); // + 0.0: never "-0"
 }
 
 Texto CampoRemessa::gerarData() const {

@@ -51,7 +51,7 @@ class CampoRemessa {
     void lerTexto(VistaTexto texto, int anoCorrente) { valor_ = interpretar(texto, anoCorrente); }
     /// The value in exactly `Tamanho` characters. A number is floored, and loses its high digits where it is too long.
     /// An unusable number becomes 0 and a null text "" in the field too. `Falha` 5 where a sequence number is longer
-    /// than the field.
+    /// than the field, 6 where a number with its decimal places is past all limits.
     [[nodiscard]] Texto gerarTexto();
     /// A field of the same definition and value, without positions and owner.
     [[nodiscard]] CampoRemessa copia() const;
