@@ -16,16 +16,6 @@ constexpr bool digito(char c) noexcept {
     return c >= '0' && c <= '9';
 }
 
-/// Digits that a 64-bit integer and a double both hold without loss.
-constexpr std::size_t digitosExatos = 15;
-
-double lerDigitos(VistaTexto digitos) noexcept {
-    std::int64_t numero = 0;
-    for (const char c : digitos)
-        numero = numero * 10 + (c - '0');
-    return static_cast<double>(numero);
-}
-
 /// What a number past the limits of a double becomes: the largest there is or, where it is too small, 0.
 double noLimite(VistaTexto numero) noexcept {
     const VistaTexto inteiros = numero.substr(0, numero.find('.'));
@@ -65,7 +55,7 @@ bool ehNumerico(VistaTexto texto) noexcept {
 }
 
 double lerNumero(VistaTexto texto) noexcept {
-    if (texto.size() <= digitosExatos && soDigitos(texto)) return lerDigitos(texto);
+    if (const auto numero = numeroDeDigitos(texto)) return *numero;
     Texto limpo;
     bool ponto = false;
     for (const char c : texto) {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <optional>
 
 namespace quilatador {
 
@@ -12,6 +13,21 @@ namespace quilatador {
 [[nodiscard]] bool ehNumerico(VistaTexto texto) noexcept;
 /// Whether a text has only the digits 0 to 9, and at least one.
 [[nodiscard]] bool soDigitos(VistaTexto texto) noexcept;
+
+/// The number of a text that is up to fifteen digits and nothing else, which nearly every numeric field is; none for
+/// any other text, be it numeric or not.
+[[nodiscard]] constexpr std::optional<double> numeroDeDigitos(VistaTexto texto) noexcept {
+    constexpr std::size_t digitosExatos = 15; // a double holds them without loss
+    if (texto.empty() || texto.size() > digitosExatos) return std::nullopt;
+    std::int64_t numero = 0;
+    bool digitos = true;
+    for (const char c : texto) {
+        const int digito = c - '0';
+        digitos = digitos && digito >= 0 && digito <= 9;
+        numero = numero * 10 + digito;
+    }
+    return digitos ? std::optional(static_cast<double>(numero)) : std::nullopt;
+}
 
 /// The number at the start of a text: blanks are skipped, "." is the decimal point, reading stops at the first
 /// character that cannot go on. 0 when nothing was read; never fails.

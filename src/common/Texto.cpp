@@ -92,27 +92,6 @@ bool iguaisSemCaixa(VistaTexto a, VistaTexto b) noexcept {
     return std::ranges::equal(a, b, [](char x, char y) { return minusculaAscii(x) == minusculaAscii(y); });
 }
 
-VistaTexto semBrancosAEsquerda(VistaTexto texto) noexcept {
-    texto.remove_prefix(std::min(texto.find_first_not_of(' '), texto.size()));
-    return texto;
-}
-
-VistaTexto semBrancosADireita(VistaTexto texto) noexcept {
-    return texto.substr(0, texto.find_last_not_of(' ') + 1);
-}
-
-VistaTexto semBrancos(VistaTexto texto) noexcept {
-    return semBrancosADireita(semBrancosAEsquerda(texto));
-}
-
-VistaTexto trecho(VistaTexto texto, std::size_t posicao, std::size_t tamanho) noexcept {
-    return posicao == 0 || posicao > texto.size() ? VistaTexto() : texto.substr(posicao - 1, tamanho);
-}
-
-VistaTexto ultimos(VistaTexto texto, std::size_t tamanho) noexcept {
-    return texto.substr(texto.size() - std::min(tamanho, texto.size()));
-}
-
 Texto comMascara(VistaTexto texto, VistaTexto mascara) {
     const auto lugares = static_cast<std::size_t>(std::ranges::count(mascara, '@'));
     const std::size_t sobra = texto.size() > lugares ? texto.size() - lugares : 0;

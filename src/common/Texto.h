@@ -34,14 +34,27 @@ using VistaUtf8 = std::u8string_view;
 [[nodiscard]] bool iguaisSemCaixa(VistaTexto a, VistaTexto b) noexcept;
 
 /// The text without leading blanks, without trailing blanks, without either. Only the space is a blank.
-[[nodiscard]] VistaTexto semBrancosAEsquerda(VistaTexto texto) noexcept;
-[[nodiscard]] VistaTexto semBrancosADireita(VistaTexto texto) noexcept;
-[[nodiscard]] VistaTexto semBrancos(VistaTexto texto) noexcept;
+[[nodiscard]] constexpr VistaTexto semBrancosAEsquerda(VistaTexto texto) noexcept {
+    const std::size_t brancos = texto.find_first_not_of(' ');
+    texto.remove_prefix(brancos == VistaTexto::npos ? texto.size() : brancos);
+    return texto;
+}
+[[nodiscard]] constexpr VistaTexto semBrancosADireita(VistaTexto texto) noexcept {
+    return texto.substr(0, texto.find_last_not_of(' ') + 1);
+}
+[[nodiscard]] constexpr VistaTexto semBrancos(VistaTexto texto) noexcept {
+    return semBrancosADireita(semBrancosAEsquerda(texto));
+}
 
 /// The characters from `posicao` (1-based), `tamanho` of them, or as many as there are: never fails.
-[[nodiscard]] VistaTexto trecho(VistaTexto texto, std::size_t posicao, std::size_t tamanho = VistaTexto::npos) noexcept;
+[[nodiscard]] constexpr VistaTexto trecho(VistaTexto texto, std::size_t posicao,
+                                          std::size_t tamanho = VistaTexto::npos) noexcept {
+    return posicao == 0 || posicao > texto.size() ? VistaTexto() : texto.substr(posicao - 1, tamanho);
+}
 /// The last `tamanho` characters, or all where there are fewer.
-[[nodiscard]] VistaTexto ultimos(VistaTexto texto, std::size_t tamanho) noexcept;
+[[nodiscard]] constexpr VistaTexto ultimos(VistaTexto texto, std::size_t tamanho) noexcept {
+    return tamanho < texto.size() ? texto.substr(texto.size() - tamanho) : texto;
+}
 
 /// The text laid into a mask: its characters take the places "@" from the right, other characters of the mask are
 /// copied. A text too short leaves blanks on the left, one too long keeps its surplus in front.

@@ -35,6 +35,9 @@ std::int16_t Valor::paraInteiro() const {
 }
 
 std::partial_ordering comparar(const Valor& a, const Valor& b) {
+    const double* numeroA = a.comoNumero();
+    const double* numeroB = b.comoNumero();
+    if (numeroA && numeroB) return *numeroA <=> *numeroB;
     if (a.nulo() || b.nulo()) return std::partial_ordering::unordered;
     const Texto* textoA = a.comoTexto();
     const Texto* textoB = b.comoTexto();

@@ -111,11 +111,13 @@ RegistroRemessa& ArquivoRemessa::semRegistro() {
 }
 
 std::optional<std::size_t> ArquivoRemessa::reconhecer(VistaTexto linha) {
-    prepararMarcas();
+    if (!marcasProntas_) prepararMarcas();
     std::size_t primeira = 0;
     if (posicaoComum_ > 0) {
         if (linha.size() < posicaoComum_) return std::nullopt;
         primeira = primeiraMarca_[static_cast<unsigned char>(linha[posicaoComum_ - 1])];
+        if (marcasDeUmCaractere_)
+            return primeira < marcas_.size() ? std::optional(marcas_[primeira].tipo) : std::nullopt;
     }
     for (std::size_t i = primeira; i < marcas_.size(); ++i)
         if (trecho(linha, marcas_[i].posicao, marcas_[i].texto.size()) == marcas_[i].texto) return marcas_[i].tipo;
@@ -124,7 +126,6 @@ std::optional<std::size_t> ArquivoRemessa::reconhecer(VistaTexto linha) {
 
 /// Finds out once what `RegistroRemessa::isRegistroTipo` would find out again for every type and line.
 void ArquivoRemessa::prepararMarcas() {
-    if (marcasProntas_) return;
     marcas_.clear();
     for (std::size_t i = 0; i < tipos_.size(); ++i) {
         const CampoRemessa& campo = tipos_[i]->obterCampo(tipos_[i]->identificador());
@@ -134,6 +135,7 @@ void ArquivoRemessa::prepararMarcas() {
     }
     const auto mesmaPosicao = [&](const Marca& m) { return m.posicao == marcas_.front().posicao && !m.texto.empty(); };
     posicaoComum_ = !marcas_.empty() && std::ranges::all_of(marcas_, mesmaPosicao) ? marcas_.front().posicao : 0;
+    marcasDeUmCaractere_ = std::ranges::all_of(marcas_, [](const Marca& m) { return m.texto.size() == 1; });
     primeiraMarca_.fill(static_cast<std::uint16_t>(marcas_.size()));
     for (std::size_t i = marcas_.size(); posicaoComum_ > 0 && i-- > 0;)
         primeiraMarca_[static_cast<unsigned char>(marcas_[i].texto.front())] = static_cast<std::uint16_t>(i);

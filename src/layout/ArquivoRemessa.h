@@ -86,6 +86,7 @@ class ArquivoRemessa {
     /// First mark that can match a line, by the character at `posicaoComum_`; only where all marks share a position.
     std::array<std::uint16_t, 256> primeiraMarca_{};
     std::size_t posicaoComum_ = 0;
+    bool marcasDeUmCaractere_ = false; ///< so that the first mark that can match does
     bool marcasProntas_ = false;
 
     std::optional<LeitorDeLinhas> leitor_;

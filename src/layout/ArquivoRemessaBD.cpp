@@ -116,8 +116,7 @@ std::unique_ptr<ArquivoRemessa> ArquivoRemessaBD::obterArquivoRemessa(const std:
     constexpr unsigned opcoes =
         pugi::parse_default | pugi::parse_declaration | pugi::parse_comments | pugi::parse_pi | pugi::parse_doctype;
     const auto lido = documento.load_buffer(conteudo.data(), conteudo.size(), opcoes);
-    if (!lido)
-        throw falhaDoLeiaute(junta("não é XML (byte "_t, std::to_string(lido.offset), ")"));
+    if (!lido) throw falhaDoLeiaute(junta("não é XML (byte "_t, std::to_string(lido.offset), ")"));
     auto arquivo = std::make_unique<ArquivoRemessa>(arquivos);
     for (const pugi::xml_node no : obterRaiz(documento, painel).children())
         arquivo->addTipoRegistro(lerTipo(exigirElemento(no, "Registro")));

@@ -25,16 +25,35 @@ Falha falhaDoCampo(VistaTexto nome, VistaTexto motivo) {
 
 } // namespace
 
+void CampoRemessa::natureza(Texto natureza) {
+    natureza_ = std::move(natureza);
+    tipo_ = natureza_ == "S"   ? Tipo::DeTexto
+            : natureza_ == "N" ? Tipo::DeNumero
+            : natureza_ == "D" ? Tipo::DeData
+            : natureza_ == "R" ? Tipo::DeContador
+                               : Tipo::SemConversao;
+}
+
 Valor CampoRemessa::interpretar(VistaTexto texto, int anoCorrente) const {
-    if (natureza_ == "S") return alinhamento_ == 1 ? semBrancosAEsquerda(texto) : semBrancosADireita(texto);
-    if (natureza_ == "N" || natureza_ == "R") return interpretarNumero(texto);
-    if (natureza_ == "D") return interpretarData(texto, anoCorrente);
+    switch (tipo_) {
+    case Tipo::DeTexto:
+        return alinhamento_ == 1 ? semBrancosAEsquerda(texto) : semBrancosADireita(texto);
+    case Tipo::DeNumero:
+    case Tipo::DeContador:
+        return interpretarNumero(texto);
+    case Tipo::DeData:
+        return interpretarData(texto, anoCorrente);
+    case Tipo::SemConversao:
+        break;
+    }
     return valor_;
 }
 
 Valor CampoRemessa::interpretarNumero(VistaTexto texto) const {
-    if (!ehNumerico(texto)) throw falhaDoCampo(nome_, "Campo numérico inválido"_t);
-    return lerNumero(texto) / potenciaDeDez(numeroDecimais_);
+    const std::optional<double> digitos = numeroDeDigitos(texto);
+    if (!digitos && !ehNumerico(texto)) throw falhaDoCampo(nome_, "Campo numérico inválido"_t);
+    const double numero = digitos ? *digitos : lerNumero(texto);
+    return numeroDecimais_ == 0 ? numero : numero / potenciaDeDez(numeroDecimais_);
 }
 
 Valor CampoRemessa::interpretarData(VistaTexto texto, int anoCorrente) const {
@@ -54,13 +73,19 @@ Valor CampoRemessa::interpretarData(VistaTexto texto, int anoCorrente) const {
 
 Texto CampoRemessa::gerarTexto() {
     const auto largura = static_cast<std::size_t>(std::max<std::int16_t>(tamanho_, 0));
-    if (natureza_ == "S") {
+    switch (tipo_) {
+    case Tipo::DeTexto:
         if (valor_.nulo()) valor_ = Texto();
         return alinhamento_ == 1 ? Diversos::padL(valor_.texto(), largura) : Diversos::padR(valor_.texto(), largura);
+    case Tipo::DeNumero:
+        return Diversos::padL(gerarNumero(), largura, '0');
+    case Tipo::DeData:
+        return gerarData();
+    case Tipo::DeContador:
+        return gerarContador();
+    case Tipo::SemConversao:
+        break;
     }
-    if (natureza_ == "N") return Diversos::padL(gerarNumero(), largura, '0');
-    if (natureza_ == "D") return gerarData();
-    if (natureza_ == "R") return gerarContador();
     return {};
 }
 

@@ -38,7 +38,7 @@ class CampoRemessa {
     void Tamanho(std::int16_t tamanho) noexcept { tamanho_ = tamanho; }
     /// "S" text, "N" number, "D" date, "R" sequence number of the record; any other code is not converted.
     [[nodiscard]] const Texto& natureza() const noexcept { return natureza_; }
-    void natureza(Texto natureza) { natureza_ = std::move(natureza); }
+    void natureza(Texto natureza);
     /// The value as stored, never coerced.
     [[nodiscard]] const quilatador::Valor& Valor() const noexcept { return valor_; }
     void Valor(quilatador::Valor valor) { valor_ = std::move(valor); }
@@ -57,6 +57,8 @@ class CampoRemessa {
     [[nodiscard]] CampoRemessa copia() const;
 
   private:
+    enum class Tipo : std::uint8_t { DeTexto, DeNumero, DeData, DeContador, SemConversao };
+
     [[nodiscard]] quilatador::Valor interpretarNumero(VistaTexto texto) const;
     [[nodiscard]] quilatador::Valor interpretarData(VistaTexto texto, int anoCorrente) const;
     [[nodiscard]] Texto gerarNumero();
@@ -65,6 +67,7 @@ class CampoRemessa {
     /// The text with every character `de` replaced by `para`.
     [[nodiscard]] static Texto substituirCaractere(VistaTexto texto, char de, char para);
 
+    Tipo tipo_ = Tipo::SemConversao; ///< what `natureza_` means
     std::uint8_t alinhamento_ = 0;
     std::uint8_t numeroDecimais_ = 0;
     std::int16_t inicio_ = 0;

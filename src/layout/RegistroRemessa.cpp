@@ -12,13 +12,6 @@ namespace {
 
 constexpr int chaveDuplicada = 457;
 
-VistaTexto trechoDoCampo(VistaTexto linha, const CampoRemessa& campo) noexcept {
-    const int tamanho = campo.Fim() - campo.inicio() + 1;
-    return campo.inicio() < 1 || tamanho < 1
-               ? VistaTexto()
-               : trecho(linha, static_cast<std::size_t>(campo.inicio()), static_cast<std::size_t>(tamanho));
-}
-
 } // namespace
 
 RegistroRemessa::RegistroRemessa(RegistroRemessa&& outro) noexcept {
@@ -57,7 +50,7 @@ CampoRemessa& RegistroRemessa::add(CampoRemessa campo) {
 
 bool RegistroRemessa::isRegistroTipo(VistaTexto linha) const {
     const CampoRemessa& campo = obterCampo(identificador_);
-    return !campo.Valor().nulo() && trechoDoCampo(linha, campo) == campo.Valor().texto();
+    return !campo.Valor().nulo() && textoDoCampo(linha, campo) == campo.Valor().texto();
 }
 
 void RegistroRemessa::lerLinha(VistaTexto linha) {
@@ -88,10 +81,6 @@ Valor RegistroRemessa::getValorCampo(VistaTexto nomeCampo) const {
 
 Valor RegistroRemessa::getValorCampo(const CampoRemessa& campo) const {
     return linha_.empty() ? campo.Valor() : campo.interpretar(textoNaLinha(campo), anoCorrente());
-}
-
-VistaTexto RegistroRemessa::textoNaLinha(const CampoRemessa& campo) const noexcept {
-    return trechoDoCampo(linha_, campo);
 }
 
 Texto RegistroRemessa::getValorCampoString(VistaTexto nomeCampo) const {

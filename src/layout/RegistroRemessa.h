@@ -70,7 +70,9 @@ class RegistroRemessa {
     /// The same as by name, for a field found before.
     [[nodiscard]] Valor getValorCampo(const CampoRemessa& campo) const;
     /// Raw text of a field in the line of a lazy record.
-    [[nodiscard]] VistaTexto textoNaLinha(const CampoRemessa& campo) const noexcept;
+    [[nodiscard]] VistaTexto textoNaLinha(const CampoRemessa& campo) const noexcept {
+        return textoDoCampo(linha_, campo);
+    }
 
     /// A deep copy.
     [[nodiscard]] RegistroRemessa copia() const;
@@ -79,6 +81,11 @@ class RegistroRemessa {
     void copiar(RegistroRemessa& destino) const;
 
   private:
+    [[nodiscard]] static VistaTexto textoDoCampo(VistaTexto linha, const CampoRemessa& campo) noexcept {
+        const int tamanho = campo.Fim() - campo.inicio() + 1;
+        if (campo.inicio() < 1 || tamanho < 1) return {};
+        return trecho(linha, static_cast<std::size_t>(campo.inicio()), static_cast<std::size_t>(tamanho));
+    }
     [[nodiscard]] CampoRemessa& campo(VistaTexto nomeCampo) const;
     [[nodiscard]] int anoCorrente() const noexcept;
     void adotarCampos() noexcept;

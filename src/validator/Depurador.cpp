@@ -37,7 +37,11 @@ void Depurador::carregarLeiaute() {
             const auto indice = tipo->indiceDoCampo(nome);
             return indice ? tipo->campos()[*indice].get() : nullptr;
         };
-        camposDeTodaLinha_.push_back({campo("TipoReg"), campo("Sequencial"), campo("Convenio"), campo("IDRegistro")});
+        const CampoRemessa* tipoReg = campo("TipoReg");
+        std::optional<Texto> letra;
+        if (tipoReg && iguaisSemCaixa(tipo->identificador(), "TipoReg") && tipoReg->natureza() == "S")
+            letra = tipoReg->interpretar(tipoReg->Valor().texto(), 0).texto();
+        camposDeTodaLinha_.push_back({letra, tipoReg, campo("Sequencial"), campo("Convenio"), campo("IDRegistro")});
     }
 }
 
@@ -176,7 +180,7 @@ Desfecho Depurador::verificarConteudo() {
         if (Cancelado) return Desfecho::Cancelada;
         verificarCaracteres(registro);
         ambiente_.painel.avancar(progresso());
-        const Texto tipo = valorDaLinha(registro, camposDaLinha().tipoReg, "TipoReg").texto();
+        const Texto& tipo = tipoDaLinha(registro);
         if (tipo.size() == 1 && !verificarRegistro(registro, tipo.front())) return Desfecho::Concluida;
     }
 }
@@ -340,7 +344,7 @@ void Depurador::escreverErro(Achado achado) {
 }
 
 void Depurador::escreverErro(VistaTexto id, VistaTexto mensagem, std::optional<std::int32_t> linha) {
-    const Texto tipo = valorDaLinha(arquivoRemessa_->registroEmMaos(), camposDaLinha().tipoReg, "TipoReg").texto();
+    const Texto& tipo = tipoDaLinha(arquivoRemessa_->registroEmMaos());
     escreverErro(Achado{.id = id,
                         .gravidade = Gravidade::Erro,
                         .linha = linha.value_or(execucao_.linhaAtual),
@@ -355,6 +359,12 @@ void Depurador::VisualizarArquivo(const std::filesystem::path& caminho) {
 
 Valor Depurador::valorDaLinha(const RegistroRemessa& registro, const CampoRemessa* campo, VistaTexto nome) const {
     return campo ? registro.getValorCampo(*campo) : registro.getValorCampo(nome);
+}
+
+const Texto& Depurador::tipoDaLinha(const RegistroRemessa& registro) {
+    const CamposDeTodaLinha& campos = camposDaLinha();
+    if (campos.letra) return *campos.letra;
+    return tipoLido_ = valorDaLinha(registro, campos.tipoReg, "TipoReg").texto();
 }
 
 const Depurador::CamposDeTodaLinha& Depurador::camposDaLinha() const {

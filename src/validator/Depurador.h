@@ -73,8 +73,10 @@ class Depurador {
   private:
     friend class Conferencia;
 
-    /// The fields that are asked for on every line, found once per record type; null where the type lacks one.
+    /// What is asked for on every line, found once per record type; null where the type lacks the field.
     struct CamposDeTodaLinha {
+        /// The letter of all lines of the type, where that is what tells the type; none where each line must be asked.
+        std::optional<Texto> letra;
         const CampoRemessa* tipoReg;
         const CampoRemessa* sequencial;
         const CampoRemessa* convenio;
@@ -153,6 +155,8 @@ class Depurador {
     void publicar(const Achado& achado);
     [[nodiscard]] Valor valorDaLinha(const RegistroRemessa& registro, const CampoRemessa* campo, VistaTexto nome) const;
     [[nodiscard]] const CamposDeTodaLinha& camposDaLinha() const;
+    /// "TipoReg" of the line in hand, as text; valid until the next call.
+    [[nodiscard]] const Texto& tipoDaLinha(const RegistroRemessa& registro);
 
     // The order of the records (Sequencia.cpp)
     void verificarSequencia();
@@ -203,6 +207,7 @@ class Depurador {
     modVariaveis& globais_;
     std::unique_ptr<ArquivoRemessa> arquivoRemessa_;
     std::vector<CamposDeTodaLinha> camposDeTodaLinha_; ///< by place in `tiposRegistros`
+    Texto tipoLido_;                                   ///< holds what `tipoDaLinha` gives where the type's lines differ
     std::vector<Relator*> ouvintes_;
     Execucao execucao_;
 };

@@ -38,9 +38,22 @@ constexpr std::array exigenciasDaGuia{
     // Names 'Y' twice: kept on purpose, the sample sequencia-z-sem-y holds it.
     Exigencia{'Z', "Y", "sequencia.z.semY", "Segmento 'Y' exige segmento 'Y' antecedendo."}};
 
-const Exigencia* exigenciaDe(std::span<const Exigencia> exigencias, char letra) {
-    const auto achada = std::ranges::find(exigencias, letra, &Exigencia::letra);
-    return achada == exigencias.end() ? nullptr : &*achada;
+/// The requirements of a history, to be found by letter.
+using PorLetra = std::array<const Exigencia*, 256>;
+
+template <std::size_t N>
+constexpr PorLetra porLetra(const std::array<Exigencia, N>& exigencias) {
+    PorLetra tabela{};
+    for (const Exigencia& exigencia : exigencias)
+        tabela[static_cast<unsigned char>(exigencia.letra)] = &exigencia;
+    return tabela;
+}
+
+constexpr PorLetra definicaoPorLetra = porLetra(exigenciasDaDefinicao);
+constexpr PorLetra guiaPorLetra = porLetra(exigenciasDaGuia);
+
+const Exigencia* exigenciaDe(const PorLetra& tabela, char letra) {
+    return tabela[static_cast<unsigned char>(letra)];
 }
 
 /// Whether the last letter of a history is one of these.
@@ -116,7 +129,7 @@ void Depurador::verificarTamanho(const RegistroRemessa& registro) const {
 
 void Depurador::verificarOrdem(const RegistroRemessa& registro) {
     const CamposDeTodaLinha& campos = camposDaLinha();
-    const Texto tipo = valorDaLinha(registro, campos.tipoReg, "TipoReg").texto();
+    const Texto& tipo = tipoDaLinha(registro);
     const char letra = tipo.size() == 1 ? tipo.front() : '\0';
     if (diferente(valorDaLinha(registro, campos.sequencial, "Sequencial"), execucao_.linhaAtual))
         pararNaLinha("sequencia.sequencial", letra, "Sequencial de registro inválido."_t);
@@ -135,9 +148,9 @@ void Depurador::verificarRegrasDaLetra(char letra) {
     const Texto& definicao = execucao_.historicoDefinicao;
     Texto& guia = execucao_.historicoGuia;
     if (letra == 'S' && !guia.empty()) verificarFimDaGuia();
-    if (const Exigencia* e = exigenciaDe(exigenciasDaDefinicao, letra); e && !terminaEm(definicao, e->anteriores))
+    if (const Exigencia* e = exigenciaDe(definicaoPorLetra, letra); e && !terminaEm(definicao, e->anteriores))
         pararNaLinha(e->id, letra, e->mensagem);
-    if (const Exigencia* e = exigenciaDe(exigenciasDaGuia, letra)) {
+    if (const Exigencia* e = exigenciaDe(guiaPorLetra, letra)) {
         const bool faltaDefinicao =
             (letra == 'V' && !contem(definicao, "F")) || (letra == 'W' && !contem(definicao, "G"));
         if (faltaDefinicao || !terminaEm(guia, e->anteriores)) pararNaLinha(e->id, letra, e->mensagem);
@@ -182,15 +195,17 @@ void Depurador::verificarIDRegistro(const RegistroRemessa& registro, char letra)
 }
 
 void Depurador::anotarLetra(char letra) {
-    constexpr VistaTexto daDefinicao = "BCDEFGKLZ";
-    constexpr VistaTexto daGuia = "TUVWXY";
+    Texto& definicao = execucao_.historicoDefinicao;
+    Texto& guia = execucao_.historicoGuia;
+    const bool daGuia = letra >= 'T' && letra <= 'Y';
+    const bool daDefinicao = (letra >= 'B' && letra <= 'G') || letra == 'K' || letra == 'L' || letra == 'Z';
     // A repeated letter is noted once, so that the histories do not grow with the file; X is counted up to four.
     if (letra == 'S') {
-        execucao_.historicoGuia.assign(1, 'S');
-    } else if (daDefinicao.find(letra) != VistaTexto::npos && execucao_.historicoDefinicao.back() != letra) {
-        execucao_.historicoDefinicao.push_back(letra);
-    } else if (daGuia.find(letra) != VistaTexto::npos && (letra == 'X' || execucao_.historicoGuia.back() != letra)) {
-        execucao_.historicoGuia.push_back(letra);
+        guia.assign(1, 'S');
+    } else if (daGuia && (letra == 'X' || guia.back() != letra)) {
+        guia.push_back(letra);
+    } else if (daDefinicao && definicao.back() != letra) {
+        definicao.push_back(letra);
     }
 }
 
