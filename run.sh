@@ -24,9 +24,10 @@ preparar() {
 mostrar_exemplo() {
     local pasta=$raiz/build/exemplo estado=0
     mkdir -p "$pasta"
+    rm -f "$pasta/remessa.log"
     cp "$raiz/samples/remessa-valida/remessa.rem" "$pasta/"
     "$1" --log "$pasta/remessa.log" "$pasta/remessa.rem" || estado=$?
-    iconv -f cp1252 -t utf-8 "$pasta/remessa.log" | tr -d '\r'
+    [[ ! -f $pasta/remessa.log ]] || iconv -f cp1252 -t utf-8 "$pasta/remessa.log" | tr -d '\r'
     return "$estado"
 }
 
