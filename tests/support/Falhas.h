@@ -15,4 +15,15 @@ int numeroDaFalha(Operacao operacao) {
     }
 }
 
+/// The `Falha` that an operation raises as "number source: description", "" for none.
+template <typename Operacao>
+Texto textoDaFalha(Operacao operacao) {
+    try {
+        static_cast<void>(operacao());
+        return {};
+    } catch (const Falha& falha) {
+        return junta(std::to_string(falha.numero()), " ", falha.fonte(), ": ", falha.descricao());
+    }
+}
+
 } // namespace quilatador::testes

@@ -1,0 +1,237 @@
+#include "layout/CampoRemessa.h"
+
+#include "common/Numero.h"
+#include "layout/ArquivoRemessa.h"
+#include "layout/Leiautes.h"
+#include "support/Falhas.h"
+#include "support/Falsos.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace quilatador {
+namespace {
+
+using testes::campo;
+using testes::Definicao;
+using testes::textoDaFalha;
+
+constexpr int anoCorrente = 2026;
+constexpr VistaTexto numeroInvalido = "1 CampoRemessa: Campo=X - Campo numérico inválido"_t;
+constexpr VistaTexto naoCabe = "5 CampoRemessa: Argumento inválido"_t;
+constexpr VistaTexto estouro = "6 CampoRemessa: Estouro";
+constexpr VistaTexto dataInvalida = "1 CampoRemessa: Campo=X - Campo data inválido"_t;
+
+/// "[text]", "= number", "date", "nulo" or "vazio".
+Texto descrever(const Valor& valor) {
+    if (valor.vazio()) return "vazio";
+    if (valor.nulo()) return "nulo";
+    if (valor.comoTexto()) return junta("[", *valor.comoTexto(), "]");
+    return junta(valor.comoNumero() ? "= " : "", valor.texto());
+}
+
+/// What a field makes of a text: its value, or the failure, which must leave the value that was there.
+Texto lido(const Definicao& definicao, VistaTexto texto) {
+    CampoRemessa lendo = campo("X", definicao, "anterior");
+    const Texto falha = textoDaFalha([&] { lendo.lerTexto(texto, anoCorrente); });
+    if (falha.empty()) return descrever(lendo.Valor());
+    EXPECT_EQ(lendo.Valor(), Valor("anterior"));
+    return falha;
+}
+
+TEST(CampoRemessa, textoViraValor) {
+    const Definicao esquerda{.natureza = "S"};
+    const Definicao direita{.natureza = "S", .alinhamento = 1};
+    const Definicao inteiro{.natureza = "N"};
+    const Definicao centavos{.natureza = "N", .decimais = 2};
+    const Definicao contador{.natureza = "R", .decimais = 1};
+    const std::tuple<Definicao, VistaTexto, VistaTexto> casos[] = {
+        {esquerda, "  A B  ", "[  A B]"},
+        {{.natureza = "S", .alinhamento = 2}, " A ", "[ A]"},
+        {direita, "   ABC", "[ABC]"},
+        {direita, "  A B  ", "[A B  ]"},
+        {esquerda, "   ", "[]"},
+        {esquerda, "", "[]"},
+        {esquerda, VistaTexto("\t\0 ", 3), VistaTexto("[\t\0]", 4)},
+        {inteiro, "0000000", "= 0"},
+        {inteiro, " -12 ", "= -12"},
+        {inteiro, "12,5", "= 12"},
+        {inteiro, "1.5", "= 1.5"},
+        {centavos, "000012345", "= 123.45"},
+        {centavos, "999999999999999", "= 9999999999999.99"},
+        {contador, "000120", "= 12"},
+        {inteiro, "       ", numeroInvalido},
+        {inteiro, "", numeroInvalido},
+        {inteiro, "1 2", numeroInvalido},
+        {inteiro, "1.2.3", numeroInvalido},
+        {inteiro, "12A", numeroInvalido},
+        {contador, "-", numeroInvalido},
+        {{.natureza = "n"}, "12", "[anterior]"},
+        {{.natureza = ""}, "12", "[anterior]"},
+        {{.natureza = "SS"}, "12", "[anterior]"},
+    };
+    for (const auto& [definicao, texto, esperado] : casos)
+        EXPECT_EQ(lido(definicao, texto), esperado) << definicao.natureza << " [" << texto << "]";
+}
+
+TEST(CampoRemessa, textoViraData) {
+    const std::tuple<const char*, VistaTexto, VistaTexto> casos[] = {
+        {"AAAAMMDD", "20240131", "31/01/2024"},
+        {"AAAAMMDD", "00000000", "nulo"},
+        {"AAAAMMDD", "        ", "nulo"},
+        {"AAAAMMDD", "", "nulo"},
+        {"AAAAMMDD", "20240229", "29/02/2024"},
+        {"AAAAMMDD", "20240230", dataInvalida},
+        {"AAAAMMDD", "20230229", dataInvalida},
+        {"AAAAMMDD", "20241305", "13/05/2024"}, // month first, since day first is impossible
+        {"AAAAMMDD", "20241313", dataInvalida},
+        {"AAAAMMDD", "2024 131", dataInvalida},
+        {"AAAAMMDD", "0000000", dataInvalida}, // zeros, but not as many as the format has letters
+        {"AAMMDD", "290131", "31/01/2029"},
+        {"AAMMDD", "300131", "31/01/1930"},
+        {"AAMMDD", "000000", "nulo"},
+        {"DDMMAAAA", "31012024", "31/01/2024"},
+        {"DDMMAAAA", "05132024", "13/05/2024"},
+        {"DDMMAA", "310199", "31/01/1999"},
+        {"DDMMAA", "320199", dataInvalida},
+        {"ADDD", "0000", "nulo"},
+        {"ADDD", "4A34", dataInvalida},
+        {"MMDDAAAA", "01312024", dataInvalida}, // not one of the five formats
+        {"MMDDAAAA", "00000000", "nulo"},
+        {"DDDA", "0344", dataInvalida},
+        {"", "1", dataInvalida},
+        {"", "", "nulo"},
+    };
+    for (const auto& [formato, texto, esperado] : casos)
+        EXPECT_EQ(lido({.natureza = "D", .formato = formato}, texto), esperado) << formato << " [" << texto << "]";
+}
+
+TEST(CampoRemessa, dataJulianaTrocaDiaEMes) {
+    const std::pair<VistaTexto, VistaTexto> casos[] = {
+        {"4034", "02/03/2024"}, // 3 February
+        {"4045", "14/02/2024"}, // a day that is no month stays in its place
+        {"4012", "01/12/2024"}, // 12 January
+        {"4366", "31/12/2024"}, {"4367", "01/01/2025"},
+    };
+    for (const auto& [texto, esperado] : casos)
+        EXPECT_EQ(lido({.natureza = "D", .formato = "ADDD"}, texto), esperado) << texto;
+}
+
+TEST(CampoRemessa, valorViraTexto) {
+    const Data dia = fazData(2024, 1, 31);
+    const Valor nulo = Valor::Nulo();
+    const Definicao esquerda{.natureza = "S", .tamanho = 5};
+    const Definicao direita{.natureza = "S", .tamanho = 5, .alinhamento = 1};
+    const Definicao inteiro{.natureza = "N", .tamanho = 5};
+    const Definicao centavos{.natureza = "N", .tamanho = 5, .decimais = 2};
+    const auto data = [](const char* formato) { return Definicao{.natureza = "D", .tamanho = 8, .formato = formato}; };
+    // The last one is the field's value afterwards.
+    const std::tuple<Definicao, Valor, VistaTexto, Texto> casos[] = {
+        {esquerda, "AB", "AB   ", "[AB]"},
+        {esquerda, "ABCDEFG", "ABCDE", "[ABCDEFG]"},
+        {direita, "AB", "   AB", "[AB]"},
+        {direita, "ABCDEFG", "CDEFG", "[ABCDEFG]"},
+        {esquerda, nulo, "     ", "[]"},
+        {direita, {}, "     ", "vazio"},
+        {esquerda, 1.5, "1.5  ", "= 1.5"},
+        {centavos, 1234.5, "23450", "= 1234.5"}, // high digits are dropped
+        {centavos, 0.29, "00028", "= 0.29"},     // floored, never rounded
+        {centavos, -0.001, "000-1", "= -0.001"},
+        {inteiro, -12, "00-12", "= -12"},
+        {inteiro, -0.0, "00000", "= -0"},
+        {inteiro, "12", "00012", "[12]"},
+        {inteiro, {}, "00000", "vazio"},
+        {inteiro, nulo, "00000", "= 0"},
+        {inteiro, "doze", "00000", "= 0"},
+        {inteiro, dia, "00000", "= 0"},
+        {inteiro, 1e20, "00000", "= 100000000000000000000"},
+        {{.natureza = "N", .tamanho = 5, .decimais = 255}, 1e60, estouro, "= " + textoDoNumero(1e60)},
+        {data("AAAAMMDD"), dia, "20240131", "31/01/2024"},
+        {data("AAMMDD"), dia, "240131", "31/01/2024"},
+        {data("DD/MM/AAAA"), dia, "31/01/2024", "31/01/2024"},
+        {data("ADDD"), dia, "4031", "31/01/2024"},
+        {data("AAMMDD"), nulo, "000000", "nulo"},
+        {data("AAAAMMDD"), "20240131", "00000000", "[20240131]"},
+        {{.natureza = "X", .tamanho = 5}, "AB", "", "[AB]"},
+    };
+    for (const auto& [definicao, valor, esperado, depois] : casos) {
+        CampoRemessa gerando = campo("X", definicao, valor);
+        Texto gerado;
+        const Texto falha = textoDaFalha([&] { gerado = gerando.gerarTexto(); });
+        EXPECT_EQ(gerado + falha, esperado) << definicao.natureza << " " << descrever(valor);
+        EXPECT_EQ(descrever(gerando.Valor()), depois) << esperado;
+    }
+}
+
+TEST(CampoRemessa, gerarTextoDesfazLerTexto) {
+    const std::pair<Definicao, VistaTexto> casos[] = {
+        {{.natureza = "S", .tamanho = 6}, " A\xC7 B "},
+        {{.natureza = "S", .tamanho = 6, .alinhamento = 1}, "  A B "},
+        {{.natureza = "N", .tamanho = 15}, "000000000012345"},
+        {{.natureza = "N", .tamanho = 15, .decimais = 2}, "999999999999999"},
+        {{.natureza = "D", .tamanho = 8, .formato = "AAAAMMDD"}, "20240229"},
+        {{.natureza = "D", .tamanho = 6, .formato = "DDMMAA"}, "310130"},
+        {{.natureza = "D", .tamanho = 6, .formato = "AAMMDD"}, "000000"},
+        {{.natureza = "D", .tamanho = 4, .formato = "ADDD"}, "4045"},
+    };
+    for (const auto& [definicao, texto] : casos) {
+        CampoRemessa lendo = campo("X", definicao);
+        lendo.lerTexto(texto, anoCorrente);
+        EXPECT_EQ(lendo.gerarTexto(), texto);
+    }
+}
+
+TEST(CampoRemessa, contadorDoArquivoQueNaoCabeFalha) {
+    testes::ArquivosEmMemoria arquivos;
+    ArquivoRemessa arquivo(arquivos);
+    RegistroRemessa dono;
+    dono.ArquivoRemessa(&arquivo);
+    CampoRemessa& sequencial = dono.add(campo("Sequencial", {.natureza = "R", .tamanho = 3}));
+    for (const auto& [contador, esperado] : {std::pair<std::int32_t, VistaTexto>{0, "000"}, {7, "007"}, {999, "999"}}) {
+        arquivo.contador(contador);
+        EXPECT_EQ(sequencial.gerarTexto(), esperado);
+    }
+    arquivo.contador(1000);
+    EXPECT_EQ(textoDaFalha([&] { return sequencial.gerarTexto(); }), naoCabe);
+}
+
+TEST(CampoRemessa, copiaSemPosicoesNemDono) {
+    RegistroRemessa dono = testes::registro();
+    const CampoRemessa copia = dono.obterCampo("Data").copia();
+    EXPECT_EQ(std::tuple(copia.nome(), copia.natureza(), copia.formato(), copia.Tamanho(), copia.Valor()),
+              std::tuple("Data", "D", "AAAAMMDD", 8, Valor(Valor::Nulo())));
+    EXPECT_EQ(std::tuple(copia.inicio(), copia.Fim(), copia.registroPai()),
+              std::tuple(0, 0, static_cast<const RegistroRemessa*>(nullptr)));
+}
+
+/// Any bytes in any field are a value or a `Falha`; a value then gives a text of the field's width.
+TEST(CampoRemessa, bytesAoAcaso) {
+    constexpr std::array naturezas{"S", "N", "D", "R", "?"};
+    constexpr std::array formatos{"AAAAMMDD", "AAMMDD", "DDMMAAAA", "DDMMAA", "ADDD", "DDDA", ""};
+    constexpr VistaTexto alfabeto = "0123456789 .,-+A\xE7";
+    std::mt19937 sorteio(1);
+    for (int vez = 0; vez < 50'000; ++vez) {
+        Texto texto(sorteio() % (vez % 100 == 0 ? 400 : 12), '\0');
+        for (char& c : texto)
+            c = vez % 3 == 0 ? static_cast<char>(sorteio()) : alfabeto[sorteio() % alfabeto.size()];
+        const Definicao definicao{.natureza = naturezas[sorteio() % naturezas.size()],
+                                  .tamanho = static_cast<std::int16_t>(sorteio() % 20),
+                                  .formato = formatos[sorteio() % formatos.size()],
+                                  .decimais = static_cast<std::uint8_t>(sorteio() % 256),
+                                  .alinhamento = static_cast<std::uint8_t>(sorteio() % 2)};
+        CampoRemessa lendo = campo("X", definicao);
+        const Texto falha = textoDaFalha([&] {
+            lendo.lerTexto(texto, anoCorrente);
+            const Texto gerado = lendo.gerarTexto();
+            const bool comLargura = *definicao.natureza == 'S' || *definicao.natureza == 'N';
+            EXPECT_TRUE(!comLargura || gerado.size() == static_cast<std::size_t>(definicao.tamanho)) << gerado;
+        });
+        EXPECT_TRUE(falha.empty() || falha == numeroInvalido || falha == dataInvalida || falha == estouro ||
+                    falha == naoCabe)
+            << falha << " [" << texto << "]";
+    }
+}
+
+} // namespace
+} // namespace quilatador
