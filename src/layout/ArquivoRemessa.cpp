@@ -120,7 +120,7 @@ std::optional<std::size_t> ArquivoRemessa::reconhecer(VistaTexto linha) {
             return primeira < marcas_.size() ? std::optional(marcas_[primeira].tipo) : std::nullopt;
     }
     for (std::size_t i = primeira; i < marcas_.size(); ++i)
-        if (trecho(linha, marcas_[i].posicao, marcas_[i].texto.size()) == marcas_[i].texto) return marcas_[i].tipo;
+        if (trecho(linha, marcas_[i].posicao, marcas_[i].tamanho) == marcas_[i].texto) return marcas_[i].tipo;
     return std::nullopt;
 }
 
@@ -129,13 +129,15 @@ void ArquivoRemessa::prepararMarcas() {
     marcas_.clear();
     for (std::size_t i = 0; i < tipos_.size(); ++i) {
         const CampoRemessa& campo = tipos_[i]->obterCampo(tipos_[i]->identificador());
-        const Texto esperado = campo.Valor().texto();
-        if (!campo.Valor().nulo() && static_cast<int>(esperado.size()) == campo.Tamanho())
-            marcas_.push_back({static_cast<std::size_t>(campo.inicio()), esperado, i});
+        const int tamanho = std::max(campo.Fim() - campo.inicio() + 1, 0);
+        if (!campo.Valor().nulo())
+            marcas_.push_back({static_cast<std::size_t>(campo.inicio()), static_cast<std::size_t>(tamanho),
+                               campo.Valor().texto(), i});
     }
     const auto mesmaPosicao = [&](const Marca& m) { return m.posicao == marcas_.front().posicao && !m.texto.empty(); };
     posicaoComum_ = !marcas_.empty() && std::ranges::all_of(marcas_, mesmaPosicao) ? marcas_.front().posicao : 0;
-    marcasDeUmCaractere_ = std::ranges::all_of(marcas_, [](const Marca& m) { return m.texto.size() == 1; });
+    marcasDeUmCaractere_ =
+        std::ranges::all_of(marcas_, [](const Marca& m) { return m.tamanho == 1 && m.texto.size() == 1; });
     primeiraMarca_.fill(static_cast<std::uint16_t>(marcas_.size()));
     for (std::size_t i = marcas_.size(); posicaoComum_ > 0 && i-- > 0;)
         primeiraMarca_[static_cast<unsigned char>(marcas_[i].texto.front())] = static_cast<std::uint16_t>(i);

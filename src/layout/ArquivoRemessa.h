@@ -64,9 +64,10 @@ class ArquivoRemessa {
     void addRegistros(std::span<RegistroRemessa*> registros);
 
   private:
-    /// What tells a record type: the text that its lines have at one position (1-based).
+    /// What tells a record type: the text that its lines have at one position (1-based), cut where the line ends.
     struct Marca {
         std::size_t posicao;
+        std::size_t tamanho;
         Texto texto;
         std::size_t tipo; ///< place in `tipos_`
     };
