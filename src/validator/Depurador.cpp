@@ -61,6 +61,7 @@ Resumo Depurador::DepurarArquivo(const std::filesystem::path& nomeArquivo, std::
     } catch (const FalhaDoLog& falha) {
         resultado = resumo(Desfecho::NaoRodou);
         resultado.descricao = falha.descricao();
+        if (arquivoRemessa_) arquivoRemessa_->fecharArquivoEntrada();
         avisarFalhaDoLog(ambiente_.painel, execucao_.nomeArquivoLog, falha, tituloDeErro);
     }
     execucao_.log.reset();
