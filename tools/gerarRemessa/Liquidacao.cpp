@@ -44,8 +44,8 @@ constexpr Campo valor{'Z', "ValorTotal", 8, 17};
 } // namespace trailer
 
 /// Collection channels and payment forms, in both letter cases, and one of each that no table has.
-constexpr VistaTexto canais = "123456789abcdABCD?";
-constexpr VistaTexto formas = "123456X?";
+constexpr VistaTexto canais = "1234567ABCDEFabc9?";
+constexpr VistaTexto formas = "1122331X";
 constexpr int moedaReal = 6;
 
 void escreverCabecalho(Sorteio& sorteio, SaidaEmBlocos& saida) {

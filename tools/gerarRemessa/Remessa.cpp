@@ -51,7 +51,7 @@ constexpr std::array camposParte{campo('Y', "Parte1"), campo('Y', "Parte2"), cam
 constexpr std::array camposDV{campo('Y', "DV1"), campo('Y', "DV2"), campo('Y', "DV3"), campo('Y', "DV4")};
 
 /// What the bank answers to every tenth record: one to three codes, known ones and one that no table has.
-constexpr std::array<VistaTexto, 7> respostas{"010000", "050000", "071220", "002000", "990000", "05    ", "202122"};
+constexpr std::array<VistaTexto, 7> respostas{"010000", "050000", "071220", "002000", "980000", "99    ", "202122"};
 
 VistaTexto ocorrencias(std::uint32_t sequencial) {
     return sequencial % 10 == 0 ? respostas[sequencial / 10 % respostas.size()] : VistaTexto("000000");
