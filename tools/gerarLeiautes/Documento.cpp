@@ -82,10 +82,10 @@ std::string preencher(std::string_view modelo, const ArquivoRemessa& leiaute) {
     for (;;) {
         const std::size_t lugar = modelo.find(inicioDoLugar);
         documento += modelo.substr(0, lugar);
-        if (lugar == modelo.npos) break;
+        if (lugar == std::string_view::npos) break;
         modelo.remove_prefix(lugar + inicioDoLugar.size());
         const std::size_t fim = modelo.find(fimDoLugar);
-        if (fim == modelo.npos) throw falhaDoDocumento("O modelo tem um lugar sem fim"_t);
+        if (fim == std::string_view::npos) throw falhaDoDocumento("O modelo tem um lugar sem fim"_t);
         const Texto nome = textoDeUtf8(modelo.substr(0, fim));
         documento += tabelaDo(registroDoLugar(leiaute, nome));
         colocados.insert(nome);
