@@ -72,9 +72,11 @@ Texto motivoDaRecusa(const CLI::ParseError& erro, const CLI::App& app) {
     };
     if (dynamic_cast<const CLI::ExtrasError*>(&erro)) return junta("Opção desconhecida: "_t, listar(app.remaining()));
     if (dynamic_cast<const CLI::RequiredError*>(&erro)) return Texto("Falta o nome do ARQUIVO."_t);
-    // The parser names the option first.
+    // The parser's text has the option's name in it.
     const std::string texto = erro.what();
-    return junta("Valor ausente ou inválido em "_t, textoDeUtf8(texto.substr(0, texto.find_first_of(": "))));
+    const std::size_t nome = std::min(texto.find('-'), texto.size());
+    return junta("Valor ausente ou inválido em "_t,
+                 textoDeUtf8(texto.substr(nome, texto.find_first_of(": ", nome) - nome)));
 }
 
 } // namespace
@@ -99,7 +101,7 @@ Argumentos lerArgumentos(std::vector<std::string> argumentos) {
     app.add_flag("--abrir", lidos.abrir);
     app.add_flag("--json", lidos.json);
     app.add_flag("-q,--silencioso", lidos.silencioso);
-    app.add_option("--tipo", tipo);
+    const auto* opcaoTipo = app.add_option("--tipo", tipo);
     app.add_option("--posicao", posicao);
     app.add_option("--formato", formato);
     const auto* opcaoPrimeiras = app.add_option("--primeiras", primeiras);
@@ -120,7 +122,7 @@ Argumentos lerArgumentos(std::vector<std::string> argumentos) {
 
     if (arquivos.empty()) return recusa(Texto("Falta o nome do ARQUIVO."_t));
     lidos.tipo = tipoDeNome(tipo);
-    if (!tipo.empty() && !lidos.tipo) return recusa(junta("Tipo de arquivo desconhecido: "_t, textoDeUtf8(tipo)));
+    if (*opcaoTipo && !lidos.tipo) return recusa(junta("Tipo de arquivo desconhecido: "_t, textoDeUtf8(tipo)));
     if (*opcaoPrimeiras) {
         if (!soDigitos(primeiras)) return recusa(junta("Quantidade de guias inválida: "_t, textoDeUtf8(primeiras)));
         lidos.primeiras = lerNumero(primeiras);
