@@ -52,12 +52,13 @@ void Depurador::adicionarRelator(Relator& relator) {
 Resumo Depurador::DepurarArquivo(const std::filesystem::path& nomeArquivo, std::optional<std::filesystem::path> log) {
     prepararExecucao(nomeArquivo, std::move(log));
     execucao_.log = criarLog(ambiente_, nomeArquivo, execucao_.nomeArquivoLog, tituloDeErro);
-    if (!execucao_.log) return resumo(Desfecho::NaoRodou);
-    Resumo resultado;
+    Resumo resultado = resumo(Desfecho::NaoRodou);
     try {
-        resultado = rodar();
-        encerrar();
-        VisualizarArquivo(execucao_.nomeArquivoLog);
+        if (execucao_.log) {
+            resultado = rodar();
+            encerrar();
+            VisualizarArquivo(execucao_.nomeArquivoLog);
+        }
     } catch (const FalhaDoLog& falha) {
         resultado = resumo(Desfecho::NaoRodou);
         resultado.descricao = falha.descricao();

@@ -190,8 +190,11 @@ TEST(Depurador, entradaQueNaoSeAbre) {
 
 TEST(Depurador, logQueNaoPodeSer) {
     Bancada mesmo(remessa(), "/d/x.log");
+    testes::RelatorMemoria ouvinte;
+    mesmo.depurador.adicionarRelator(ouvinte);
     EXPECT_EQ(mesmo.depurar().desfecho, Desfecho::NaoRodou);
     EXPECT_EQ(mesmo.mundo.arquivos.conteudo["/d/x.log"], remessa());
+    EXPECT_EQ(ouvinte.resumos.size(), 1u);
     Bancada recusado;
     recusado.mundo.arquivos.falhar(Operacao::Criar, 1, discoCheio);
     EXPECT_EQ(recusado.depurar().desfecho, Desfecho::NaoRodou);
