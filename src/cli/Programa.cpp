@@ -110,7 +110,8 @@ class Execucao {
         pedido.FormatoDataBarra = argumentos_.formato;
         pedido.PosicaoDataBarra = argumentos_.posicao;
         pedido.nomeArquivoLog = argumentos_.log;
-        const std::filesystem::path log = argumentos_.log.value_or(caminhoDoLog(arquivo, "log"));
+        const VistaTexto sufixoSemPonto = pedido.tipoArquivo == TipoArquivo::ZUL702 ? "log" : ".log";
+        const std::filesystem::path log = argumentos_.log.value_or(caminhoDoLog(arquivo, sufixoSemPonto));
         if (argumentos_.json) json_.iniciar(arquivo, nomeDo(pedido.tipoArquivo), log);
         const Resumo resumo = formulario_.analisar(pedido).value_or(naoRodou());
         const int situacaoDoArquivo = situacaoDe(resumo);
