@@ -154,11 +154,8 @@ class Execucao {
     RelatorJson json_;
 };
 
-} // namespace
-
-int executar(std::vector<std::string> argumentos, const Maquina& maquina) {
-    const Argumentos lidos = lerArgumentos(std::move(argumentos));
-    switch (lidos.acao) {
+int atender(const Argumentos& argumentos, const Maquina& maquina) {
+    switch (argumentos.acao) {
     case Argumentos::Acao::MostrarAjuda:
         maquina.saida << utf8DeTexto(textoDeAjuda()) << std::flush;
         return situacao::nadaEncontrado;
@@ -166,12 +163,18 @@ int executar(std::vector<std::string> argumentos, const Maquina& maquina) {
         maquina.saida << textoDaVersao() << std::flush;
         return situacao::nadaEncontrado;
     case Argumentos::Acao::Recusar:
-        maquina.erros << paraTerminal(lidos.motivo) << "\nUse --ajuda para ver o uso." << std::endl;
+        maquina.erros << paraTerminal(argumentos.motivo) << "\nUse --ajuda para ver o uso." << std::endl;
         return situacao::naoRodou;
     case Argumentos::Acao::Analisar:
         break;
     }
-    const int resultado = Execucao(lidos, maquina).analisarTodos();
+    return Execucao(argumentos, maquina).analisarTodos();
+}
+
+} // namespace
+
+int executar(std::vector<std::string> argumentos, const Maquina& maquina) {
+    const int resultado = atender(lerArgumentos(std::move(argumentos)), maquina);
     return maquina.saida.good() ? resultado : std::max(resultado, situacao::naoRodou);
 }
 
