@@ -54,6 +54,20 @@ Texto contagem(std::int32_t numero, VistaTexto singular, VistaTexto plural) {
     return junta(std::to_string(numero), " ", numero == 1 ? singular : plural);
 }
 
+/// What an analysis that came to its end has to say.
+Texto achadosDe(TipoArquivo tipo, const Resumo& resumo) {
+    switch (tipo) {
+    case TipoArquivo::ZUL702:
+        return junta(contagem(resumo.totalErros, "erro", "erros"), "; ",
+                     contagem(resumo.guiasDepuradas, "guia lida", "guias lidas"));
+    case TipoArquivo::ZUL708:
+        return contagem(resumo.totalErros, "registro com ocorrência"_t, "registros com ocorrência"_t);
+    case TipoArquivo::TAV001:
+        return contagem(resumo.totalRegistros, "registro lido", "registros lidos");
+    }
+    return {};
+}
+
 /// One command line at work.
 class Execucao {
   public:
@@ -118,16 +132,16 @@ class Execucao {
         if (argumentos_.json)
             json_.terminar(resumo, situacaoDoArquivo);
         else if (!argumentos_.silencioso)
-            resumir(arquivo, log, resumo);
+            resumir(arquivo, pedido.tipoArquivo, log, resumo);
         return situacaoDoArquivo;
     }
 
-    void resumir(const std::filesystem::path& arquivo, const std::filesystem::path& log, const Resumo& resumo) {
+    void resumir(const std::filesystem::path& arquivo, TipoArquivo tipo, const std::filesystem::path& log,
+                 const Resumo& resumo) {
         Texto texto;
         switch (resumo.desfecho) {
         case Desfecho::Concluida:
-            texto = junta(contagem(resumo.totalErros, "erro", "erros"), "; ",
-                          contagem(resumo.guiasDepuradas, "guia lida", "guias lidas"));
+            texto = achadosDe(tipo, resumo);
             break;
         case Desfecho::Cancelada:
             texto = "análise cancelada"_t;
