@@ -53,7 +53,9 @@ JanelaPrincipal::JanelaPrincipal()
     faces->addWidget(pedido, 0, 0);
     faces->addWidget(progresso, 0, 0);
     auto* janela = new QVBoxLayout(this);
-    janela->setSpacing(2 * janela->spacing());
+    const int respiro = 2 * janela->spacing();
+    janela->setSpacing(respiro);
+    janela->setContentsMargins(respiro, respiro, respiro, respiro);
     janela->addLayout(cabecalho());
     janela->addLayout(faces, 1);
     janela->addLayout(botoes());
@@ -79,7 +81,7 @@ QLayout* JanelaPrincipal::cabecalho() {
     textos->addStretch();
 
     auto* linha = new QHBoxLayout;
-    linha->setSpacing(2 * linha->spacing());
+    linha->setSpacing(fontMetrics().height());
     linha->addWidget(logo);
     linha->addLayout(textos, 1);
     return linha;

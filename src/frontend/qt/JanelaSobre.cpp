@@ -56,7 +56,7 @@ JanelaSobre::JanelaSobre(VistaTexto versao, QWidget* dono) : QDialog(dono) {
     textos->addWidget(novaLinha("Line1"));
     textos->addWidget(novaDescricao());
     auto* corpo = new QHBoxLayout;
-    corpo->setSpacing(3 * corpo->spacing());
+    corpo->setSpacing(2 * fontMetrics().height());
     corpo->addWidget(logo, 0, Qt::AlignTop);
     corpo->addLayout(textos, 1);
 
@@ -69,7 +69,9 @@ JanelaSobre::JanelaSobre(VistaTexto versao, QWidget* dono) : QDialog(dono) {
     rodape->addWidget(cmdOk);
 
     auto* janela = new QVBoxLayout(this);
-    janela->setSpacing(2 * janela->spacing());
+    const int respiro = 2 * janela->spacing();
+    janela->setSpacing(respiro);
+    janela->setContentsMargins(respiro, respiro, respiro, respiro);
     janela->setSizeConstraint(QLayout::SetFixedSize);
     janela->addLayout(corpo);
     janela->addWidget(novaLinha("Line2"));

@@ -8,6 +8,7 @@ namespace quilatador {
 
 namespace {
 constexpr int algarismosVisiveis = 7;
+constexpr int folga = 2; ///< blanks on each side of the box
 } // namespace
 
 OpcaoComCaixa::OpcaoComCaixa(const QString& antes, CaixaDeNumero* caixa, const QString& depois, QWidget* dono)
@@ -35,7 +36,7 @@ void OpcaoComCaixa::abrirEspaco() {
     const int largura = metrica.horizontalAdvance(QLatin1Char('0')) * algarismosVisiveis;
     caixa_->setFixedWidth(largura);
     const int branco = metrica.horizontalAdvance(QLatin1Char(' '));
-    const int brancos = (largura + branco - 1) / branco + 2; // one more on each side
+    const int brancos = (largura + branco - 1) / branco + 2 * folga;
     setText(antes_ + QString(brancos, QLatin1Char(' ')) + depois_);
     colocarCaixa();
 }
@@ -44,7 +45,7 @@ void OpcaoComCaixa::colocarCaixa() {
     QStyleOptionButton opcao;
     initStyleOption(&opcao);
     const QRect texto = style()->subElementRect(QStyle::SE_RadioButtonContents, &opcao, this);
-    const int inicio = texto.left() + fontMetrics().horizontalAdvance(antes_ + QLatin1Char(' '));
+    const int inicio = texto.left() + fontMetrics().horizontalAdvance(antes_ + QString(folga, QLatin1Char(' ')));
     const int altura = caixa_->sizeHint().height();
     caixa_->setGeometry(
         QStyle::visualRect(layoutDirection(), rect(), {inicio, (height() - altura) / 2, caixa_->width(), altura}));

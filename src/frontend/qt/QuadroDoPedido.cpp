@@ -121,6 +121,7 @@ QLayout* QuadroDoPedido::tiposDeArquivo() {
                                                        {optTAV, u"Retorno de Liquidação"_s}};
     auto* grade = new QGridLayout;
     grade->setHorizontalSpacing(2 * fontMetrics().averageCharWidth());
+    grade->setVerticalSpacing(fontMetrics().height() / 3);
     grade->setColumnStretch(1, 1);
     for (int linha = 0; linha < static_cast<int>(std::size(tipos)); ++linha) {
         grade->addWidget(tipos[linha].first, linha, 0);
