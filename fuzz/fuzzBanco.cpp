@@ -1,0 +1,35 @@
+#include "Alvo.h"
+
+#include "returns/BancoDeDados.h"
+
+using namespace quilatador;
+using namespace quilatador::fuzz;
+
+namespace {
+
+/// What a damaged database answers, or why it does not: texts of either kind, never a crash.
+Texto consultar(VistaTexto banco) {
+    testes::MundoFalso mundo;
+    mundo.arquivos.conteudo["/b.mdb"] = banco;
+    Texto respostas;
+    try {
+        BancoDeDados aberto(mundo.arquivos, "/b.mdb");
+        for (const VistaTexto codigo : {"05", "12", "07", "99", "x"})
+            respostas += aberto.ocorrencia(codigo).value_or("-") + "|";
+        for (Texto codigo : {"1", "a", "X", ""})
+            respostas += aberto.descricaoFormaArrecadacao(codigo) + aberto.descricaoFormaPagamento(codigo) + "|";
+    } catch (const Falha& falha) {
+        exigir(!falha.descricao().empty(), "a failure says what happened");
+        respostas += falha.descricao();
+    }
+    exigir(mundo.arquivos.conteudo["/b.mdb"] == banco, "the database is not touched");
+    return respostas;
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dados, std::size_t tamanho) {
+    const Texto banco = textoDe(dados, tamanho);
+    exigir(consultar(banco) == consultar(banco), "two openings give the same");
+    return 0;
+}

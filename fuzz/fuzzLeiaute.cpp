@@ -1,0 +1,28 @@
+#include "Alvo.h"
+
+#include <fstream>
+#include <iterator>
+
+using namespace quilatador;
+using namespace quilatador::fuzz;
+
+namespace {
+
+const Texto& remessaValida() {
+    static const Texto remessa = [] {
+        std::ifstream arquivo(QUILATADOR_REMESSA, std::ios::binary);
+        return Texto(std::istreambuf_iterator<char>(arquivo), {});
+    }();
+    return remessa;
+}
+
+} // namespace
+
+/// The input is the layout description; a valid remittance is read through whatever comes of it.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dados, std::size_t tamanho) {
+    const Texto leiaute = textoDe(dados, tamanho);
+    const Rodada primeira = analisar(Analise::ZUL702, remessaValida(), leiaute, {});
+    exigir(primeira.igualA(analisar(Analise::ZUL702, remessaValida(), leiaute, {})), "two runs give the same");
+    exigir(primeira.log.ends_with(junta("Depuração terminada!"_t, "\r\n")), "the log has its ending");
+    return 0;
+}

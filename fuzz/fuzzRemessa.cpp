@@ -1,0 +1,71 @@
+#include "Alvo.h"
+
+#include "layout/ArquivoRemessaBD.h"
+
+#include <algorithm>
+#include <cstring>
+#include <random>
+
+using namespace quilatador;
+using namespace quilatador::fuzz;
+
+extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* dados, std::size_t tamanho, std::size_t maior);
+
+namespace {
+
+/// Where a field lies in a line (0-based), by the letter of its record.
+struct Lugar {
+    char letra;
+    std::size_t inicio;
+    std::size_t tamanho;
+};
+
+const std::vector<Lugar>& lugares() {
+    static const std::vector<Lugar> todos = [] {
+        testes::MundoFalso mundo;
+        mundo.arquivos.conteudo["/l.xml"] = leiauteDoPrograma();
+        const auto leiaute = ArquivoRemessaBD::obterArquivoRemessa("/l.xml", mundo.arquivos, mundo.painel);
+        std::vector<Lugar> lidos;
+        for (const auto& tipo : leiaute->tiposRegistros())
+            for (const auto& campo : tipo->campos())
+                lidos.push_back({tipo->nome().front(), static_cast<std::size_t>(campo->inicio() - 1),
+                                 static_cast<std::size_t>(campo->Tamanho())});
+        return lidos;
+    }();
+    return todos;
+}
+
+/// Contents that rules look at: nothing, zeros, digits of all kinds, dates, signs, letters.
+Texto conteudo(std::mt19937& sorteio, std::size_t tamanho) {
+    static constexpr VistaTexto modelos[] = {"",         "0",        "1",        "9",    "-1",   "+1", ",5",  "1.5",
+                                             "20260310", "20990230", "00000000", "S",    "N",    "C",  "ACP", "X",
+                                             "1.00.01",  "1.00.02",  "ZUL702",   "4034", "4366", "O",  "6",   "00"};
+    Texto texto(modelos[sorteio() % std::size(modelos)]);
+    const char enchimento = " 0"[sorteio() % 2];
+    if (texto.size() < tamanho) texto.insert(sorteio() % 2 == 0 ? texto.size() : 0, tamanho - texto.size(), enchimento);
+    return texto.substr(0, tamanho);
+}
+
+} // namespace
+
+/// Half of the changes are of one field of one record, so that the rules behind the structure are reached.
+extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* dados, std::size_t tamanho, std::size_t maior,
+                                               unsigned semente) {
+    constexpr std::size_t linha = 242;
+    std::mt19937 sorteio(semente);
+    if (tamanho < linha || sorteio() % 2 == 0) return LLVMFuzzerMutate(dados, tamanho, maior);
+    std::uint8_t* registro = dados + sorteio() % (tamanho / linha) * linha;
+    std::vector<Lugar> doRegistro;
+    std::ranges::copy_if(lugares(), std::back_inserter(doRegistro),
+                         [&](const Lugar& lugar) { return lugar.letra == static_cast<char>(*registro); });
+    if (doRegistro.empty()) return LLVMFuzzerMutate(dados, tamanho, maior);
+    const Lugar& lugar = doRegistro[sorteio() % doRegistro.size()];
+    const Texto novo = conteudo(sorteio, lugar.tamanho);
+    std::memcpy(registro + lugar.inicio, novo.data(), novo.size());
+    return tamanho;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dados, std::size_t tamanho) {
+    conferirPromessas(Analise::ZUL702, textoDe(dados, tamanho), leiauteDoPrograma(), {});
+    return 0;
+}
