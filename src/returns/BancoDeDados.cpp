@@ -56,11 +56,11 @@ struct Fecha {
 Texto lerArquivo(Arquivos& arquivos, const std::filesystem::path& caminho) {
     try {
         const auto arquivo = arquivos.abrirEntrada(caminho);
-        constexpr std::size_t bloco = 256 * 1024;
+        const std::size_t previsto = std::min<std::uint64_t>(arquivos.tamanho(caminho), maiorArquivo);
         Texto bytes;
         std::size_t lidos = 0;
         for (std::size_t agora = 1; agora != 0 && lidos <= maiorArquivo; lidos += agora) {
-            bytes.resize(lidos + bloco);
+            bytes.resize(std::max(previsto, lidos) + 1);
             agora = arquivo->ler(std::span(bytes).subspan(lidos));
         }
         if (lidos > maiorArquivo) throw falha(falhaDoBanco::arquivo, "O arquivo é grande demais"_t);
@@ -306,7 +306,8 @@ void executar(sqlite3_stmt* comando) {
 }
 
 void Motor::copiar(std::size_t tabela, LeitorJet& leitor) {
-    const auto& [nome, colunas] = tabelas[tabela];
+    const auto& nome = tabelas[tabela].nome;
+    const auto& colunas = tabelas[tabela].colunas;
     const auto declaracao = [&](std::size_t i) {
         return junta(colunas[i], leitor.deTextos(tabela, i) ? " TEXT COLLATE NOCASE" : " NUMERIC");
     };
