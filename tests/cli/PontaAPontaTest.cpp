@@ -1,0 +1,193 @@
+#include "support/Remessas.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace quilatador {
+namespace {
+
+using testes::lerTudo;
+using testes::remessa;
+
+#if defined(__SANITIZE_ADDRESS__)
+constexpr long memoriaMaxima = 1 << 20; // in KiB; the sanitizer has most of it
+#else
+constexpr long memoriaMaxima = 32 * 1024;
+#endif
+
+constexpr VistaTexto fim = "Depuração terminada!\r\n"_t;
+constexpr VistaTexto cancelada = "\r\n\r\nDEPURACAO CANCELADA!\r\nDepuração terminada!\r\n"_t;
+
+/// The real program at work in a temporary folder.
+class PontaAPonta : public testing::Test {
+  protected:
+    struct Fim {
+        int situacao = -1;
+        std::string saida;
+        std::string erros;
+        long memoria = 0; ///< peak, in KiB
+    };
+
+    void iniciar(std::vector<std::string> argumentos, std::string saida = {}) {
+        argumentos.insert(argumentos.begin(), QUILATADOR_CLI);
+        std::vector<char*> ponteiros;
+        for (std::string& argumento : argumentos)
+            ponteiros.push_back(argumento.data());
+        ponteiros.push_back(nullptr);
+        if (saida.empty()) saida = (pasta / "saida").string();
+        const std::string erros = (pasta / "erros").string();
+        filho_ = ::fork();
+        if (filho_ != 0) return;
+        ::dup2(::open(saida.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), STDOUT_FILENO);
+        ::dup2(::open(erros.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), STDERR_FILENO);
+        ::execv(QUILATADOR_CLI, ponteiros.data());
+        ::_exit(99);
+    }
+
+    void sinalizar(int sinal) const { ::kill(filho_, sinal); }
+
+    Fim esperar() {
+        int estado = 0;
+        struct rusage uso {};
+        ::wait4(filho_, &estado, 0, &uso);
+        return {WIFEXITED(estado) ? WEXITSTATUS(estado) : -1, lerTudo(pasta / "saida"), lerTudo(pasta / "erros"),
+                uso.ru_maxrss};
+    }
+
+    /// Runs it on a file, with its log in the folder.
+    Fim rodar(const std::filesystem::path& entrada, std::vector<std::string> opcoes = {}) {
+        opcoes.insert(opcoes.end(), {"--log", log().string(), "--", entrada.string()});
+        iniciar(std::move(opcoes));
+        return esperar();
+    }
+
+    [[nodiscard]] std::filesystem::path log() const { return pasta / "log"; }
+
+    testes::PastaTemporaria pasta;
+
+  private:
+    pid_t filho_ = -1;
+};
+
+/// The lines of a log that are the same on each day and machine.
+Texto semTituloNemTempo(const Texto& log) {
+    return log.substr(log.find('\n'), log.find("Tempo Decorrido") - log.find('\n'));
+}
+
+TEST_F(PontaAPonta, remessaComErros) {
+    const std::filesystem::path exemplo = std::filesystem::path(QUILATADOR_SAMPLES) / "remessa-com-erros";
+    const auto entrada = pasta.escrever("a'\" .rem", lerTudo(exemplo / "remessa.rem"));
+    EXPECT_EQ(rodar(entrada, {"--com-data", "--formato", "AAAAMMDD"}).situacao, 1);
+    EXPECT_EQ(semTituloNemTempo(lerTudo(log())), semTituloNemTempo(lerTudo(exemplo / "remessa.log")));
+    EXPECT_EQ(rodar(pasta.escrever("boa.rem", remessa())).situacao, 0);
+}
+
+TEST_F(PontaAPonta, entradasQueNaoSeLeem) {
+    std::filesystem::create_directory(pasta / "pasta");
+    ::mkfifo((pasta / "fila").c_str(), 0600);
+    std::filesystem::create_symlink(pasta / "nada", pasta / "solto");
+    std::filesystem::permissions(pasta.escrever("fechado", remessa()), std::filesystem::perms::none);
+    const std::pair<const char*, std::string> casos[] = {
+        {"nada", "Arquivo não encontrado!"},
+        {"solto", "Arquivo não encontrado!"},
+        {"pasta", "Erro de acesso ao caminho/arquivo"},
+        {"fila", "Erro de acesso ao caminho/arquivo"},
+        {"/dev/zero", "Erro de acesso ao caminho/arquivo"},
+        {"fechado", "Permissão negada"},
+    };
+    for (const auto& [nome, motivo] : casos) {
+        if (::geteuid() == 0 && nome == VistaTexto("fechado")) continue; // nothing is closed to root
+        const Fim resultado = rodar(pasta / nome);
+        EXPECT_EQ(resultado.situacao, 2) << nome;
+        EXPECT_EQ(resultado.erros, "");
+        EXPECT_EQ(resultado.saida, (pasta / nome).string() + ": não foi possível analisar: " + motivo +
+                                       "\n  log: " + log().string() + "\n");
+        EXPECT_TRUE(lerTudo(log()).ends_with(junta("\r\n\r\n", textoDeUtf8(motivo), "\r\n", fim))) << nome;
+    }
+}
+
+TEST_F(PontaAPonta, arquivosEnormesEmPoucaMemoria) {
+    const auto zeros = pasta.escrever("zeros", "");
+    std::filesystem::resize_file(zeros, 100'000'000);
+    const auto umaLinha = pasta.escrever("linha", Texto(10'000'000, 'A'));
+    const auto grande = pasta.escrever("grande", remessa({.registros = 100'000}));
+    for (const auto& [entrada, situacao] : {std::pair{zeros, 1}, {umaLinha, 1}, {grande, 0}}) {
+        const Fim resultado = rodar(entrada);
+        EXPECT_EQ(resultado.situacao, situacao);
+        EXPECT_LT(resultado.memoria, memoriaMaxima) << entrada;
+        EXPECT_TRUE(lerTudo(log()).ends_with(fim));
+    }
+}
+
+TEST_F(PontaAPonta, logNuncaCaiSobreAEntrada) {
+    const auto entrada = pasta.escrever("remessa.rem", remessa());
+    for (const bool simbolico : {true, false}) {
+        std::filesystem::remove(log());
+        if (simbolico)
+            std::filesystem::create_symlink(entrada, log());
+        else
+            std::filesystem::create_hard_link(entrada, log());
+        const Fim resultado = rodar(entrada);
+        EXPECT_EQ(resultado.situacao, 2);
+        EXPECT_EQ(resultado.erros, "O arquivo de log seria o próprio arquivo analisado: " + log().string() + "\n");
+        EXPECT_EQ(lerTudo(entrada), remessa());
+    }
+}
+
+TEST_F(PontaAPonta, discoCheioNuncaSeCala) {
+    const auto entrada = pasta.escrever("remessa.rem", remessa()).string();
+    iniciar({"-q", "--log", "/dev/full", entrada});
+    const Fim doLog = esperar();
+    EXPECT_EQ(doLog.situacao, 2);
+    EXPECT_EQ(doLog.erros, "Erro na gravação do arquivo de log: /dev/full (Disco cheio)\n");
+    for (const char* opcao : {"--json", "--ajuda", "--versao"}) {
+        iniciar({opcao, "--log", log().string(), entrada}, "/dev/full");
+        EXPECT_EQ(esperar().situacao, 2) << opcao;
+    }
+}
+
+/// The log is a pipe that holds less than the run has to write: the signal comes in the middle for certain.
+TEST_F(PontaAPonta, sinalNoMeioDaExecucao) {
+    Texto arquivo = remessa({.registros = 20'000});
+    for (std::size_t i = 220; i < arquivo.size(); i += testes::bytesDaLinha)
+        arquivo[i] = "ç"_t[0]; // a finding in each line
+    const auto entrada = pasta.escrever("remessa.rem", arquivo).string();
+    ::mkfifo(log().c_str(), 0600);
+    for (const auto& [sinal, vezes] : {std::pair{SIGINT, 1}, {SIGTERM, 1}, {SIGINT, 2}}) {
+        const int leitura = ::open(log().c_str(), O_RDONLY | O_NONBLOCK);
+        iniciar({"--log", log().string(), entrada});
+        struct pollfd espera {
+            leitura, POLLIN, 0
+        };
+        ASSERT_EQ(::poll(&espera, 1, 60'000), 1);
+        for (int vez = 0; vez < vezes; ++vez) {
+            sinalizar(sinal);
+            std::this_thread::sleep_for(std::chrono::milliseconds(50)); // two at once would count as one
+        }
+        Texto lido;
+        std::array<char, 65536> bloco{};
+        for (ssize_t bytes = 1; vezes == 1 && bytes != 0;) {
+            bytes = ::read(leitura, bloco.data(), bloco.size());
+            if (bytes > 0) lido.append(bloco.data(), static_cast<std::size_t>(bytes));
+            if (bytes < 0) ::poll(&espera, 1, 60'000);
+        }
+        const Fim resultado = esperar();
+        ::close(leitura);
+        EXPECT_EQ(resultado.situacao, 130);
+        EXPECT_EQ(lido.ends_with(cancelada), vezes == 1);
+        EXPECT_EQ(resultado.saida.find("análise cancelada") != std::string::npos, vezes == 1); // else at once
+    }
+}
+
+} // namespace
+} // namespace quilatador
