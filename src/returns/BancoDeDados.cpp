@@ -56,11 +56,12 @@ struct Fecha {
 Texto lerArquivo(Arquivos& arquivos, const std::filesystem::path& caminho) {
     try {
         const auto arquivo = arquivos.abrirEntrada(caminho);
+        constexpr std::size_t folga = 4096; // where the end shows without another round
         const std::size_t previsto = std::min<std::uint64_t>(arquivos.tamanho(caminho), maiorArquivo);
         Texto bytes;
         std::size_t lidos = 0;
         for (std::size_t agora = 1; agora != 0 && lidos <= maiorArquivo; lidos += agora) {
-            bytes.resize(std::max(previsto, lidos) + 1);
+            bytes.resize(std::max(previsto, lidos) + folga);
             agora = arquivo->ler(std::span(bytes).subspan(lidos));
         }
         if (lidos > maiorArquivo) throw falha(falhaDoBanco::arquivo, "O arquivo é grande demais"_t);

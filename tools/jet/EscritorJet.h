@@ -16,7 +16,7 @@ enum class TipoJet : std::uint8_t {
     Longo = 4,   ///< 32 bits
     Simples = 6,
     Duplo = 7,
-    Data = 8, ///< days since 30 December 1899
+    DataHora = 8, ///< days since 30 December 1899
     Binario = 9,
     Caracteres = 10,
     Ole = 11,

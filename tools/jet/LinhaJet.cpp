@@ -15,7 +15,7 @@ Texto bytesDoValor(TipoJet tipo, const ValorJet& valor, const FormatoJet& format
                    const std::function<Texto(const Texto&)>& guardarLongo) {
     Texto bytes;
     if (const auto* numero = std::get_if<double>(&valor)) {
-        if (tipo == TipoJet::Duplo || tipo == TipoJet::Data) {
+        if (tipo == TipoJet::Duplo || tipo == TipoJet::DataHora) {
             juntarNumero(bytes, std::bit_cast<std::uint64_t>(*numero), sizeof(double));
         } else if (tipo == TipoJet::Simples) {
             juntarNumero(bytes, std::bit_cast<std::uint32_t>(static_cast<float>(*numero)), sizeof(float));
@@ -68,7 +68,7 @@ std::size_t tamanhoFixo(TipoJet tipo) noexcept {
     case TipoJet::Simples:
         return 4;
     case TipoJet::Duplo:
-    case TipoJet::Data:
+    case TipoJet::DataHora:
         return 8;
     case TipoJet::Binario:
     case TipoJet::Caracteres:

@@ -1,0 +1,115 @@
+#include "returns/modTrataZUL708.h"
+
+#include "returns/Retornos.h"
+
+#include <gtest/gtest.h>
+
+namespace quilatador {
+namespace {
+
+using testes::Bancada;
+using testes::linhas;
+using testes::registro;
+
+/// A header, or a record, with occurrence codes.
+Texto header(VistaTexto codigos = "000000") {
+    return registro({{1, "A"}, {12, "ZUL708"}, {33, "000123"}, {229, codigos}, {235, "000001"}});
+}
+Texto guia(VistaTexto codigos) {
+    return registro({{1, "S"}, {229, codigos}, {235, "000002"}});
+}
+
+constexpr VistaTexto remessa = "Remessa: 000123\r\n\r\n";
+
+/// The summary for so many records with and without an occurrence.
+Texto totais(int com, int sem) {
+    return junta("\r\nO Arquivo possui ", std::to_string(com), " registros com Ocorrência!\r\nO Arquivo possui "_t,
+                 std::to_string(sem), " registros sem Ocorrência!\r\nTotal de Registros Analisados: "_t,
+                 std::to_string(com + sem), "\r\n");
+}
+
+TEST(ZUL708, explicaOcorrencias) {
+    const Texto erro = "O Registro 000002 apresenta o seguinte erro: ";
+    const std::pair<const char*, Texto> casos[] = {
+        {"050000", junta(erro, "05 - Convênio não cadastrado\r\n"_t)},
+        {"  0500", junta(erro, "05 - Convênio não cadastrado\r\n"_t)},
+        {"120512", junta(erro, "12 - Código – inválido, custa 1 €\r\n"_t, erro, "05 - Convênio não cadastrado\r\n"_t,
+                         erro, "12 - Código – inválido, custa 1 €\r\n"_t)},
+        {"030000", junta(erro, "03\r\n")},
+        {"070000", junta(erro, "07 - \r\n")},
+        {"080000", junta(erro, "08 - \r\n")},
+        {" 5-5''", junta(erro, " 5 - Convênio não cadastrado\r\n"_t, erro, "-5\r\n", erro, "''\r\n")},
+        {"0 0000", junta(erro, "0 \r\n")}};
+    for (const auto& [codigos, esperado] : casos)
+        EXPECT_EQ(Bancada(tratarRetornoZUL708, linhas({header(), guia(codigos)})).log(),
+                  junta(remessa, esperado, totais(1, 1)));
+    for (const char* codigos : {"000000", "      "})
+        EXPECT_EQ(Bancada(tratarRetornoZUL708, linhas({header(), guia(codigos)})).log(), junta(remessa, totais(0, 2)));
+}
+
+TEST(ZUL708, linhasCurtasEHeaderComOcorrencia) {
+    const Texto arquivo = linhas({header("050000"), registro({{1, "B"}, {26, "EMPRESA"}}, 32), "", "S", guia("05")}) +
+                          guia("05").substr(0, 230);
+    EXPECT_EQ(Bancada(tratarRetornoZUL708, arquivo).log(),
+              junta(remessa, "O Registro 000001 apresenta o seguinte erro: 05 - Convênio não cadastrado\r\n"_t,
+                    "Convenente: EMPRESA\r\n\r\n"
+                    "O Registro 000002 apresenta o seguinte erro: 05 - Convênio não cadastrado\r\n"
+                    "O Registro  apresenta o seguinte erro: 05 - Convênio não cadastrado\r\n"_t,
+                    totais(3, 3)));
+}
+
+TEST(ZUL708, arquivoVazio) {
+    EXPECT_EQ(Bancada(tratarRetornoZUL708).log(), totais(0, 0));
+}
+
+TEST(ZUL708, outroTipoDeArquivo) {
+    for (const Texto& primeira : {registro({{1, "A"}, {12, "ZUL702"}, {235, "000001"}}), Texto("AZUL708"), Texto()}) {
+        Bancada bancada(tratarRetornoZUL708, linhas({primeira, header()}));
+        const Texto mensagem = junta("Linha: ", trecho(primeira, 235), " - O Arquivo não é do tipo ZUL708!"_t);
+        EXPECT_EQ(bancada.log(), junta(mensagem, "\r\n\r\nTRATAMENTO CANCELADO!!!\r\n"));
+        EXPECT_EQ(bancada.resumo.desfecho, Desfecho::Falhou);
+        EXPECT_EQ(bancada.resumo.descricao, mensagem);
+    }
+}
+
+TEST(ZUL708, rotulosEProgresso) {
+    Bancada bancada(tratarRetornoZUL708, linhas({header(), registro({{1, "B"}, {26, "EMPRESA"}}), guia("050000")}));
+    const Resumo resumo = bancada.rodar();
+    EXPECT_EQ(bancada.mundo.painel.chamadas,
+              (std::vector<Texto>{"iniciar 0/3 guias 0", "rotulo Remessa: Remessa: 000123", "eventos",
+                                  "avancar 1/3 guias 0", junta("rotulo Empresa: Convenente: EMPRESA", Texto(43, ' ')),
+                                  "eventos", "avancar 2/3 guias 0", "avancar 3/3 guias 0", "concluir 3/3 guias 0"}));
+    EXPECT_EQ(resumo.desfecho, Desfecho::Concluida);
+    EXPECT_EQ(resumo.totalErros, 1);
+    EXPECT_EQ(resumo.totalRegistros, 3);
+}
+
+TEST(ZUL708, ouvinteRecebeLinhasEAchados) {
+    Bancada bancada(tratarRetornoZUL708, linhas({header(), guia("000500")}));
+    testes::RelatorMemoria ouvinte;
+    Relator* const ouvintes[] = {&ouvinte};
+    bancada.pedido.ouvintes = ouvintes;
+    bancada.rodar();
+    EXPECT_EQ(ouvinte.linhas.size(), 8u); // title, remittance and summary, each with its empty line
+    ASSERT_EQ(ouvinte.achados.size(), 1u);
+    const Achado& achado = ouvinte.achados.front();
+    EXPECT_EQ(achado.id, "zul708.ocorrencia");
+    EXPECT_EQ(achado.gravidade, Gravidade::Ocorrencia);
+    EXPECT_EQ(achado.linha, 2);
+    EXPECT_EQ(achado.segmento, 'S');
+    EXPECT_EQ(achado.campo, (CampoDoAchado{"CodigoRetorno2", 231, 232, "05", std::nullopt}));
+    EXPECT_EQ(achado.mensagem, "O Registro 000002 apresenta o seguinte erro: 05 - Convênio não cadastrado"_t);
+    ASSERT_EQ(ouvinte.resumos.size(), 1u);
+    EXPECT_EQ(ouvinte.resumos.front().totalErros, 1);
+}
+
+TEST(ZUL708, umaConsultaPorCodigo) {
+    Bancada bancada(tratarRetornoZUL708, linhas({header("050505"), guia("050312"), guia("031212")}));
+    bancada.rodar();
+    EXPECT_EQ(bancada.banco.consultas(), 3u);
+    bancada.rodar();
+    EXPECT_EQ(bancada.banco.consultas(), 6u); // nothing is kept from run to run
+}
+
+} // namespace
+} // namespace quilatador
