@@ -4,11 +4,13 @@
 #include "frontend/qt/Controles.h"
 #include "frontend/qt/Conversoes.h"
 
+#include <QButtonGroup>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
 
+#include <initializer_list>
 #include <iterator>
 
 namespace quilatador {
@@ -22,6 +24,13 @@ void guardarLugar(QWidget* controle) {
     QSizePolicy politica = controle->sizePolicy();
     politica.setRetainSizeWhenHidden(true);
     controle->setSizePolicy(politica);
+}
+
+/// Of a group one option is chosen. Said in so many words, since a frame's own grouping takes in the frames inside it.
+void agrupar(QWidget* dono, std::initializer_list<QAbstractButton*> opcoes) {
+    auto* grupo = new QButtonGroup(dono);
+    for (QAbstractButton* opcao : opcoes)
+        grupo->addButton(opcao);
 }
 
 QComboBox* novoFormato() {
@@ -119,6 +128,7 @@ QLayout* QuadroDoPedido::tiposDeArquivo() {
     const std::pair<QRadioButton*, QString> tipos[] = {{opt702, u"Remessa para Impressão"_s},
                                                        {opt708, u"Retorno da Remessa de Impressão"_s},
                                                        {optTAV, u"Retorno de Liquidação"_s}};
+    agrupar(this, {opt702, opt708, optTAV});
     auto* grade = new QGridLayout;
     grade->setHorizontalSpacing(2 * fontMetrics().averageCharWidth());
     grade->setVerticalSpacing(fontMetrics().height() / 3);
@@ -148,6 +158,7 @@ void QuadroDoPedido::montarData() {
 }
 
 void QuadroDoPedido::montarDetalhes() {
+    agrupar(fraDetalhes, {optTodosDetalhes, optPrimeirasGuias});
     auto* coluna = new QVBoxLayout(fraDetalhes);
     coluna->addWidget(optTodosDetalhes);
     coluna->addWidget(optPrimeirasGuias);
