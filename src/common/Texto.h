@@ -151,7 +151,7 @@ inline constexpr auto literal1252 = converterLiteral(literal);
 
 /// `"Número"_t` is the Windows-1252 text of a literal, converted by the compiler.
 template <detalhe::LiteralUtf8 literal>
-consteval VistaTexto operator""_t() {
+constexpr VistaTexto operator""_t() noexcept {
     static_assert(sizeof("ã") == 3, "the compiler must take literals as UTF-8");
     return {detalhe::literal1252<literal>.bytes.data(), detalhe::literal1252<literal>.tamanho};
 }
