@@ -25,9 +25,18 @@ if(QUILATADOR_WINDOW)
           DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps
           RENAME ${identidade}.svg)
 endif()
+
+# Manuals are compressed where that can be done, without a time in them, so that a package comes out the same each time.
+find_program(QUILATADOR_GZIP gzip)
+mark_as_advanced(QUILATADOR_GZIP)
 foreach(manual ${manuais})
-  configure_file(data/man/${manual}.in ${CMAKE_BINARY_DIR}/man/${manual} @ONLY)
-  install(FILES ${CMAKE_BINARY_DIR}/man/${manual} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+  set(arquivo ${CMAKE_BINARY_DIR}/man/${manual})
+  configure_file(data/man/${manual}.in ${arquivo} @ONLY)
+  if(QUILATADOR_GZIP)
+    execute_process(COMMAND ${QUILATADOR_GZIP} -9nc ${arquivo} OUTPUT_FILE ${arquivo}.gz COMMAND_ERROR_IS_FATAL ANY)
+    string(APPEND arquivo .gz)
+  endif()
+  install(FILES ${arquivo} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 endforeach()
 
 set(CPACK_GENERATOR DEB)
@@ -48,6 +57,6 @@ if(QUILATADOR_WINDOW)
 endif()
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "Checks the fixed-width files that a company exchanges with its bank to have
- collection slips printed and paid (ZUL702), and explains what comes back
- (ZUL708, TAV001). The texts are in Portuguese.")
+collection slips printed and paid (ZUL702), and explains what comes back
+(ZUL708, TAV001). The texts are in Portuguese.")
 include(CPack)
