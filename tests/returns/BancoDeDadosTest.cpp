@@ -27,6 +27,9 @@ Texto pagamento(BancoDeDados& banco, Texto codigo) {
     return banco.descricaoFormaPagamento(codigo);
 }
 
+constexpr VistaTexto naoReconhecido = "3343 ArquivoJet: Formato de banco de dados não reconhecido"_t;
+constexpr VistaTexto danificado = "3049 ArquivoJet: O banco de dados está danificado"_t;
+
 /// All that the test tables answer.
 Texto respostas(BancoDeDados& banco) {
     Texto todas;
@@ -73,7 +76,7 @@ TEST(BancoDeDados, respondeIgualEmTodosOsFormatos) {
 
 TEST(BancoDeDados, codigoFicaEmMaiusculas) {
     BancoDeDados banco = abrirBanco(escreverJet(tabelasDeCodigos()));
-    Texto codigo("é"_t);
+    Texto codigo = junta("é"_t);
     EXPECT_EQ(banco.descricaoFormaArrecadacao(codigo), "Acentuada");
     EXPECT_EQ(codigo, "É"_t);
     codigo = "x";
@@ -169,20 +172,20 @@ TEST(BancoDeDados, bancoQueNaoSeAbre) {
         bytes[lugarJet::versao] = 2;
         return bytes;
     };
-    const std::pair<Texto, Texto> casos[] = {
-        {"", "3343 ArquivoJet: Formato de banco de dados não reconhecido"_t.data()},
-        {Texto(bom, 0, 100), "3343 ArquivoJet: Formato de banco de dados não reconhecido"_t.data()},
-        {Texto(8192, 'x'), "3343 ArquivoJet: Formato de banco de dados não reconhecido"_t.data()},
-        {outraVersao(), "3343 ArquivoJet: Formato de banco de dados não reconhecido"_t.data()},
-        {Texto(bom, 0, bom.size() - 1), "3049 ArquivoJet: O banco de dados está danificado"_t.data()},
-        {Texto(bom, 0, bom.size() / 2), "3049 ArquivoJet: O banco de dados está danificado"_t.data()},
-        {Texto(bom, 0, 4096), "3049 ArquivoJet: O banco de dados está danificado"_t.data()},
+    const std::pair<Texto, VistaTexto> casos[] = {
+        {"", naoReconhecido},
+        {Texto(bom, 0, 100), naoReconhecido},
+        {Texto(8192, 'x'), naoReconhecido},
+        {outraVersao(), naoReconhecido},
+        {Texto(bom, 0, bom.size() - 1), danificado},
+        {Texto(bom, 0, bom.size() / 2), danificado},
+        {Texto(bom, 0, 4096), danificado},
         {mudado([](auto& tabelas) { tabelas.pop_back(); }),
-         "3078 BancoDeDados: O banco de dados não tem a tabela FormaPagamento"_t.data()},
+         "3078 BancoDeDados: O banco de dados não tem a tabela FormaPagamento"_t},
         {mudado([](auto& tabelas) { tabelas[0].colunas[2].nome = "texto"; }),
-         "3061 BancoDeDados: A tabela OcorrenciaTAV não tem a coluna textoDescricao"_t.data()},
+         "3061 BancoDeDados: A tabela OcorrenciaTAV não tem a coluna textoDescricao"_t},
         {mudado([](auto& tabelas) { tabelas[1].colunas[0].tipo = TipoJet::Binario; }),
-         "3259 BancoDeDados: A coluna codigoFormaArrecadacao não tem números nem textos"_t.data()}};
+         "3259 BancoDeDados: A coluna codigoFormaArrecadacao não tem números nem textos"_t}};
     for (const auto& [bytes, falha] : casos)
         EXPECT_EQ(testes::textoDaFalha([&] { return abrirBanco(bytes).consultas(); }), falha);
     testes::ArquivosEmMemoria vazio;
@@ -239,9 +242,7 @@ TEST(BancoDeDados, bancoDanificado) {
     for (const auto& [dano, pagina, lugar, bytes] : casos) {
         Texto ruim = bom;
         ruim.replace(pagina * fim + lugar, bytes.size(), bytes);
-        EXPECT_EQ(testes::textoDaFalha([&] { return abrirBanco(ruim).consultas(); }),
-                  "3049 ArquivoJet: O banco de dados está danificado"_t)
-            << dano;
+        EXPECT_EQ(testes::textoDaFalha([&] { return abrirBanco(ruim).consultas(); }), danificado) << dano;
     }
 }
 
