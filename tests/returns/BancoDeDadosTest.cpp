@@ -30,6 +30,11 @@ Texto pagamento(BancoDeDados& banco, Texto codigo) {
 constexpr VistaTexto naoReconhecido = "3343 ArquivoJet: Formato de banco de dados não reconhecido"_t;
 constexpr VistaTexto danificado = "3049 ArquivoJet: O banco de dados está danificado"_t;
 
+/// The `Falha` of opening a database, "" for none.
+Texto falhaAoAbrir(const Texto& bytes) {
+    return testes::textoDaFalha([&] { return abrirBanco(bytes).consultas(); });
+}
+
 /// All that the test tables answer.
 Texto respostas(BancoDeDados& banco) {
     Texto todas;
@@ -187,7 +192,7 @@ TEST(BancoDeDados, bancoQueNaoSeAbre) {
         {mudado([](auto& tabelas) { tabelas[1].colunas[0].tipo = TipoJet::Binario; }),
          "3259 BancoDeDados: A coluna codigoFormaArrecadacao não tem números nem textos"_t}};
     for (const auto& [bytes, falha] : casos)
-        EXPECT_EQ(testes::textoDaFalha([&] { return abrirBanco(bytes).consultas(); }), falha);
+        EXPECT_EQ(falhaAoAbrir(bytes), falha);
     testes::ArquivosEmMemoria vazio;
     EXPECT_EQ(testes::textoDaFalha([&] { return BancoDeDados(vazio, "/nada.mdb").consultas(); }),
               "3024 BancoDeDados: Arquivo não encontrado"_t);
@@ -242,7 +247,7 @@ TEST(BancoDeDados, bancoDanificado) {
     for (const auto& [dano, pagina, lugar, bytes] : casos) {
         Texto ruim = bom;
         ruim.replace(pagina * fim + lugar, bytes.size(), bytes);
-        EXPECT_EQ(testes::textoDaFalha([&] { return abrirBanco(ruim).consultas(); }), danificado) << dano;
+        EXPECT_EQ(falhaAoAbrir(ruim), danificado) << dano;
     }
 }
 
