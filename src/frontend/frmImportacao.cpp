@@ -90,7 +90,7 @@ Resumo frmImportacao::analisarRemessa(const Pedido& pedido) {
     Depurador& validador = depurador();
     if (pedido.comData) validador.FormatoDataBarra = pedido.FormatoDataBarra;
     validador.PosicaoDataBarra = pedido.comData ? Valor(pedido.PosicaoDataBarra).paraInteiro() : std::int16_t{0};
-    const Resumo resumo = validador.DepurarArquivo(pedido.nomeArquivo, pedido.nomeArquivoLog);
+    Resumo resumo = validador.DepurarArquivo(pedido.nomeArquivo, pedido.nomeArquivoLog);
 
     avisarFim();
     tela_.legenda(Controle::cmdCancela, "&Fechar");

@@ -8,20 +8,20 @@
 
 namespace quilatador {
 
-/// What the window needs of the machine.
-struct Maquina {
-    Relogio& relogio;
-    Localidade& localidade;
-    Lancador& lancador;
-    Arquivos& arquivos;
-    Dialogos& dialogos;
-    std::filesystem::path pastaDoPrograma; ///< where the layout description, the database and the help are
-    std::filesystem::path programa;        ///< the running program's own file
-};
-
 /// The program behind the window: puts rules and controls together.
 class Aplicacao final {
   public:
+    /// What the window needs of the machine.
+    struct Maquina {
+        Relogio& relogio;
+        Localidade& localidade;
+        Lancador& lancador;
+        Arquivos& arquivos;
+        Dialogos& dialogos;
+        std::filesystem::path pastaDoPrograma; ///< where the layout description, the database and the help are
+        std::filesystem::path programa;        ///< the running program's own file
+    };
+
     explicit Aplicacao(const Maquina& maquina);
     Aplicacao(const Aplicacao&) = delete;
     Aplicacao& operator=(const Aplicacao&) = delete;

@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
 #include <cassert>
 
 namespace quilatador {
@@ -12,6 +13,10 @@ namespace {
 
 using namespace std::chrono_literals;
 constexpr Relogio::Instante intervaloDosQuadros = 33ms;
+/// On a slow display the frames come more rarely, so that they take no more than a part in so many of the time; but
+/// never so rarely that a button would not answer at once.
+constexpr int partesPorQuadro = 12;
+constexpr Relogio::Instante maiorIntervalo = 80ms;
 /// Reading the clock costs a good part of what a record does, so it is read once in so many.
 constexpr std::int32_t registrosPorLeitura = 256;
 
@@ -49,10 +54,11 @@ void TelaQt::iniciarProgresso(const Progresso& progresso) {
 void TelaQt::avancar(const Progresso& progresso) {
     if (progresso.registroAtual % registrosPorLeitura != 0) return;
     const auto agora = relogio_.agora();
-    if (agora - ultimoQuadro_ < intervaloDosQuadros) return;
-    ultimoQuadro_ = agora;
+    if (agora < proximoQuadro_) return;
     janela_.progresso->mostrar(progresso, agora);
     processarEventos();
+    const auto fim = relogio_.agora();
+    proximoQuadro_ = fim + std::clamp((fim - agora) * partesPorQuadro, intervaloDosQuadros, maiorIntervalo);
 }
 
 void TelaQt::concluirProgresso(const Progresso& progresso) {

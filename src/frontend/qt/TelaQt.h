@@ -43,7 +43,7 @@ class TelaQt final : public Tela {
     std::function<void()> aoAtender_;
     std::array<QWidget*, totalDeControles> controles_{}; ///< by place in `Controle`
     std::map<Rotulo, Texto> rotulos_;                    ///< as shown
-    Relogio::Instante ultimoQuadro_{};
+    Relogio::Instante proximoQuadro_{};                  ///< not before this time
 };
 
 } // namespace quilatador

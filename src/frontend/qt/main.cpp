@@ -18,7 +18,7 @@ int main(int argc, char** argv) {
     using namespace quilatador;
     QApplication programa(argc, argv);
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/logo.svg")));
-    QGuiApplication::setDesktopFileName(QStringLiteral("quilatador"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.quilatador.Quilatador"));
 
     QTranslator traducao; // the texts of Qt's own dialogs and menus; ours are in Portuguese whatever the system's are
     if (traducao.load(QStringLiteral("qtbase_pt_BR"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
