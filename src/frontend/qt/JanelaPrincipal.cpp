@@ -75,6 +75,7 @@ QLayout* JanelaPrincipal::cabecalho() {
     fonte.setBold(true);
     titulo->setFont(fonte);
     auto* textos = new QVBoxLayout;
+    textos->setSpacing(fontMetrics().height() / 4);
     textos->addStretch();
     textos->addWidget(titulo);
     textos->addWidget(new QLabel(u"Confere os arquivos de cobrança trocados com o banco"_s));

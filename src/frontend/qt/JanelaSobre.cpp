@@ -51,6 +51,7 @@ JanelaSobre::JanelaSobre(VistaTexto versao, QWidget* dono) : QDialog(dono) {
     logo->setFixedSize(lado, lado);
     descrever(logo, u"Logotipo"_s);
     auto* textos = new QVBoxLayout;
+    textos->setSpacing(fontMetrics().height() / 2);
     textos->addWidget(novoTitulo());
     textos->addWidget(novoControle<QLabel>("lblVersion", paraQt(versao)));
     textos->addWidget(novaLinha("Line1"));

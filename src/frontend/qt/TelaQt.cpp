@@ -91,7 +91,8 @@ void TelaQt::legenda(Controle controle, VistaTexto texto) {
 }
 
 void TelaQt::focar(Controle controle) {
-    widget(controle)->setFocus(Qt::TabFocusReason); // which selects a box's content, ready to be typed over
+    widget(controle)->setFocus();
+    if (auto* caixa = qobject_cast<QLineEdit*>(widget(controle))) caixa->selectAll(); // ready to be typed over
 }
 
 void TelaQt::marcar(Controle controle, bool marcado) {

@@ -178,6 +178,7 @@ TEST_F(JanelaDeTeste, deixarUmaPosicaoForaDoCampoLivreVoltaAEla) {
         QApplication::processEvents();
         EXPECT_EQ(dialogos.textos(), aceita ? Textos{} : Textos{mensagemDaPosicao}) << posicao;
         EXPECT_EQ(focado(), aceita ? "cmbFormato" : "txtPosicao") << posicao;
+        EXPECT_EQ(controle<QLineEdit>("txtPosicao")->hasSelectedText(), !aceita) << posicao;
     }
 }
 
