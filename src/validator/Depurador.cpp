@@ -89,7 +89,9 @@ Resumo Depurador::rodar() {
         return verificarArquivo();
     } catch (const ParadaEstrutural& parada) {
         publicar(parada.achado());
-        return resumo(Desfecho::Falhou);
+        Resumo resultado = resumo(Desfecho::Falhou);
+        resultado.descricao = parada.descricao();
+        return resultado;
     } catch (const FalhaDoLog&) {
         throw;
     } catch (const Falha& falha) {
@@ -340,7 +342,7 @@ void Depurador::publicar(const Achado& achado) {
         ouvinte->achado(achado);
 }
 
-void Depurador::escreverErro(Achado achado) {
+void Depurador::escreverErro(const Achado& achado) {
     publicar(achado);
     ++execucao_.totalErros;
 }

@@ -49,7 +49,7 @@ class Depurador {
     /// Writes one line to the log.
     void escreverLog(VistaTexto texto);
     /// Writes a finding as an error line and counts it: about line `linha`, or the line in hand.
-    void escreverErro(Achado achado);
+    void escreverErro(const Achado& achado);
     void escreverErro(VistaTexto id, VistaTexto mensagem, std::optional<std::int32_t> linha = {});
     /// Opens a text in the system's editor.
     void VisualizarArquivo(const std::filesystem::path& caminho);

@@ -65,10 +65,11 @@ bool contem(VistaTexto historico, VistaTexto letras) {
     return historico.find(letras) != VistaTexto::npos;
 }
 
-ParadaEstrutural paradaNoHeader(VistaTexto id, VistaTexto mensagem) {
+/// A structural finding whose message tells no line, `linha` (1-based) being the one that it is about.
+ParadaEstrutural paradaSemLinha(VistaTexto id, std::int32_t linha, VistaTexto mensagem) {
     return {Texto("Importação"_t), Achado{.id = id,
                                           .gravidade = Gravidade::Estrutural,
-                                          .linha = 1,
+                                          .linha = linha,
                                           .segmento = 0,
                                           .campo = {},
                                           .mensagem = Texto(mensagem)}};
@@ -103,19 +104,19 @@ const RegistroRemessa& Depurador::lerHeader() {
     } catch (const Falha& falha) {
         if (falha.fonte() != "ArquivoRemessa") throw;
     }
-    throw paradaNoHeader("sequencia.a.ausente", naoEhHeader);
+    throw paradaSemLinha("sequencia.a.ausente", 1, naoEhHeader);
 }
 
 void Depurador::verificarHeader() {
     const RegistroRemessa& registro = lerHeader();
     verificarTamanho(registro);
     if (diferente(valorDaLinha(registro, camposDaLinha().tipoReg, "TipoReg"), "A"))
-        throw paradaNoHeader("sequencia.a.ausente", naoEhHeader);
+        throw paradaSemLinha("sequencia.a.ausente", 1, naoEhHeader);
     if (diferente(registro.getValorCampo("NomeArquivo"), "ZUL702"))
-        throw paradaNoHeader("sequencia.a.nomeArquivo", "Arquivo não é ZUL702!"_t);
+        throw paradaSemLinha("sequencia.a.nomeArquivo", 1, "Arquivo não é ZUL702!"_t);
     // Every revision of version 1.00 is accepted, "1.00.01" with its own checks.
     if (trecho(registro.getValorCampoString("VersaoLayout"), 1, 4) != "1.00")
-        throw paradaNoHeader("sequencia.a.versaoLayout", "Versao de layout incompatível. Esperada: 1.00"_t);
+        throw paradaSemLinha("sequencia.a.versaoLayout", 1, "Versao de layout incompatível. Esperada: 1.00"_t);
     execucao_.convenioHeader = registro.getValorCampoString("Convenio");
     execucao_.historicoDefinicao.assign(1, 'A');
     verificarIDRegistro(registro, 'A');
@@ -123,7 +124,7 @@ void Depurador::verificarHeader() {
 
 void Depurador::verificarTamanho(const RegistroRemessa& registro) const {
     if (registro.linha().size() == static_cast<std::size_t>(registro.Tamanho())) return;
-    throw paradaNoHeader("sequencia.tamanho",
+    throw paradaSemLinha("sequencia.tamanho", arquivoRemessa_->contador(),
                          junta("Tamanho de registro inválido. Esperado "_t, std::to_string(registro.Tamanho())));
 }
 

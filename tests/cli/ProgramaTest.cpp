@@ -49,7 +49,7 @@ TEST(Programa, situacaoEOQueEscreve) {
         {{"/d/ruim.rem"}, 1, "/d/ruim.rem: 33 erros; 3 guias lidas\n  log: /d/ruim.log\n", ""},
         {{"/d/cortada.rem"},
          1,
-         "/d/cortada.rem: análise interrompida por erro no arquivo\n  log: /d/cortada.log\n",
+         "/d/cortada.rem: análise interrompida por erro no arquivo: Tamanho de registro inválido. Esperado 240\n  log: /d/cortada.log\n",
          ""},
         {{"/d/falta.rem"},
          2,
