@@ -45,7 +45,6 @@ void AnaliseDeRetorno::rodar(const std::atomic<bool>& cancelado) {
         escrever(tituloDoLog(pedido_.nomeArquivo, formatarData(ambiente_.relogio.hoje(), "DD/MM/YYYY")));
         escrever("");
         analisar(*leitor, cancelado);
-        leitor.reset();
         entregarBloco();
         log_->fechar();
         ambiente_.lancador.abrirTexto(nomeArquivoLog_);

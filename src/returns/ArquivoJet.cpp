@@ -240,10 +240,9 @@ std::vector<std::size_t> ArquivoJet::lugaresVariaveis(VistaTexto linha, std::siz
     const std::size_t lugarDaQuantidade = fim - largura;
     const std::size_t quantidade = numero(linha, lugarDaQuantidade, largura);
     // Places of one byte do not reach further than 255: Jet 3 then has jumps, the columns from which 256 is added.
-    std::size_t saltos = formato_->versao == VersaoJet::Jet3 ? (linha.size() - 1) / 256 : 0;
+    const std::size_t saltos = formato_->versao == VersaoJet::Jet3 ? (linha.size() - 1) / 256 : 0;
     const std::size_t tabela = lugarDaQuantidade - saltos;
     exigir(tabela <= lugarDaQuantidade && tabela >= (quantidade + 1) * largura);
-    if (saltos > 0 && (tabela - 1 - quantidade) / 256 < saltos) --saltos;
     std::vector<std::size_t> lugares;
     for (std::size_t i = 0, usados = 0; i <= quantidade; ++i) {
         while (usados < saltos && i == numero8(linha, lugarDaQuantidade - 1 - usados))

@@ -1,5 +1,7 @@
 #include "returns/BancoDeDados.h"
 
+#include "jet/LinhaJet.h"
+#include "returns/ArquivoJet.h"
 #include "returns/Bancos.h"
 #include "returns/FalhaDoBanco.h"
 #include "support/Falhas.h"
@@ -91,14 +93,16 @@ TEST(BancoDeDados, codigoFicaEmMaiusculas) {
 
 TEST(BancoDeDados, ambienteNaoMudaAsRespostas) {
     const testes::VariavelDeAmbiente opcoes("MDBOPTS", "debug_all:no_memo:use_index");
-    const testes::VariavelDeAmbiente saida("MDBICONV", "UTF-16");
-    const testes::VariavelDeAmbiente entrada("MDB_JET3_CHARSET", "CP437");
-    testing::internal::CaptureStdout();
-    testing::internal::CaptureStderr();
-    BancoDeDados banco = abrirBanco(escreverJet(tabelasDeCodigos(VersaoJet::Jet3)));
-    const Texto dadas = respostas(banco);
-    EXPECT_EQ(testing::internal::GetCapturedStdout() + testing::internal::GetCapturedStderr(), "");
-    EXPECT_EQ(dadas, respostasCertas);
+    for (const char* conjunto : {"CP437", "UTF-16", "none such"}) {
+        const testes::VariavelDeAmbiente saida("MDBICONV", conjunto);
+        const testes::VariavelDeAmbiente entrada("MDB_JET3_CHARSET", conjunto);
+        testing::internal::CaptureStdout();
+        testing::internal::CaptureStderr();
+        BancoDeDados banco = abrirBanco(escreverJet(tabelasDeCodigos(VersaoJet::Jet3)));
+        const Texto dadas = respostas(banco);
+        EXPECT_EQ(testing::internal::GetCapturedStdout() + testing::internal::GetCapturedStderr(), "");
+        EXPECT_EQ(dadas, respostasCertas);
+    }
 }
 
 TEST(BancoDeDados, colunasDeOutrosTipos) {
@@ -128,7 +132,7 @@ TEST(BancoDeDados, definicaoEmVariasPaginas) {
 }
 
 TEST(BancoDeDados, linhaLongaDeJet3) {
-    for (const std::size_t tamanho : {70u, 80u, 90u, 120u, 200u}) { // around the places where a jump is needed
+    for (std::size_t tamanho = 30; tamanho <= 200; ++tamanho) { // past every place where a jump comes to be needed
         BancoJet tabelas = tabelasDeCodigos(VersaoJet::Jet3);
         tabelas.tabelas[1].colunas.push_back({"nota", TipoJet::Caracteres, 200});
         for (auto& linha : tabelas.tabelas[1].linhas) {
@@ -231,6 +235,7 @@ TEST(BancoDeDados, bancoDanificado) {
         {"definition that continues past the file", definicao, lugarJet::proximaPagina, "\xFF\xFF\xFF\x7F"},
         {"too many columns", definicao, jet4.colunas, "\xFF\xFF"},
         {"too many indexes", definicao, jet4.indices, "\xFF\xFF\xFF\xFF"},
+        {"column without a name", definicao, jet4.entradas + 3 * jet4.coluna, Texto(2, '\0')},
         {"name longer than any", definicao, jet4.entradas + 3 * jet4.coluna, "\xFF\xFF"},
         {"map on a page that is none", definicao, jet4.paginasUsadas, "\x05\xFF\xFF\xFF"},
         {"map in a row that is none", definicao, jet4.paginasUsadas, "\x02"},
@@ -241,14 +246,45 @@ TEST(BancoDeDados, bancoDanificado) {
         {"rows of another table", linhas, lugarJet::proximaPagina, "\x63"},
         {"more rows than there is room for", linhas, jet4.contagemDeLinhas, "\xFF\xFF"},
         {"row that starts in the head", linhas, jet4.contagemDeLinhas + 2, Texto("\x02\0", 2)},
+        {"row that starts where another did", linhas, jet4.contagemDeLinhas + 6,
+         bom.substr(linhas * fim + jet4.contagemDeLinhas + 2, 2)},
         {"row with too many columns", linhas, fim - 33, "\xFF\x7F"},
         {"row with too many variable columns", linhas, fim - 3, "\xFF\x7F"},
-        {"variable column past the row", linhas, fim - 7, "\xFF\x7F"}};
+        {"variable column that ends past the row", linhas, fim - 7, "\xFF\x7F"},
+        {"variable column that ends before it starts", linhas, fim - 5, "\x7F"}};
     for (const auto& [dano, pagina, lugar, bytes] : casos) {
         Texto ruim = bom;
         ruim.replace(pagina * fim + lugar, bytes.size(), bytes);
         EXPECT_EQ(falhaAoAbrir(ruim), danificado) << dano;
     }
+}
+
+TEST(ArquivoJet, textoLongoDanificado) {
+    BancoJet tabelas = tabelasDeCodigos();
+    tabelas.tabelas[0].colunas[2].tipo = TipoJet::Memo;
+    tabelas.tabelas[0].linhas = {{1.0, 1.0, Texto(3000, 'm')}}; // takes two pieces
+    Texto bytes = escreverJet(tabelas);
+    const std::size_t pagina = bytes.find("LVAL") / 4096;
+    const auto cabeca = [](std::uint32_t tamanho, std::size_t lugar) {
+        Texto bytesDela;
+        juntarNumero(bytesDela, tamanho, 4);
+        juntarNumero(bytesDela, lugar, 8);
+        return bytesDela;
+    };
+    const auto falha = [&](const Texto& cabecaDoTexto) {
+        const ArquivoJet arquivo(bytes);
+        return testes::numeroDaFalha([&] { return arquivo.textoLongo(cabecaDoTexto); });
+    };
+    constexpr std::uint32_t inteiro = 0x40000000;
+    EXPECT_EQ(falha(cabeca(100, pagina << 8)), 0);
+    EXPECT_EQ(falha(cabeca(100, pagina << 8).substr(0, 11)), falhaDoBanco::danificado);
+    EXPECT_EQ(falha(cabeca(0x3FFFFFFF, pagina << 8)), falhaDoBanco::danificado);
+    EXPECT_EQ(falha(cabeca(100, 0xFFFF00)), falhaDoBanco::danificado);
+    EXPECT_EQ(falha(cabeca(100 | inteiro, pagina << 8 | 1)), falhaDoBanco::danificado);
+    EXPECT_EQ(falha(cabeca(6000, pagina << 8)), falhaDoBanco::danificado); // longer than its chain
+    bytes.replace(pagina * 4096 + jet4.contagemDeLinhas + 2, 2, Texto("\xFC\x0F"));
+    bytes.replace((pagina + 1) * 4096 - 4, 4, cabeca(static_cast<std::uint32_t>(pagina << 8), 0).substr(0, 4));
+    EXPECT_EQ(falha(cabeca(100, pagina << 8)), falhaDoBanco::danificado); // a piece without text, before itself
 }
 
 TEST(BancoDeDados, bytesAoAcasoNuncaDerrubam) {

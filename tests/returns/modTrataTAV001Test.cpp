@@ -121,9 +121,9 @@ TEST(TAV001, linhasCurtas) {
               separador, "Total de Registros do Arquivo: \r\nValor Total Recebido.........: 0,00\r\n\r\n"));
     // One character less than all fields of a payment need, and one that ends with them.
     const Texto curta = pagamento("000000012345", "1", "1").substr(0, 140);
-    EXPECT_EQ(Bancada(tratarRetornoTAV001, linhas({header(), curta, junta(curta, "X")})).log(),
-              junta(blocoDoHeader, antesDoCanal("123,45"), doCanalEmDiante("Guichê"_t, ""), antesDoCanal("123,45"),
-                    doCanalEmDiante("Guichê"_t, "Débito"_t)));
+    EXPECT_EQ(Bancada(tratarRetornoTAV001, linhas({header(), junta(curta, "X")}) + curta).log(),
+              junta(blocoDoHeader, antesDoCanal("123,45"), doCanalEmDiante("Guichê"_t, "Débito"_t),
+                    antesDoCanal("123,45"), doCanalEmDiante("Guichê"_t, "")));
     EXPECT_EQ(Bancada(tratarRetornoTAV001).log(), "");
 }
 
@@ -149,13 +149,16 @@ TEST(TAV001, outroTipoOuVersao) {
     }
 }
 
-TEST(TAV001, rotulos) {
-    Bancada bancada(tratarRetornoTAV001, linhas({header()}));
+TEST(TAV001, rotulosEProgresso) {
+    const Texto metade(118, 'H'); // with the header 480 bytes: two records are foreseen, three lines come
+    Bancada bancada(tratarRetornoTAV001, linhas({header(), metade}) + metade);
     bancada.rodar();
     EXPECT_EQ(bancada.mundo.painel.chamadas,
-              (std::vector<Texto>{"iniciar 0/1 guias 0", "rotulo Remessa: Sequencial: 000042", "eventos",
+              (std::vector<Texto>{"iniciar 0/2 guias 0", "rotulo Remessa: Sequencial: 000042", "eventos",
                                   Texto("rotulo Empresa: Empresa/Órgão: PREFEITURA          "_t), "eventos",
-                                  "avancar 1/1 guias 0", "concluir 1/1 guias 0"}));
+                                  "avancar 1/2 guias 0", "avancar 2/2 guias 0", "avancar 3/2 guias 0",
+                                  "concluir 2/2 guias 0"}));
+    EXPECT_EQ(bancada.resumo.totalRegistros, 3);
 }
 
 TEST(TAV001, consultaRecusadaAcabaORelatorio) {
