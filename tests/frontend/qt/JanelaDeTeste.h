@@ -5,6 +5,7 @@
 #include "support/Remessas.h"
 
 #include <gtest/gtest.h>
+#include <QApplication>
 #include <QTest>
 
 namespace quilatador::testes {

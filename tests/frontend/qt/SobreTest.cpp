@@ -1,5 +1,7 @@
 #include "frontend/qt/JanelaDeTeste.h"
 
+#include <QPointer>
+
 namespace quilatador {
 namespace {
 
