@@ -11,7 +11,7 @@ construir release -DQUILATADOR_TESTS=ON
 export QT_QPA_PLATFORM=offscreen # the window's tests need no screen
 registro=$raiz/build/release/testes.txt
 if ctest --preset release "$@" >"$registro" 2>&1; then
-    tail -n 3 "$registro"
+    sed -n '/tests passed/,$p' "$registro"
 else
     cat "$registro"
     exit 1
