@@ -2,21 +2,41 @@
 
 #include "common/Texto.h"
 
-#include <algorithm>
+#include <cassert>
+#include <cstring>
 #include <vector>
 
 namespace quilatador {
 
-/// A text made of very many pieces, used again and again. Adding a piece is compiled into its caller, where most
-/// lengths are known; `std::string` leaves it to the library, which is most of the time of a long report.
+/// A text made of very many pieces, used again and again. It is written in strokes: room for a whole stroke is made
+/// at once, and the pieces are then copied one behind the other by code compiled into the caller, where most lengths
+/// are known; a string that checks its room at each piece takes most of the time of a long report.
 class Bloco {
   public:
-    Bloco& append(VistaTexto pedaco) {
-        if (bytes_.size() - tamanho_ < pedaco.size()) crescer(pedaco.size());
-        std::ranges::copy(pedaco, bytes_.data() + tamanho_);
-        tamanho_ += pedaco.size();
-        return *this;
+    /// Writes behind what is there already; its caller has said how much at the most.
+    class Caneta {
+      public:
+        Caneta& append(VistaTexto pedaco) {
+            assert(pedaco.size() <= static_cast<std::size_t>(fim_ - lugar_));
+            std::memcpy(lugar_, pedaco.data(), pedaco.size());
+            lugar_ += pedaco.size();
+            return *this;
+        }
+
+      private:
+        friend class Bloco;
+        Caneta(char* lugar, char* fim) : lugar_(lugar), fim_(fim) {}
+
+        char* lugar_;
+        [[maybe_unused]] char* fim_;
+    };
+
+    /// Begins a stroke of up to `bytes`; nothing else may be done with the block until it ends.
+    [[nodiscard]] Caneta comecar(std::size_t bytes) {
+        if (bytes_.size() - tamanho_ < bytes) crescer(bytes);
+        return {bytes_.data() + tamanho_, bytes_.data() + bytes_.size()};
     }
+    void terminar(const Caneta& caneta) noexcept { tamanho_ = static_cast<std::size_t>(caneta.lugar_ - bytes_.data()); }
 
     [[nodiscard]] VistaTexto texto() const noexcept { return {bytes_.data(), tamanho_}; }
     /// Empties it; its room stays.

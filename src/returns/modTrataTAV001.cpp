@@ -39,6 +39,21 @@ struct PagamentoInteiro {
     }
 };
 
+void juntar(Bloco::Caneta& caneta, VistaTexto rotulo, VistaTexto valor) {
+    caneta.append(rotulo).append(valor).append("\r\n");
+}
+
+/// A date year-month-day is shown as day/month/year, whatever stands in its places.
+template <typename Linha>
+void juntarData(Bloco::Caneta& caneta, VistaTexto rotulo, Linha linha, std::size_t inicio) {
+    caneta.append(rotulo).append(linha.campo(inicio + 6, 2)).append("/");
+    caneta.append(linha.campo(inicio + 4, 2)).append("/").append(linha.campo(inicio, 4)).append("\r\n");
+}
+
+void juntarSeparador(Bloco::Caneta& caneta) {
+    caneta.append("\r\n").append(separador).append("\r\n\r\n");
+}
+
 class RelatorioTAV001 final : public AnaliseDeRetorno {
   public:
     RelatorioTAV001(Ambiente& ambiente, const modVariaveis& globais, const PedidoDeRetorno& pedido)
@@ -53,11 +68,13 @@ class RelatorioTAV001 final : public AnaliseDeRetorno {
     template <typename Linha>
     void juntarPagamento(Linha linha);
     void juntarTotais(VistaTexto linha);
-    void juntar(VistaTexto rotulo, VistaTexto valor) { bloco().append(rotulo).append(valor).append("\r\n"); }
-    template <typename Linha>
-    void juntarData(VistaTexto rotulo, Linha linha, std::size_t inicio);
-    void juntarValor(VistaTexto rotulo, VistaTexto centavos);
-    void juntarSeparador();
+    void juntarValor(Bloco::Caneta& caneta, VistaTexto rotulo, VistaTexto centavos) const;
+    /// Bytes of a payment or the header at the most, the names of channel and form aside.
+    [[nodiscard]] std::size_t maiorTraco() const {
+        constexpr std::size_t rotulosECampos = 1024;
+        constexpr std::size_t separadores = 16; // of the amounts
+        return rotulosECampos + separadores * (milhar_.size() + decimal_.size());
+    }
 
     Texto milhar_;
     Texto decimal_;
@@ -78,14 +95,16 @@ std::optional<Achado> RelatorioTAV001::tratarHeader(VistaTexto linha) {
     }
     mostrar(Rotulo::Remessa, junta("Sequencial: ", trecho(linha, 74, 6)));
     mostrar(Rotulo::Empresa, junta("Empresa/Órgão: "_t, trecho(linha, 23, 20)));
-    juntar("Convênio...............: "_t, trecho(linha, 3, 20));
-    juntar("Empresa/Órgão..........: "_t, trecho(linha, 23, 20));
-    juntar("Código do Banco........: "_t, trecho(linha, 43, 3));
-    juntar("Nome do Banco..........: ", trecho(linha, 46, 20));
-    juntarData("Data Geração do Arquivo: "_t, LinhaQualquer{linha}, 66);
-    juntar("Sequencial.............: ", trecho(linha, 74, 6));
-    juntar("Versão do Leiaute......: "_t, trecho(linha, 80, 2));
-    juntarSeparador();
+    Bloco::Caneta caneta = bloco().comecar(maiorTraco());
+    juntar(caneta, "Convênio...............: "_t, trecho(linha, 3, 20));
+    juntar(caneta, "Empresa/Órgão..........: "_t, trecho(linha, 23, 20));
+    juntar(caneta, "Código do Banco........: "_t, trecho(linha, 43, 3));
+    juntar(caneta, "Nome do Banco..........: ", trecho(linha, 46, 20));
+    juntarData(caneta, "Data Geração do Arquivo: "_t, LinhaQualquer{linha}, 66);
+    juntar(caneta, "Sequencial.............: ", trecho(linha, 74, 6));
+    juntar(caneta, "Versão do Leiaute......: "_t, trecho(linha, 80, 2));
+    juntarSeparador(caneta);
+    bloco().terminar(caneta);
     return std::nullopt;
 }
 
@@ -98,46 +117,45 @@ void RelatorioTAV001::tratarLinha(VistaTexto linha) {
 
 template <typename Linha>
 void RelatorioTAV001::juntarPagamento(Linha linha) {
-    juntar("Agência/Conta Creditada: "_t, linha.campo(2, 20));
-    juntarData("Data de Pagamento......: ", linha, 22);
-    juntarData("Data de Crédito........: "_t, linha, 30);
-    juntar("Código de Barras.......: "_t, linha.campo(38, 44));
-    juntarValor("Valor Recebido.........: ", linha.campo(82, 12));
-    juntarValor("Valor da Tarifa........: ", linha.campo(94, 7));
-    juntar("Sequencial de Registro.: ", linha.campo(101, 8));
-    juntar("Agência Arrecadadora...: "_t, linha.campo(109, 8));
-    juntar("Forma de Arrecadação...: "_t, consultas().formaArrecadacao(linha.campo(117, 1)));
-    juntar("Autenticação...........: "_t, linha.campo(118, 23));
-    juntar("Forma de Pagamento.....: ", consultas().formaPagamento(linha.campo(141, 1)));
-    juntarSeparador();
+    Bloco::Caneta caneta = bloco().comecar(maiorTraco());
+    juntar(caneta, "Agência/Conta Creditada: "_t, linha.campo(2, 20));
+    juntarData(caneta, "Data de Pagamento......: ", linha, 22);
+    juntarData(caneta, "Data de Crédito........: "_t, linha, 30);
+    juntar(caneta, "Código de Barras.......: "_t, linha.campo(38, 44));
+    juntarValor(caneta, "Valor Recebido.........: ", linha.campo(82, 12));
+    juntarValor(caneta, "Valor da Tarifa........: ", linha.campo(94, 7));
+    juntar(caneta, "Sequencial de Registro.: ", linha.campo(101, 8));
+    juntar(caneta, "Agência Arrecadadora...: "_t, linha.campo(109, 8));
+    bloco().terminar(caneta); // what stands before a look-up that fails is in the log
+
+    const VistaTexto canal = consultas().formaArrecadacao(linha.campo(117, 1));
+    caneta = bloco().comecar(maiorTraco() + canal.size());
+    juntar(caneta, "Forma de Arrecadação...: "_t, canal);
+    juntar(caneta, "Autenticação...........: "_t, linha.campo(118, 23));
+    bloco().terminar(caneta);
+
+    const VistaTexto forma = consultas().formaPagamento(linha.campo(141, 1));
+    caneta = bloco().comecar(maiorTraco() + forma.size());
+    juntar(caneta, "Forma de Pagamento.....: ", forma);
+    juntarSeparador(caneta);
+    bloco().terminar(caneta);
 }
 
 void RelatorioTAV001::juntarTotais(VistaTexto linha) {
-    juntar("Total de Registros do Arquivo: ", trecho(linha, 2, 6));
-    juntarValor("Valor Total Recebido.........: ", trecho(linha, 8, 17));
-    juntar("", "");
+    Bloco::Caneta caneta = bloco().comecar(maiorTraco());
+    juntar(caneta, "Total de Registros do Arquivo: ", trecho(linha, 2, 6));
+    juntarValor(caneta, "Valor Total Recebido.........: ", trecho(linha, 8, 17));
+    caneta.append("\r\n");
+    bloco().terminar(caneta);
 }
 
-/// A date year-month-day is shown as day/month/year, whatever stands in its places.
-template <typename Linha>
-void RelatorioTAV001::juntarData(VistaTexto rotulo, Linha linha, std::size_t inicio) {
-    bloco().append(rotulo).append(linha.campo(inicio + 6, 2)).append("/");
-    bloco().append(linha.campo(inicio + 4, 2)).append("/").append(linha.campo(inicio, 4)).append("\r\n");
-}
-
-void RelatorioTAV001::juntarValor(VistaTexto rotulo, VistaTexto centavos) {
-    if (!soDigitos(centavos)) {
-        juntar(rotulo, formatarCentavos(centavos, milhar_, decimal_));
-        return;
-    }
-    juntarCentavos(bloco().append(rotulo), centavos, milhar_, decimal_);
-    bloco().append("\r\n");
-}
-
-void RelatorioTAV001::juntarSeparador() {
-    juntar("", "");
-    juntar(separador, "");
-    juntar("", "");
+void RelatorioTAV001::juntarValor(Bloco::Caneta& caneta, VistaTexto rotulo, VistaTexto centavos) const {
+    caneta.append(rotulo);
+    if (soDigitos(centavos))
+        juntarCentavos(caneta, centavos, milhar_, decimal_);
+    else
+        caneta.append(formatarCentavos(centavos, milhar_, decimal_));
+    caneta.append("\r\n");
 }
 
 } // namespace
