@@ -1,9 +1,8 @@
 #pragma once
 
-namespace quilatador {
-
 /// Numbers of the failures of the code-table database.
-namespace falhaDoBanco {
+namespace quilatador::falhaDoBanco {
+
 inline constexpr int naoAberto = 3420;
 inline constexpr int arquivo = 3024;        ///< missing, or cannot be read
 inline constexpr int naoReconhecido = 3343; ///< no Jet 3 or Jet 4 database
@@ -14,6 +13,5 @@ inline constexpr int semColuna = 3061;
 inline constexpr int colunaDeOutroTipo = 3259; ///< of a type that holds neither number nor text
 inline constexpr int consultaRecusada = 3075;
 inline constexpr int motor = 3035; ///< the engine ran out of resources
-} // namespace falhaDoBanco
 
-} // namespace quilatador
+} // namespace quilatador::falhaDoBanco
