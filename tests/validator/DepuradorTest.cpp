@@ -383,6 +383,7 @@ TEST(Depurador, achadoDizCampoEPosicoes) {
         {comCampo(boa, 2, campo('B', "Nome"), Texto("SÃO"_t)), "linha.caracteresEspeciais 0 linha 2 B"},
         {comCampo(boa, 4, campo("Sequencial"), "000005"), "sequencia.sequencial 2 linha 4 D"},
         {boa.substr(0, bytesDaLinha), "sequencia.z.ausente 2 linha 1 -"},
+        {boa.substr(0, 5 * bytesDaLinha - 9), "sequencia.tamanho 2 linha 5 -"}, // though its text tells no line
     };
     for (const auto& [conteudo, esperado] : casos) {
         Bancada bancada(conteudo);
