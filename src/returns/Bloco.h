@@ -3,7 +3,6 @@
 #include "common/Texto.h"
 
 #include <cassert>
-#include <cstring>
 #include <vector>
 
 namespace quilatador {
@@ -18,7 +17,7 @@ class Bloco {
       public:
         Caneta& append(VistaTexto pedaco) {
             assert(pedaco.size() <= static_cast<std::size_t>(fim_ - lugar_));
-            std::memcpy(lugar_, pedaco.data(), pedaco.size());
+            pedaco.copy(lugar_, pedaco.size()); // an empty one may have no address, which memcpy must not get
             lugar_ += pedaco.size();
             return *this;
         }
