@@ -3,6 +3,7 @@
 #include "common/Texto.h"
 
 #include <cassert>
+#include <cstring>
 #include <vector>
 
 namespace quilatador {
@@ -17,7 +18,7 @@ class Bloco {
       public:
         Caneta& append(VistaTexto pedaco) {
             assert(pedaco.size() <= static_cast<std::size_t>(fim_ - lugar_));
-            pedaco.copy(lugar_, pedaco.size()); // an empty one may have no address, which memcpy must not get
+            if (!pedaco.empty()) std::memcpy(lugar_, pedaco.data(), pedaco.size()); // an empty one may have no address
             lugar_ += pedaco.size();
             return *this;
         }
