@@ -5,7 +5,9 @@
 #include "layout/ArquivoRemessaBD.h"
 #include "validator/ParadaEstrutural.h"
 
+#include <algorithm>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 namespace quilatador {
@@ -16,6 +18,12 @@ constexpr double bytesPorRegistro = 241;
 constexpr VistaTexto separador = "==================================================================";
 
 constexpr VistaTexto semLeiaute = "Leiaute não carregado!"_t;
+
+/// Records of a file by its length, to the nearest (halves to even), as many as can be counted at the most.
+std::int32_t registrosEstimados(std::uint64_t bytes) {
+    constexpr double maximo = std::numeric_limits<std::int32_t>::max();
+    return static_cast<std::int32_t>(std::min(std::nearbyint(static_cast<double>(bytes) / bytesPorRegistro), maximo));
+}
 
 } // namespace
 
@@ -100,8 +108,7 @@ Resumo Depurador::rodar() {
 }
 
 Resumo Depurador::verificarArquivo() {
-    execucao_.totalRegistrosEstimado = static_cast<std::int32_t>(
-        std::nearbyint(static_cast<double>(ambiente_.arquivos.tamanho(execucao_.nomeArquivo)) / bytesPorRegistro));
+    execucao_.totalRegistrosEstimado = registrosEstimados(ambiente_.arquivos.tamanho(execucao_.nomeArquivo));
     criarRegistrosDaGuia();
     abrirEntrada();
     verificarSequencia();
