@@ -87,16 +87,19 @@ std::int16_t arredondarParaInteiro(double numero) {
 }
 
 Texto formatarCentavos(VistaTexto centavos, VistaTexto separadorDeMilhar, VistaTexto separadorDecimal) {
-    Texto valor;
+    Texto texto;
     Texto lidos;
     if (!soDigitos(centavos)) {
         const double numero = std::nearbyint(lerNumero(centavos));
-        if (numero < 0) valor.push_back('-');
+        if (numero < 0) texto.push_back('-');
         lidos = textoDoNumero(std::fabs(numero));
         centavos = lidos;
     }
-    juntarCentavos(valor, centavos, separadorDeMilhar, separadorDecimal);
-    return valor;
+    const Centavos valor(centavos, separadorDeMilhar, separadorDecimal);
+    const std::size_t inicio = texto.size();
+    texto.resize(inicio + valor.tamanho());
+    valor.escrever(texto.data() + inicio);
+    return texto;
 }
 
 } // namespace quilatador

@@ -40,25 +40,48 @@ namespace quilatador {
 [[nodiscard]] std::int32_t arredondarParaLongo(double numero);
 [[nodiscard]] std::int16_t arredondarParaInteiro(double numero);
 
-/// An amount given in cents as digits (one that is not all digits is read with `lerNumero`), with the format
-/// "#,##0.00": two decimals and the separators given. Computed on the digits: none is lost, however many there are.
-[[nodiscard]] Texto formatarCentavos(VistaTexto centavos, VistaTexto separadorDeMilhar, VistaTexto separadorDecimal);
+/// An amount of cents, given as digits only, with the format "#,##0.00": two decimals and the separators given.
+/// Computed on the digits: none is lost, however many there are. The views stay the caller's.
+class Centavos {
+  public:
+    Centavos(VistaTexto digitos, VistaTexto separadorDeMilhar, VistaTexto separadorDecimal) noexcept
+        : digitos_(digitos.substr(std::min(digitos.find_first_not_of('0'), digitos.size())))
+        , milhar_(separadorDeMilhar)
+        , decimal_(separadorDecimal) {}
 
-/// The same at the end of `destino`, for cents that are digits only.
-template <typename Destino>
-void juntarCentavos(Destino& destino, VistaTexto digitos, VistaTexto separadorDeMilhar, VistaTexto separadorDecimal) {
-    constexpr std::size_t decimais = 2;
-    digitos.remove_prefix(std::min(digitos.find_first_not_of('0'), digitos.size()));
-    if (digitos.size() <= decimais) {
-        destino.append("0").append(separadorDecimal).append(VistaTexto("00").substr(digitos.size())).append(digitos);
-        return;
+    /// Characters of the amount as it is shown.
+    [[nodiscard]] std::size_t tamanho() const noexcept {
+        const std::size_t mostrados = std::max(digitos_.size(), menosDigitos);
+        return mostrados + (mostrados - menosDigitos) / 3 * milhar_.size() + decimal_.size();
     }
-    const std::size_t inteiros = digitos.size() - decimais;
-    const std::size_t primeiros = (inteiros - 1) % 3 + 1; // the rest is threes
-    destino.append(digitos.substr(0, primeiros));
-    for (std::size_t i = primeiros; i < inteiros; i += 3)
-        destino.append(separadorDeMilhar).append({digitos.data() + i, 3});
-    destino.append(separadorDecimal).append(digitos.substr(inteiros));
-}
+    /// Writes them to `destino`: from the cents backwards, which tells the threes without counting them first.
+    void escrever(char* destino) const noexcept {
+        char* lugar = destino + tamanho();
+        std::size_t restam = digitos_.size();
+        const auto escreverDigito = [&] { *--lugar = restam == 0 ? '0' : digitos_[--restam]; };
+        const auto separar = [&](VistaTexto separador) {
+            for (std::size_t i = separador.size(); i > 0; --i)
+                *--lugar = separador[i - 1];
+        };
+        escreverDigito();
+        escreverDigito();
+        separar(decimal_);
+        escreverDigito();
+        for (int inteiros = 1; restam > 0; ++inteiros) {
+            if (inteiros % 3 == 0) separar(milhar_);
+            escreverDigito();
+        }
+    }
+
+  private:
+    static constexpr std::size_t menosDigitos = 3; // "0.00"
+
+    VistaTexto digitos_; ///< without the zeros in front
+    VistaTexto milhar_;
+    VistaTexto decimal_;
+};
+
+/// `Centavos` as a text; what is not all digits is read with `lerNumero` first.
+[[nodiscard]] Texto formatarCentavos(VistaTexto centavos, VistaTexto separadorDeMilhar, VistaTexto separadorDecimal);
 
 } // namespace quilatador

@@ -3,36 +3,34 @@
 namespace quilatador {
 
 namespace {
-/// Large enough that the system is called rarely, small enough to stay in the processor's cache.
-constexpr std::size_t bloco = 64 * 1024;
+/// Room for what the line that fills a block has beyond it.
+constexpr std::size_t folga = 64 * 1024;
 } // namespace
 
-RelatorLog::RelatorLog(std::unique_ptr<ArquivoSaida> arquivo) : arquivo_(std::move(arquivo)) {
-    pendente_.reserve(bloco);
+RelatorLog::RelatorLog(std::unique_ptr<ArquivoSaida> arquivo) : arquivo_(std::move(arquivo)), pendente_(bloco + folga) {
+    static_assert(bloco % tamanhoDaPagina == 0);
 }
 
 void RelatorLog::linha(VistaTexto texto) {
-    bytes(texto);
-    bytes("\r\n");
+    constexpr VistaTexto fimDeLinha = "\r\n";
+    Bloco::Caneta caneta = comecar(texto.size() + fimDeLinha.size());
+    caneta.append(texto, fimDeLinha);
+    terminar(caneta);
 }
 
 void RelatorLog::achado(const Achado& achado) {
-    if (achado.gravidade == Gravidade::Erro) {
-        bytes("** ERRO -> Linha ");
-        bytes(comZeros(achado.linha, 6));
-        bytes(" - ");
-    }
-    linha(achado.mensagem);
+    if (achado.gravidade == Gravidade::Erro)
+        linha(junta("** ERRO -> Linha ", comZeros(achado.linha, 6), " - ", achado.mensagem));
+    else
+        linha(achado.mensagem);
 }
 
 void RelatorLog::resumo(const Resumo&) {} // the run's own plain lines are the log's summary
 
-void RelatorLog::bytes(VistaTexto bytes) {
-    if (pendente_.size() + bytes.size() > bloco) esvaziar();
-    if (bytes.size() >= bloco) {
-        gravar([&] { arquivo_->escrever(bytes); });
-    } else {
-        pendente_.append(bytes);
+void RelatorLog::gravarBlocos() {
+    while (pendente_.texto().size() >= bloco) {
+        gravar([&] { arquivo_->escrever(pendente_.texto().substr(0, bloco)); });
+        pendente_.descartar(bloco);
     }
 }
 
@@ -45,13 +43,9 @@ void RelatorLog::gravar(Operacao operacao) {
     }
 }
 
-void RelatorLog::esvaziar() {
-    if (!pendente_.empty()) gravar([&] { arquivo_->escrever(pendente_); });
-    pendente_.clear();
-}
-
 void RelatorLog::fechar() {
-    esvaziar();
+    if (const VistaTexto resto = pendente_.texto(); !resto.empty()) gravar([&] { arquivo_->escrever(resto); });
+    pendente_.descartar(pendente_.texto().size());
     gravar([&] { arquivo_->fechar(); });
 }
 

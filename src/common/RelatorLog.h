@@ -1,6 +1,7 @@
 #pragma once
 
 #include "common/Ambiente.h"
+#include "common/Bloco.h"
 #include "common/Falha.h"
 #include "common/Relator.h"
 
@@ -26,18 +27,25 @@ class RelatorLog : public Relator {
     void achado(const Achado& achado) override;
     void resumo(const Resumo& resumo) override;
 
-    /// Adds bytes as they stand: for whoever writes whole blocks of lines, with their CR LF, at once.
-    void bytes(VistaTexto bytes);
+    /// Begins and ends a stroke of whole lines, with their CR LF, for whoever writes very many: see `Bloco`.
+    [[nodiscard]] Bloco::Caneta comecar(std::size_t bytes) { return pendente_.comecar(bytes); }
+    void terminar(const Bloco::Caneta& caneta) {
+        pendente_.terminar(caneta);
+        if (pendente_.texto().size() >= bloco) gravarBlocos();
+    }
     /// Writes what is waiting and closes the file.
     void fechar();
 
   private:
-    void esvaziar();
+    /// So much is written at once, always whole pages: the system's cost of a write falls with its size, up to here.
+    static constexpr std::size_t bloco = 1024 * 1024;
+
+    void gravarBlocos();
     template <typename Operacao>
     void gravar(Operacao operacao);
 
     std::unique_ptr<ArquivoSaida> arquivo_;
-    Texto pendente_;
+    Bloco pendente_;
 };
 
 /// Creates the log of an analysis. None, after an error box of that title, where it cannot be created or would be

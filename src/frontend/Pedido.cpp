@@ -26,7 +26,7 @@ std::optional<Texto> recusaDoFormato(double posicao, VistaTexto formato) {
 
 std::optional<TipoArquivo> reconhecerTipo(const std::filesystem::path& arquivo, Arquivos& arquivos) {
     try {
-        LeitorDeLinhas leitor(arquivos.abrirEntrada(arquivo));
+        LeitorDeLinhas leitor(arquivos.abrirEntrada(arquivo), [] { return true; }); // the first line tells enough
         const VistaTexto linha = leitor.proxima().value_or(VistaTexto());
         const VistaTexto nome = trecho(linha, 12, 6);
         if (nome == "ZUL702") return TipoArquivo::ZUL702;

@@ -66,10 +66,10 @@ void ArquivoRemessa::addTipoRegistro(std::shared_ptr<RegistroRemessa> registro) 
     marcasProntas_ = false;
 }
 
-void ArquivoRemessa::abrirArquivoEntrada(const std::filesystem::path& caminho) {
+void ArquivoRemessa::abrirArquivoEntrada(const std::filesystem::path& caminho, LeitorDeLinhas::Desistencia desistir) {
     saida_.reset();
     leitor_.reset();
-    leitor_.emplace(comTraducao([&] { return arquivos_.abrirEntrada(caminho); }));
+    leitor_.emplace(comTraducao([&] { return arquivos_.abrirEntrada(caminho); }), std::move(desistir));
 }
 
 RegistroRemessa& ArquivoRemessa::lerRegistro(bool lerCampos) {

@@ -43,8 +43,9 @@ class ArquivoRemessa {
     /// Adds a record type. `Falha` 457 where one of that name is there already.
     void addTipoRegistro(std::shared_ptr<RegistroRemessa> registro);
 
-    /// Opens a file to read. `Falha` ("Gravacao") with the number of the file-system condition.
-    void abrirArquivoEntrada(const std::filesystem::path& caminho);
+    /// Opens a file to read, `desistir` as for `LeitorDeLinhas`. `Falha` ("Gravacao") with the number of the
+    /// file-system condition.
+    void abrirArquivoEntrada(const std::filesystem::path& caminho, LeitorDeLinhas::Desistencia desistir = {});
     void fecharArquivoEntrada() noexcept { leitor_.reset(); }
     /// The record of the next line, valid until the next call: eager with `lerCampos`, else lazy. A record without
     /// name and line where the line is empty (it is not counted) or the file has ended. `Falha` 1: "Tipo de registro

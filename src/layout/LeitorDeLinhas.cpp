@@ -8,6 +8,9 @@ namespace quilatador {
 namespace {
 
 constexpr std::size_t tamanhoDoBloco = 256 * 1024;
+/// Where the file's bytes are read to; before it lies the part of a line that came with the block before.
+constexpr std::size_t lugarDoBloco = LeitorDeLinhas::maiorLinha;
+static_assert(lugarDoBloco % tamanhoDaPagina == 0 && tamanhoDoBloco % tamanhoDaPagina == 0);
 constexpr char fimDeArquivo = 0x1A;
 
 constexpr bool terminaLinha(char c) noexcept {
@@ -25,12 +28,14 @@ bool semControles(const char* texto, std::size_t tamanho) noexcept {
 
 } // namespace
 
-LeitorDeLinhas::LeitorDeLinhas(std::unique_ptr<ArquivoEntrada> arquivo)
-    : arquivo_(std::move(arquivo)), bloco_(tamanhoDoBloco) {}
+LeitorDeLinhas::LeitorDeLinhas(std::unique_ptr<ArquivoEntrada> arquivo, Desistencia desistir)
+    : arquivo_(std::move(arquivo))
+    , desistir_(std::move(desistir))
+    , bloco_(reservarMemoria(lugarDoBloco + tamanhoDoBloco)) {}
 
 std::optional<VistaTexto> LeitorDeLinhas::proxima() {
     if (comoAAnterior()) {
-        const VistaTexto linha(bloco_.data() + inicio_, tamanhoAnterior_);
+        const VistaTexto linha(bloco_.get() + inicio_, tamanhoAnterior_);
         inicio_ += tamanhoAnterior_ + 2;
         return linha;
     }
@@ -39,21 +44,19 @@ std::optional<VistaTexto> LeitorDeLinhas::proxima() {
         saltarLF_ = false;
     }
     for (std::size_t visto = 0;;) {
-        const auto comeco = bloco_.begin() + static_cast<std::ptrdiff_t>(inicio_ + visto);
-        const auto limite = bloco_.begin() + static_cast<std::ptrdiff_t>(fim_);
-        const auto termo = std::find_if(comeco, limite, terminaLinha);
-        if (termo != limite) return terminarEm(static_cast<std::size_t>(termo - bloco_.begin()));
+        const std::size_t fimDaLinha = procurarFim(inicio_ + visto);
+        if (fimDaLinha != fim_) return terminarEm(fimDaLinha);
         visto = fim_ - inicio_;
         if (visto >= maiorLinha) {
-            const VistaTexto linha(bloco_.data(), maiorLinha);
-            std::memmove(bloco_.data(), bloco_.data() + inicio_, maiorLinha);
+            const VistaTexto linha(bloco_.get(), maiorLinha);
+            std::memmove(bloco_.get(), bloco_.get() + inicio_, maiorLinha);
             saltarResto();
             return linha;
         }
         if (!encher()) {
             if (visto == 0) return std::nullopt;
             inicio_ = fim_;
-            return VistaTexto(bloco_.data() + fim_ - visto, visto);
+            return VistaTexto(bloco_.get() + fim_ - visto, visto);
         }
     }
 }
@@ -61,38 +64,46 @@ std::optional<VistaTexto> LeitorDeLinhas::proxima() {
 /// The usual case, decided without looking for the line's end: the next line is as long as the one before.
 bool LeitorDeLinhas::comoAAnterior() const noexcept {
     if (saltarLF_ || tamanhoAnterior_ == 0 || fim_ - inicio_ < tamanhoAnterior_ + 2) return false;
-    const char* linha = bloco_.data() + inicio_;
+    const char* linha = bloco_.get() + inicio_;
     return linha[tamanhoAnterior_] == '\r' && linha[tamanhoAnterior_ + 1] == '\n' &&
            semControles(linha, tamanhoAnterior_);
 }
 
-/// Reads more behind the bytes not yet given out, which move to the start of the block. False at the end of the file.
+/// Place of the first mark that ends a line, `fim_` where none has been read yet.
+std::size_t LeitorDeLinhas::procurarFim(std::size_t desde) const noexcept {
+    return static_cast<std::size_t>(std::find_if(bloco_.get() + desde, bloco_.get() + fim_, terminaLinha) -
+                                    bloco_.get());
+}
+
+/// Reads a block, behind the bytes not yet given out, less than a longest line. False at the end of the file.
 bool LeitorDeLinhas::encher() {
     if (acabou_) return false;
-    std::memmove(bloco_.data(), bloco_.data() + inicio_, fim_ - inicio_);
-    fim_ -= inicio_;
-    inicio_ = 0;
-    const std::size_t lidos = arquivo_->ler(std::span(bloco_).subspan(fim_));
+    const std::size_t restam = fim_ - inicio_;
+    std::memmove(bloco_.get() + lugarDoBloco - restam, bloco_.get() + inicio_, restam);
+    inicio_ = lugarDoBloco - restam;
+    const std::size_t lidos = lerBloco();
+    fim_ = lugarDoBloco + lidos;
     acabou_ = lidos == 0;
-    fim_ += lidos;
     return !acabou_;
+}
+
+std::size_t LeitorDeLinhas::lerBloco() {
+    return arquivo_->ler({bloco_.get() + lugarDoBloco, tamanhoDoBloco});
 }
 
 /// Drops what is left of a line too long, its end included; the part that is given out stays at the block's start.
 void LeitorDeLinhas::saltarResto() {
-    const auto resto = std::span(bloco_).subspan(maiorLinha);
     inicio_ += maiorLinha;
     for (;;) {
-        const auto comeco = bloco_.begin() + static_cast<std::ptrdiff_t>(inicio_);
-        const auto limite = bloco_.begin() + static_cast<std::ptrdiff_t>(fim_);
-        const auto termo = std::find_if(comeco, limite, terminaLinha);
-        if (termo != limite) {
-            terminarEm(static_cast<std::size_t>(termo - bloco_.begin()));
+        const std::size_t fimDaLinha = procurarFim(inicio_);
+        if (fimDaLinha != fim_) {
+            terminarEm(fimDaLinha);
             return;
         }
-        const std::size_t lidos = acabou_ ? 0 : arquivo_->ler(resto);
-        inicio_ = maiorLinha;
-        fim_ = maiorLinha + lidos;
+        const bool parar = acabou_ || (desistir_ && desistir_());
+        const std::size_t lidos = parar ? 0 : lerBloco();
+        inicio_ = lugarDoBloco;
+        fim_ = lugarDoBloco + lidos;
         acabou_ = lidos == 0;
         if (acabou_) return;
     }
@@ -100,7 +111,7 @@ void LeitorDeLinhas::saltarResto() {
 
 /// Gives out the line up to an end mark, cut where it is too long, and takes the mark away.
 std::optional<VistaTexto> LeitorDeLinhas::terminarEm(std::size_t fimDaLinha) {
-    const VistaTexto linha(bloco_.data() + inicio_, std::min(fimDaLinha - inicio_, maiorLinha));
+    const VistaTexto linha(bloco_.get() + inicio_, std::min(fimDaLinha - inicio_, maiorLinha));
     const char marca = bloco_[fimDaLinha];
     inicio_ = fimDaLinha + 1;
     tamanhoAnterior_ = linha.size();

@@ -12,8 +12,6 @@ namespace {
 
 constexpr VistaTexto tituloDasMensagens = "Erro!";
 constexpr std::uint64_t bytesPorRegistro = 240;
-/// So much is written to the file at once, without a copy in between.
-constexpr std::size_t blocoCheio = 256 * 1024;
 
 std::int32_t registrosEstimados(std::uint64_t bytes) noexcept {
     constexpr std::uint64_t maximo = std::numeric_limits<std::int32_t>::max();
@@ -37,7 +35,7 @@ ResultadoRetorno AnaliseDeRetorno::executar(const std::atomic<bool>& cancelado) 
 }
 
 void AnaliseDeRetorno::rodar(const std::atomic<bool>& cancelado) {
-    auto leitor = abrirEntrada();
+    auto leitor = abrirEntrada(cancelado);
     if (!leitor) return;
     log_ = criarLog(ambiente_, pedido_.nomeArquivo, nomeArquivoLog_, tituloDasMensagens);
     if (!log_) return;
@@ -45,7 +43,6 @@ void AnaliseDeRetorno::rodar(const std::atomic<bool>& cancelado) {
         escrever(tituloDoLog(pedido_.nomeArquivo, formatarData(ambiente_.relogio.hoje(), "DD/MM/YYYY")));
         escrever("");
         analisar(*leitor, cancelado);
-        entregarBloco();
         log_->fechar();
         ambiente_.lancador.abrirTexto(nomeArquivoLog_);
     } catch (const FalhaDoLog& falha) {
@@ -55,9 +52,12 @@ void AnaliseDeRetorno::rodar(const std::atomic<bool>& cancelado) {
     }
 }
 
-std::optional<LeitorDeLinhas> AnaliseDeRetorno::abrirEntrada() {
+std::optional<LeitorDeLinhas> AnaliseDeRetorno::abrirEntrada(const std::atomic<bool>& cancelado) {
     try {
-        return LeitorDeLinhas(ambiente_.arquivos.abrirEntrada(pedido_.nomeArquivo));
+        return LeitorDeLinhas(ambiente_.arquivos.abrirEntrada(pedido_.nomeArquivo), [this, &cancelado] {
+            ambiente_.painel.processarEventos();
+            return cancelado.load();
+        });
     } catch (const Falha& falha) {
         resumo_.descricao = falha.descricao();
         ambiente_.painel.mensagem({.texto = "Erro na abertura do arquivo",
@@ -103,7 +103,6 @@ Desfecho AnaliseDeRetorno::percorrer(LeitorDeLinhas& leitor, Progresso& progress
             }
         }
         tratarLinha(*linha);
-        if (bloco_.texto().size() >= blocoCheio) entregarBloco();
         ambiente_.painel.avancar(progresso);
     }
     return cancelar(Desfecho::Cancelada);
@@ -116,30 +115,25 @@ void AnaliseDeRetorno::naoCompletar(const Falha& falha) {
 }
 
 void AnaliseDeRetorno::escrever(VistaTexto linha) {
-    entregarBloco();
     log_->linha(linha);
     for (Relator* const ouvinte : pedido_.ouvintes)
         ouvinte->linha(linha);
 }
 
 void AnaliseDeRetorno::escrever(const Achado& achado) {
-    entregarBloco();
     log_->achado(achado);
     for (Relator* const ouvinte : pedido_.ouvintes)
         ouvinte->achado(achado);
 }
 
-void AnaliseDeRetorno::entregarBloco() {
+void AnaliseDeRetorno::entregarLinhas(VistaTexto linhas) {
     constexpr VistaTexto fimDeLinha = "\r\n";
-    VistaTexto linhas = bloco_.texto();
-    log_->bytes(linhas);
-    while (!pedido_.ouvintes.empty() && !linhas.empty()) {
+    while (!linhas.empty()) {
         const VistaTexto linha = linhas.substr(0, linhas.find(fimDeLinha));
         for (Relator* const ouvinte : pedido_.ouvintes)
             ouvinte->linha(linha);
         linhas.remove_prefix(std::min(linha.size() + fimDeLinha.size(), linhas.size()));
     }
-    bloco_.esvaziar();
 }
 
 void AnaliseDeRetorno::mostrar(Rotulo rotulo, VistaTexto texto) {

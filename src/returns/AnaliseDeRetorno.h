@@ -5,7 +5,6 @@
 #include "common/RelatorLog.h"
 #include "globals/modVariaveis.h"
 #include "layout/LeitorDeLinhas.h"
-#include "returns/Bloco.h"
 #include "returns/ConsultasDaRodada.h"
 
 #include <atomic>
@@ -67,24 +66,27 @@ class AnaliseDeRetorno {
 
     void escrever(VistaTexto linha);
     void escrever(const Achado& achado);
-    /// Where whoever writes very much puts its lines, each with its CR LF: they come before what is written next.
-    [[nodiscard]] Bloco& bloco() noexcept { return bloco_; }
+    /// The same for whoever writes very much: a stroke of whole lines, each with its CR LF.
+    [[nodiscard]] Bloco::Caneta comecar(std::size_t bytes) { return log_->comecar(bytes); }
+    void terminar(const Bloco::Caneta& caneta) {
+        if (!pedido_.ouvintes.empty()) entregarLinhas(caneta.texto());
+        log_->terminar(caneta);
+    }
     /// Shows a text in a label, and lets the window handle its events.
     void mostrar(Rotulo rotulo, VistaTexto texto);
 
   private:
+    void entregarLinhas(VistaTexto linhas);
     void rodar(const std::atomic<bool>& cancelado);
-    [[nodiscard]] std::optional<LeitorDeLinhas> abrirEntrada();
+    [[nodiscard]] std::optional<LeitorDeLinhas> abrirEntrada(const std::atomic<bool>& cancelado);
     void analisar(LeitorDeLinhas& leitor, const std::atomic<bool>& cancelado);
     [[nodiscard]] Desfecho percorrer(LeitorDeLinhas& leitor, Progresso& progresso, const std::atomic<bool>& cancelado);
-    void entregarBloco();
     void naoCompletar(const Falha& falha);
 
     Ambiente& ambiente_;
     const PedidoDeRetorno& pedido_;
     std::filesystem::path nomeArquivoLog_;
     std::unique_ptr<RelatorLog> log_;
-    Bloco bloco_;
     ConsultasDaRodada consultas_;
     Resumo resumo_;
 };

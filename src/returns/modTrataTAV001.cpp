@@ -8,7 +8,8 @@ namespace quilatador {
 
 namespace {
 
-constexpr VistaTexto separador = "----------------------------------------------";
+/// Ends what is told of a record.
+constexpr VistaTexto separador = "\r\n\r\n----------------------------------------------\r\n\r\n";
 
 /// What the first line must have.
 struct Exigencia {
@@ -39,20 +40,16 @@ struct PagamentoInteiro {
     }
 };
 
-void juntar(Bloco::Caneta& caneta, VistaTexto rotulo, VistaTexto valor) {
-    caneta.append(rotulo).append(valor).append("\r\n");
-}
-
-/// A date year-month-day is shown as day/month/year, whatever stands in its places.
+/// A date year-month-day, as its pieces: day, month and year, whatever stands in their places.
 template <typename Linha>
-void juntarData(Bloco::Caneta& caneta, VistaTexto rotulo, Linha linha, std::size_t inicio) {
-    caneta.append(rotulo).append(linha.campo(inicio + 6, 2)).append("/");
-    caneta.append(linha.campo(inicio + 4, 2)).append("/").append(linha.campo(inicio, 4)).append("\r\n");
-}
+struct DataDaLinha {
+    VistaTexto dia;
+    VistaTexto mes;
+    VistaTexto ano;
 
-void juntarSeparador(Bloco::Caneta& caneta) {
-    caneta.append("\r\n").append(separador).append("\r\n\r\n");
-}
+    DataDaLinha(Linha linha, std::size_t inicio)
+        : dia(linha.campo(inicio + 6, 2)), mes(linha.campo(inicio + 4, 2)), ano(linha.campo(inicio, 4)) {}
+};
 
 class RelatorioTAV001 final : public AnaliseDeRetorno {
   public:
@@ -68,7 +65,7 @@ class RelatorioTAV001 final : public AnaliseDeRetorno {
     template <typename Linha>
     void juntarPagamento(Linha linha);
     void juntarTotais(VistaTexto linha);
-    void juntarValor(Bloco::Caneta& caneta, VistaTexto rotulo, VistaTexto centavos) const;
+    void juntarValor(Bloco::Caneta& caneta, VistaTexto centavos) const;
     /// Bytes of a payment or the header at the most, the names of channel and form aside.
     [[nodiscard]] std::size_t maiorTraco() const {
         constexpr std::size_t rotulosECampos = 1024;
@@ -95,16 +92,16 @@ std::optional<Achado> RelatorioTAV001::tratarHeader(VistaTexto linha) {
     }
     mostrar(Rotulo::Remessa, junta("Sequencial: ", trecho(linha, 74, 6)));
     mostrar(Rotulo::Empresa, junta("Empresa/Órgão: "_t, trecho(linha, 23, 20)));
-    Bloco::Caneta caneta = bloco().comecar(maiorTraco());
-    juntar(caneta, "Convênio...............: "_t, trecho(linha, 3, 20));
-    juntar(caneta, "Empresa/Órgão..........: "_t, trecho(linha, 23, 20));
-    juntar(caneta, "Código do Banco........: "_t, trecho(linha, 43, 3));
-    juntar(caneta, "Nome do Banco..........: ", trecho(linha, 46, 20));
-    juntarData(caneta, "Data Geração do Arquivo: "_t, LinhaQualquer{linha}, 66);
-    juntar(caneta, "Sequencial.............: ", trecho(linha, 74, 6));
-    juntar(caneta, "Versão do Leiaute......: "_t, trecho(linha, 80, 2));
-    juntarSeparador(caneta);
-    bloco().terminar(caneta);
+    const DataDaLinha geracao(LinhaQualquer{linha}, 66);
+    Bloco::Caneta caneta = comecar(maiorTraco());
+    caneta.append("Convênio...............: "_t, trecho(linha, 3, 20), "\r\n", //
+                  "Empresa/Órgão..........: "_t, trecho(linha, 23, 20), "\r\n", "Código do Banco........: "_t,
+                  trecho(linha, 43, 3), "\r\n", //
+                  "Nome do Banco..........: ", trecho(linha, 46, 20), "\r\n", "Data Geração do Arquivo: "_t,
+                  geracao.dia, "/", geracao.mes, "/", geracao.ano, "\r\n",
+                  "Sequencial.............: ", trecho(linha, 74, 6), "\r\n", //
+                  "Versão do Leiaute......: "_t, trecho(linha, 80, 2), separador);
+    terminar(caneta);
     return std::nullopt;
 }
 
@@ -117,45 +114,47 @@ void RelatorioTAV001::tratarLinha(VistaTexto linha) {
 
 template <typename Linha>
 void RelatorioTAV001::juntarPagamento(Linha linha) {
-    Bloco::Caneta caneta = bloco().comecar(maiorTraco());
-    juntar(caneta, "Agência/Conta Creditada: "_t, linha.campo(2, 20));
-    juntarData(caneta, "Data de Pagamento......: ", linha, 22);
-    juntarData(caneta, "Data de Crédito........: "_t, linha, 30);
-    juntar(caneta, "Código de Barras.......: "_t, linha.campo(38, 44));
-    juntarValor(caneta, "Valor Recebido.........: ", linha.campo(82, 12));
-    juntarValor(caneta, "Valor da Tarifa........: ", linha.campo(94, 7));
-    juntar(caneta, "Sequencial de Registro.: ", linha.campo(101, 8));
-    juntar(caneta, "Agência Arrecadadora...: "_t, linha.campo(109, 8));
-    bloco().terminar(caneta); // what stands before a look-up that fails is in the log
+    const DataDaLinha pagamento(linha, 22);
+    const DataDaLinha credito(linha, 30);
+    Bloco::Caneta caneta = comecar(maiorTraco());
+    caneta.append("Agência/Conta Creditada: "_t, linha.campo(2, 20), "\r\nData de Pagamento......: ", pagamento.dia,
+                  "/", pagamento.mes, "/", pagamento.ano, "\r\nData de Crédito........: "_t, credito.dia, "/",
+                  credito.mes, "/", credito.ano, "\r\nCódigo de Barras.......: "_t, linha.campo(38, 44),
+                  "\r\nValor Recebido.........: ");
+    juntarValor(caneta, linha.campo(82, 12));
+    caneta.append("\r\nValor da Tarifa........: ");
+    juntarValor(caneta, linha.campo(94, 7));
+    caneta.append("\r\nSequencial de Registro.: ", linha.campo(101, 8), //
+                  "\r\nAgência Arrecadadora...: "_t, linha.campo(109, 8), "\r\n");
+    terminar(caneta); // what stands before a look-up that fails is in the log
 
     const VistaTexto canal = consultas().formaArrecadacao(linha.campo(117, 1));
-    caneta = bloco().comecar(maiorTraco() + canal.size());
-    juntar(caneta, "Forma de Arrecadação...: "_t, canal);
-    juntar(caneta, "Autenticação...........: "_t, linha.campo(118, 23));
-    bloco().terminar(caneta);
+    caneta = comecar(maiorTraco() + canal.size());
+    caneta.append("Forma de Arrecadação...: "_t, canal, //
+                  "\r\nAutenticação...........: "_t, linha.campo(118, 23), "\r\n");
+    terminar(caneta);
 
     const VistaTexto forma = consultas().formaPagamento(linha.campo(141, 1));
-    caneta = bloco().comecar(maiorTraco() + forma.size());
-    juntar(caneta, "Forma de Pagamento.....: ", forma);
-    juntarSeparador(caneta);
-    bloco().terminar(caneta);
+    caneta = comecar(maiorTraco() + forma.size());
+    caneta.append("Forma de Pagamento.....: ", forma, separador);
+    terminar(caneta);
 }
 
 void RelatorioTAV001::juntarTotais(VistaTexto linha) {
-    Bloco::Caneta caneta = bloco().comecar(maiorTraco());
-    juntar(caneta, "Total de Registros do Arquivo: ", trecho(linha, 2, 6));
-    juntarValor(caneta, "Valor Total Recebido.........: ", trecho(linha, 8, 17));
-    caneta.append("\r\n");
-    bloco().terminar(caneta);
+    Bloco::Caneta caneta = comecar(maiorTraco());
+    caneta.append("Total de Registros do Arquivo: ", trecho(linha, 2, 6), "\r\nValor Total Recebido.........: ");
+    juntarValor(caneta, trecho(linha, 8, 17));
+    caneta.append("\r\n\r\n");
+    terminar(caneta);
 }
 
-void RelatorioTAV001::juntarValor(Bloco::Caneta& caneta, VistaTexto rotulo, VistaTexto centavos) const {
-    caneta.append(rotulo);
-    if (soDigitos(centavos))
-        juntarCentavos(caneta, centavos, milhar_, decimal_);
-    else
+void RelatorioTAV001::juntarValor(Bloco::Caneta& caneta, VistaTexto centavos) const {
+    if (soDigitos(centavos)) {
+        const Centavos valor(centavos, milhar_, decimal_);
+        valor.escrever(caneta.reservar(valor.tamanho()));
+    } else {
         caneta.append(formatarCentavos(centavos, milhar_, decimal_));
-    caneta.append("\r\n");
+    }
 }
 
 } // namespace

@@ -153,7 +153,10 @@ void Depurador::encerrar() {
 void Depurador::abrirEntrada() {
     arquivoRemessa_->contador(0);
     arquivoRemessa_->criarCopias(false);
-    arquivoRemessa_->abrirArquivoEntrada(execucao_.nomeArquivo);
+    arquivoRemessa_->abrirArquivoEntrada(execucao_.nomeArquivo, [this] {
+        ambiente_.painel.processarEventos();
+        return Cancelado.load();
+    });
 }
 
 void Depurador::criarRegistrosDaGuia() {

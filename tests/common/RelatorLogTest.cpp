@@ -22,7 +22,9 @@ TEST(RelatorLog, linhasEAchadosComCrLf) {
     log.achado({"c.d", Gravidade::Estrutural, 16, 'C', std::nullopt, "Fora de ordem"});
     log.linha("");
     log.resumo({});
-    log.bytes("a\r\nb\r\n");
+    Bloco::Caneta caneta = log.comecar(6);
+    caneta.append("a\r\n", "b\r\n");
+    log.terminar(caneta);
     log.fechar();
     EXPECT_EQ(arquivos.conteudo["x.log"], "Título\r\n** ERRO -> Linha 000015 - CNPJ inválido\r\nFora de ordem\r\n\r\n"
                                           "a\r\nb\r\n"_t);
@@ -33,7 +35,7 @@ TEST(RelatorLog, blocosGrandesNaOrdemETudoGravado) {
     ArquivosEmMemoria arquivos;
     RelatorLog log(arquivos.criarSaida("x.log"));
     Texto esperado;
-    for (std::size_t tamanho = 0; tamanho < 200'000; tamanho = tamanho * 2 + 1) {
+    for (std::size_t tamanho = 0; tamanho < 3'000'000; tamanho = tamanho * 2 + 1) {
         for (int vezes = 0; vezes < 3; ++vezes) {
             const Texto linha(tamanho, static_cast<char>('a' + vezes));
             log.linha(linha);
@@ -42,7 +44,18 @@ TEST(RelatorLog, blocosGrandesNaOrdemETudoGravado) {
     }
     log.fechar();
     EXPECT_TRUE(arquivos.conteudo["x.log"] == esperado);
-    EXPECT_LT(arquivos.vezes(Operacao::Escrever), 30); // 54 lines, of 400,000 characters
+    EXPECT_LT(arquivos.vezes(Operacao::Escrever), 20); // 66 lines, of 12 million characters
+}
+
+TEST(RelatorLog, maisDoQueOTracoPediuERecusado) {
+    ArquivosEmMemoria arquivos;
+    RelatorLog log(arquivos.criarSaida("x.log"));
+    Bloco::Caneta caneta = log.comecar(3);
+    caneta.append("ab", VistaTexto(), "c"); // all that was asked for
+    EXPECT_THROW(caneta.append("d"), std::length_error);
+    log.terminar(caneta);
+    log.fechar();
+    EXPECT_EQ(arquivos.conteudo["x.log"], "abc");
 }
 
 TEST(RelatorLog, falhaAoGravarNuncaSeCala) {

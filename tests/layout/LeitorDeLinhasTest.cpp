@@ -98,6 +98,21 @@ TEST(LeitorDeLinhas, linhaLongaVemCortada) {
     }
 }
 
+TEST(LeitorDeLinhas, quemDesisteNaoEsperaOFimDeUmaLinhaSemFim) {
+    class SemFim final : public ArquivoEntrada {
+      public:
+        [[nodiscard]] std::size_t ler(std::span<char> destino) override {
+            std::ranges::fill(destino, 'x');
+            return destino.size();
+        }
+    };
+    int perguntas = 0;
+    LeitorDeLinhas leitor(std::make_unique<SemFim>(), [&] { return ++perguntas == 3; });
+    EXPECT_EQ(leitor.proxima(), Texto(LeitorDeLinhas::maiorLinha, 'x'));
+    EXPECT_EQ(perguntas, 3);
+    EXPECT_EQ(leitor.proxima(), std::nullopt);
+}
+
 TEST(LeitorDeLinhas, linhaIgualEmTamanhoNaoEscondeOutrosFins) {
     for (const VistaTexto segunda : {"ab\ncd\r\n"sv, "abcde\nX\r\n"sv, "ab\x1Axy\r\n"sv, "abcd\r\n\r\n"sv,
                                      "abcdef\r\n"sv, "abcde\r\r\n"sv, "ab\0de\r\n"sv, "abcde"sv}) {
