@@ -4,6 +4,7 @@
 //
 //   janela PAIRS REMITTANCE
 #include "cli/Programa.h"
+#include "common/NomesDeArquivo.h"
 #include "frontend/qt/Aplicacao.h"
 #include "frontend/qt/Conversoes.h"
 #include "platform/ArquivosDoSistema.h"
@@ -70,8 +71,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     const std::filesystem::path remessa = std::filesystem::absolute(argv[2]);
-    std::filesystem::path log = remessa;
-    log.replace_extension(".log");
+    const std::filesystem::path log = caminhoDoLog(remessa, "log");
     RelogioDoSistema relogio;
     LocalidadeDoSistema localidade;
     LancadorParado lancador;

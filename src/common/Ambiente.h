@@ -18,6 +18,9 @@ struct Ambiente {
     Lancador& lancador;
     Arquivos& arquivos;
     std::filesystem::path pastaDoPrograma; ///< where the layout description, the database and the help are
+
+    [[nodiscard]] std::filesystem::path leiaute() const { return pastaDoPrograma / "Arquivo_ZUL702.xml"; }
+    [[nodiscard]] std::filesystem::path bancoDeDados() const { return pastaDoPrograma / "TabelaErrosZUL.mdb"; }
 };
 
 } // namespace quilatador

@@ -11,10 +11,21 @@
 
 namespace quilatador {
 
+/// What tells one state of a file from another: two are equal as long as nobody changes or replaces the file.
+struct VersaoDoArquivo {
+    std::uint64_t arquivo = 0;   ///< which one, whatever its name is now
+    std::uint64_t tamanho = 0;   ///< bytes
+    std::int64_t modificado = 0; ///< when it was last changed, as finely as the system tells
+
+    bool operator==(const VersaoDoArquivo&) const = default;
+};
+
 /// An open file to read from its start to its end; closed when destroyed.
 class ArquivoEntrada {
   public:
     virtual ~ArquivoEntrada() = default;
+    /// The state in which the file is now; always the same for what cannot change.
+    [[nodiscard]] virtual VersaoDoArquivo versao() const noexcept { return {}; }
     /// Reads as many bytes as fit, or as are left: 0 at the end of the file. `Falha` 57 where the device fails.
     [[nodiscard]] virtual std::size_t ler(std::span<char> destino) = 0;
 };

@@ -12,17 +12,22 @@ RelatorLog::RelatorLog(std::unique_ptr<ArquivoSaida> arquivo) : arquivo_(std::mo
 }
 
 void RelatorLog::linha(VistaTexto texto) {
-    constexpr VistaTexto fimDeLinha = "\r\n";
-    Bloco::Caneta caneta = comecar(texto.size() + fimDeLinha.size());
-    caneta.append(texto, fimDeLinha);
-    terminar(caneta);
+    escrever(texto);
 }
 
 void RelatorLog::achado(const Achado& achado) {
     if (achado.gravidade == Gravidade::Erro)
-        linha(junta("** ERRO -> Linha ", comZeros(achado.linha, 6), " - ", achado.mensagem));
+        escrever("** ERRO -> Linha ", comZeros(achado.linha, 6), " - ", achado.mensagem);
     else
-        linha(achado.mensagem);
+        escrever(achado.mensagem);
+}
+
+template <typename... Pedacos>
+void RelatorLog::escrever(const Pedacos&... pedacos) {
+    constexpr VistaTexto fimDeLinha = "\r\n";
+    Bloco::Caneta caneta = comecar((VistaTexto(pedacos).size() + ...) + fimDeLinha.size());
+    caneta.append(pedacos..., fimDeLinha);
+    terminar(caneta);
 }
 
 void RelatorLog::resumo(const Resumo&) {} // the run's own plain lines are the log's summary
@@ -66,6 +71,9 @@ std::unique_ptr<RelatorLog> criarLog(Ambiente& ambiente, const std::filesystem::
     };
     if (ambiente.arquivos.mesmoArquivo(analisado, log))
         return recusar("O arquivo de log seria o próprio arquivo analisado: "_t);
+    for (const std::filesystem::path& doPrograma : {ambiente.leiaute(), ambiente.bancoDeDados()})
+        if (ambiente.arquivos.mesmoArquivo(doPrograma, log))
+            return recusar("O arquivo de log seria um arquivo do próprio programa: "_t);
     try {
         return std::make_unique<RelatorLog>(ambiente.arquivos.criarSaida(log));
     } catch (const Falha&) {

@@ -40,6 +40,8 @@ class RelatorLog : public Relator {
     /// So much is written at once, always whole pages: the system's cost of a write falls with its size, up to here.
     static constexpr std::size_t bloco = 1024 * 1024;
 
+    template <typename... Pedacos>
+    void escrever(const Pedacos&... pedacosDaLinha);
     void gravarBlocos();
     template <typename Operacao>
     void gravar(Operacao operacao);
@@ -49,7 +51,7 @@ class RelatorLog : public Relator {
 };
 
 /// Creates the log of an analysis. None, after an error box of that title, where it cannot be created or would be
-/// the analysed file itself (also through a link).
+/// the analysed file itself or one of the program's own (also through a link).
 [[nodiscard]] std::unique_ptr<RelatorLog> criarLog(Ambiente& ambiente, const std::filesystem::path& analisado,
                                                    const std::filesystem::path& log, VistaTexto titulo);
 

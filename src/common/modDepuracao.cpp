@@ -1,5 +1,6 @@
 #include "common/modDepuracao.h"
 
+#include <algorithm>
 #include <array>
 
 namespace quilatador::modDepuracao {
@@ -29,12 +30,17 @@ bool suspeita(VistaTexto texto) noexcept {
 } // namespace
 
 Texto caracteresEspeciais(VistaTexto texto) {
+    constexpr std::size_t pedaco = 16;
     Texto achados;
     if (!suspeita(texto)) return achados;
-    for (std::size_t i = 0; i < texto.size(); ++i) {
-        if (!especiais[static_cast<unsigned char>(texto[i])]) continue;
-        achados.push_back(texto[i]);
-        achados.append("(").append(std::to_string(i + 1)).append("), ");
+    for (std::size_t inicio = 0; inicio < texto.size(); inicio += pedaco) {
+        const std::size_t fim = std::min(inicio + pedaco, texto.size());
+        if (!suspeita(texto.substr(inicio, fim - inicio))) continue; // a line rarely has more than a few
+        for (std::size_t i = inicio; i < fim; ++i) {
+            if (!especiais[static_cast<unsigned char>(texto[i])]) continue;
+            achados.push_back(texto[i]);
+            achados.append("(").append(std::to_string(i + 1)).append("), ");
+        }
     }
     return achados;
 }

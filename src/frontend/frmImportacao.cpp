@@ -49,8 +49,7 @@ Depurador& frmImportacao::depurador() {
 
 bool frmImportacao::iniciar() {
     try {
-        banco_ =
-            std::make_unique<BancoDeDados>(ambiente_.arquivos, ambiente_.pastaDoPrograma / BancoDeDados::nomeDoArquivo);
+        banco_ = std::make_unique<BancoDeDados>(ambiente_.arquivos, ambiente_.bancoDeDados());
         globais_.bancoDeDados = banco_.get();
         return true;
     } catch (const Falha&) {

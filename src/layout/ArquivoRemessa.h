@@ -47,6 +47,10 @@ class ArquivoRemessa {
     /// file-system condition.
     void abrirArquivoEntrada(const std::filesystem::path& caminho, LeitorDeLinhas::Desistencia desistir = {});
     void fecharArquivoEntrada() noexcept { leitor_.reset(); }
+    /// The state of the file that is open to read; none where none is.
+    [[nodiscard]] std::optional<VersaoDoArquivo> versaoDaEntrada() const noexcept {
+        return leitor_ ? std::optional(leitor_->versao()) : std::nullopt;
+    }
     /// The record of the next line, valid until the next call: eager with `lerCampos`, else lazy. A record without
     /// name and line where the line is empty (it is not counted) or the file has ended. `Falha` 1: "Tipo de registro
     /// não identificado!", or with "Linha: " and the count in front for a line that cannot be read.

@@ -25,6 +25,7 @@ class LeitorDeLinhas {
     /// The next line without its end, valid until the next call; none at the end of the file. `Falha` of
     /// `ArquivoEntrada::ler`.
     [[nodiscard]] std::optional<VistaTexto> proxima();
+    [[nodiscard]] VersaoDoArquivo versao() const noexcept { return arquivo_->versao(); }
 
   private:
     [[nodiscard]] bool comoAAnterior() const noexcept;

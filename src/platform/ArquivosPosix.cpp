@@ -74,6 +74,15 @@ class EntradaPosix final : public ArquivoEntrada {
         return lidos;
     }
 
+    [[nodiscard]] VersaoDoArquivo versao() const noexcept override {
+        struct stat situacao {};
+        if (::fstat(descritor_.numero(), &situacao) != 0 || !S_ISREG(situacao.st_mode)) return {};
+        constexpr std::int64_t nanossegundos = 1'000'000'000;
+        return {.arquivo = situacao.st_ino,
+                .tamanho = static_cast<std::uint64_t>(situacao.st_size),
+                .modificado = situacao.st_mtim.tv_sec * nanossegundos + situacao.st_mtim.tv_nsec};
+    }
+
   private:
     Descritor descritor_;
 };

@@ -5,8 +5,10 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <io.h>
 #include <sys/stat.h>
 #include <sys/types.h>
+#include <windows.h>
 
 namespace quilatador {
 
@@ -28,6 +30,10 @@ Canal abrir(const std::filesystem::path& caminho, const wchar_t* modo) {
     return canal;
 }
 
+std::uint64_t juntarMetades(DWORD alta, DWORD baixa) noexcept {
+    return std::uint64_t{alta} << 32 | baixa;
+}
+
 class EntradaWindows final : public ArquivoEntrada {
   public:
     explicit EntradaWindows(Canal canal) : canal_(std::move(canal)) {}
@@ -36,6 +42,16 @@ class EntradaWindows final : public ArquivoEntrada {
         const std::size_t lidos = std::fread(destino.data(), 1, destino.size(), canal_.get());
         if (std::ferror(canal_.get())) throw falhaDeTransferencia(errno);
         return lidos;
+    }
+
+    [[nodiscard]] VersaoDoArquivo versao() const noexcept override {
+        BY_HANDLE_FILE_INFORMATION dados{};
+        const auto arquivo = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(canal_.get())));
+        if (!GetFileInformationByHandle(arquivo, &dados)) return {};
+        return {.arquivo = juntarMetades(dados.nFileIndexHigh, dados.nFileIndexLow),
+                .tamanho = juntarMetades(dados.nFileSizeHigh, dados.nFileSizeLow),
+                .modificado = static_cast<std::int64_t>(
+                    juntarMetades(dados.ftLastWriteTime.dwHighDateTime, dados.ftLastWriteTime.dwLowDateTime))};
     }
 
   private:

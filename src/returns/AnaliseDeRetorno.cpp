@@ -87,9 +87,12 @@ Desfecho AnaliseDeRetorno::percorrer(LeitorDeLinhas& leitor, Progresso& progress
         escrever("TRATAMENTO CANCELADO!!!");
         return desfecho;
     };
+    const VersaoDoArquivo versao = leitor.versao();
     while (!cancelado) {
         const auto linha = leitor.proxima();
         if (!linha) {
+            if (leitor.versao() != versao)
+                throw Falha(numeroDeFalha::arquivoAlterado, "AnaliseDeRetorno", Texto(arquivoAlterado));
             escreverTotais();
             progresso.registroAtual = progresso.totalRegistros;
             return Desfecho::Concluida;

@@ -37,8 +37,7 @@ Depurador::Depurador(Ambiente& ambiente, modVariaveis& globais) : ambiente_(ambi
 }
 
 void Depurador::carregarLeiaute() {
-    arquivoRemessa_ = ArquivoRemessaBD::obterArquivoRemessa(ambiente_.pastaDoPrograma / "Arquivo_ZUL702.xml",
-                                                            ambiente_.arquivos, ambiente_.painel);
+    arquivoRemessa_ = ArquivoRemessaBD::obterArquivoRemessa(ambiente_.leiaute(), ambiente_.arquivos, ambiente_.painel);
     if (!arquivoRemessa_) return;
     for (const auto& tipo : arquivoRemessa_->tiposRegistros()) {
         const auto campo = [&](VistaTexto nome) {
@@ -96,6 +95,7 @@ Resumo Depurador::rodar() {
     try {
         return verificarArquivo();
     } catch (const ParadaEstrutural& parada) {
+        if (entradaAlterada()) return naoCompletar(Desfecho::NaoRodou, arquivoAlterado);
         publicar(parada.achado());
         Resumo resultado = resumo(Desfecho::Falhou);
         resultado.descricao = parada.descricao();
@@ -103,6 +103,7 @@ Resumo Depurador::rodar() {
     } catch (const FalhaDoLog&) {
         throw;
     } catch (const Falha& falha) {
+        if (entradaAlterada()) return naoCompletar(Desfecho::NaoRodou, arquivoAlterado);
         return naoCompletar(falha.doAmbiente() ? Desfecho::NaoRodou : Desfecho::Falhou, falha.descricao());
     }
 }
@@ -114,8 +115,10 @@ Resumo Depurador::verificarArquivo() {
     verificarSequencia();
     if (Cancelado) return cancelar();
     abrirEntrada();
+    if (entradaAlterada()) return naoCompletar(Desfecho::NaoRodou, arquivoAlterado);
     const Desfecho desfecho = verificarConteudo();
     if (desfecho == Desfecho::Cancelada) return cancelar();
+    if (entradaAlterada()) return naoCompletar(Desfecho::NaoRodou, arquivoAlterado);
     escreverResumo();
     return resumo(desfecho);
 }
@@ -157,6 +160,12 @@ void Depurador::abrirEntrada() {
         ambiente_.painel.processarEventos();
         return Cancelado.load();
     });
+    if (!execucao_.versao) execucao_.versao = arquivoRemessa_->versaoDaEntrada();
+}
+
+bool Depurador::entradaAlterada() const noexcept {
+    const auto agora = arquivoRemessa_->versaoDaEntrada();
+    return agora && agora != execucao_.versao;
 }
 
 void Depurador::criarRegistrosDaGuia() {

@@ -89,6 +89,7 @@ class Depurador {
         std::filesystem::path nomeArquivoLog;
         std::unique_ptr<RelatorLog> log;
         Data hoje{};
+        std::optional<VersaoDoArquivo> versao; ///< of the file as it was when it was first opened
         std::int32_t totalRegistrosEstimado = 0;
         std::int32_t totalRegistros = 0;
         std::int32_t linhaAtual = 0; ///< 1-based
@@ -140,6 +141,8 @@ class Depurador {
     [[nodiscard]] Resumo resumo(Desfecho desfecho) const;
     void encerrar();
     void abrirEntrada();
+    /// Whether the file is no longer the one that the run began with: its passes would speak of different files.
+    [[nodiscard]] bool entradaAlterada() const noexcept;
     void criarRegistrosDaGuia();
     [[nodiscard]] RegistroRemessa registroVazio(VistaTexto nome);
     [[nodiscard]] Desfecho verificarConteudo();

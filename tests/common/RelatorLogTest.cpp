@@ -72,13 +72,22 @@ TEST(criarLog, recusaOQueNaoPodeSer) {
     MundoFalso mundo;
     mundo.arquivos.conteudo["/a.log"] = "dados";
     EXPECT_EQ(criarLog(mundo.ambiente, "/a.log", "/a.log", "Erro!"), nullptr);
+    mundo.arquivos.conteudo["/programa/Arquivo_ZUL702.xml"] = "leiaute";
+    mundo.arquivos.conteudo["/programa/TabelaErrosZUL.mdb"] = "banco";
+    EXPECT_EQ(criarLog(mundo.ambiente, "/a.log", "/programa/Arquivo_ZUL702.xml", "Erro!"), nullptr);
+    EXPECT_EQ(criarLog(mundo.ambiente, "/a.log", "/programa/TabelaErrosZUL.mdb", "Erro!"), nullptr);
+    const auto antes = mundo.arquivos.conteudo;
     mundo.arquivos.falhar(Operacao::Criar, 1, cheio);
     EXPECT_EQ(criarLog(mundo.ambiente, "/a.log", "/b.log", tituloDeErro), nullptr);
     EXPECT_EQ(mundo.painel.chamadas,
               (std::vector<Texto>{
                   Texto("mensagem [Erro!] O arquivo de log seria o próprio arquivo analisado: /a.log"_t),
+                  Texto("mensagem [Erro!] O arquivo de log seria um arquivo do próprio programa: "
+                        "/programa/Arquivo_ZUL702.xml"_t),
+                  Texto("mensagem [Erro!] O arquivo de log seria um arquivo do próprio programa: "
+                        "/programa/TabelaErrosZUL.mdb"_t),
                   "mensagem [Solvara - Quilatador de Leiaute - Erro!] Erro na criacao do arquivo de log: /b.log"}));
-    EXPECT_EQ(mundo.arquivos.conteudo, (std::map<std::filesystem::path, Texto>{{"/a.log", "dados"}}));
+    EXPECT_EQ(mundo.arquivos.conteudo, antes);
     EXPECT_NE(criarLog(mundo.ambiente, "/a.log", "/b.log", tituloDeErro), nullptr);
 }
 

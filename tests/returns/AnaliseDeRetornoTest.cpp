@@ -48,6 +48,15 @@ TEST(AnaliseDeRetorno, logNomeadoPeloPrimeiroPonto) {
     }
 }
 
+TEST(AnaliseDeRetorno, arquivoAlteradoDuranteAAnaliseNaoTemConclusao) {
+    for (const Caso& caso : casos) {
+        Bancada bancada(caso.analise, caso.arquivo);
+        bancada.mundo.painel.naLinha(2, [&] { bancada.mundo.arquivos.conteudo["/d/retorno.ret"] += "Z"; });
+        EXPECT_EQ(bancada.rodar().desfecho, Desfecho::NaoRodou);
+        EXPECT_TRUE(bancada.mundo.arquivos.conteudo["/d/retorno.log"].ends_with(junta(arquivoAlterado, "\r\n")));
+    }
+}
+
 TEST(AnaliseDeRetorno, naoRodaSemEntradaOuLog) {
     struct {
         void (*estragar)(Bancada&);

@@ -71,7 +71,8 @@ class ArquivosEmMemoria::Aberto {
 
 class ArquivosEmMemoria::Entrada final : public ArquivoEntrada {
   public:
-    Entrada(ArquivosEmMemoria& dono, Texto bytes) : aberto_(dono), bytes_(std::move(bytes)) {}
+    Entrada(ArquivosEmMemoria& dono, std::filesystem::path caminho, Texto bytes)
+        : aberto_(dono), caminho_(std::move(caminho)), bytes_(std::move(bytes)) {}
 
     [[nodiscard]] std::size_t ler(std::span<char> destino) override {
         aberto_.dono().contar(Operacao::Ler);
@@ -79,9 +80,14 @@ class ArquivosEmMemoria::Entrada final : public ArquivoEntrada {
         posicao_ += lidos;
         return lidos;
     }
+    [[nodiscard]] VersaoDoArquivo versao() const noexcept override {
+        const Texto& agora = aberto_.dono().conteudo[caminho_];
+        return {.arquivo = std::hash<Texto>()(agora), .tamanho = agora.size()};
+    }
 
   private:
     Aberto aberto_;
+    std::filesystem::path caminho_;
     Texto bytes_;
     std::size_t posicao_ = 0;
 };
@@ -110,7 +116,7 @@ std::unique_ptr<ArquivoEntrada> ArquivosEmMemoria::abrirEntrada(const std::files
     const auto achado = conteudo.find(caminho);
     if (achado == conteudo.end())
         throw Falha(numeroDeFalha::arquivoNaoEncontrado, "Gravacao", Texto("Arquivo não encontrado"_t));
-    return std::make_unique<Entrada>(*this, achado->second);
+    return std::make_unique<Entrada>(*this, caminho, achado->second);
 }
 
 std::unique_ptr<ArquivoSaida> ArquivosEmMemoria::criarSaida(const std::filesystem::path& caminho) {

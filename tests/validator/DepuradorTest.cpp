@@ -241,6 +241,28 @@ TEST(Depurador, falhaEmQualquerOperacaoDeArquivo) {
     }
 }
 
+TEST(Depurador, arquivoAlteradoDuranteAAnaliseNaoTemConclusao) {
+    const Texto original = remessa({.registros = 40});
+    const std::pair<const char*, Texto> alteracoes[] = {
+        {"grown", original + original},
+        {"cut", original.substr(0, original.size() / 2)},
+        {"another of the same size", remessa({.registros = 40}).replace(300, 1, "&")},
+        {"no remittance", "nada"}};
+    for (const auto& [nome, alterado] : alteracoes) {
+        for (const int fase : {1, 2}) {
+            Bancada bancada(original);
+            bancada.mundo.painel.naLinha(
+                20, [&] { bancada.mundo.arquivos.conteudo[bancada.entrada] = alterado; }, fase);
+            const Resumo resumo = bancada.depurar();
+            EXPECT_EQ(resumo.desfecho, Desfecho::NaoRodou) << nome << fase;
+            EXPECT_EQ(resumo.descricao, arquivoAlterado);
+            const Texto log = bancada.mundo.arquivos.conteudo["/d/remessa.log"];
+            EXPECT_TRUE(log.ends_with(junta(arquivoAlterado, "\r\n", fim))) << nome << fase;
+            EXPECT_EQ(log.find("Erros encontrados"), Texto::npos);
+        }
+    }
+}
+
 TEST(Depurador, semLeiauteCadaExecucaoDizQueFalta) {
     const std::pair<const char*, VistaTexto> casos[] = {
         {nullptr, "mensagem [Solvara - Quilatador de Leiaute] Arquivo nao encontrado!"},
