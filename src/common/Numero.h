@@ -67,8 +67,9 @@ class Centavos {
         escreverDigito();
         separar(decimal_);
         escreverDigito();
-        for (int inteiros = 1; restam > 0; ++inteiros) {
-            if (inteiros % 3 == 0) separar(milhar_);
+        int inteiros = 1;
+        while (restam > 0) {
+            if (inteiros++ % 3 == 0) separar(milhar_);
             escreverDigito();
         }
     }
