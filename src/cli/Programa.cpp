@@ -6,6 +6,7 @@
 #include "frontend/frmImportacao.h"
 
 #include <algorithm>
+#include <new>
 
 namespace quilatador {
 
@@ -98,6 +99,7 @@ class Execucao {
         for (const std::filesystem::path& arquivo : argumentos_.arquivos) {
             maior = std::max(maior, analisar(arquivo));
             if (maquina_.interrompido()) return situacao::interrompido;
+            if (!maquina_.saida.good()) return situacao::naoRodou; // nobody reads what the others would have to say
         }
         return maior;
     }
@@ -188,8 +190,13 @@ int atender(const Argumentos& argumentos, const Maquina& maquina) {
 } // namespace
 
 int executar(std::vector<std::string> argumentos, const Maquina& maquina) {
-    const int resultado = atender(lerArgumentos(std::move(argumentos)), maquina);
-    return maquina.saida.good() ? resultado : std::max(resultado, situacao::naoRodou);
+    try {
+        const int resultado = atender(lerArgumentos(std::move(argumentos)), maquina);
+        return maquina.saida.good() ? resultado : std::max(resultado, situacao::naoRodou);
+    } catch (const std::bad_alloc&) {
+        maquina.erros << paraTerminal(memoriaInsuficiente) << std::endl;
+        return situacao::naoRodou;
+    }
 }
 
 } // namespace quilatador

@@ -18,6 +18,7 @@ inline constexpr int modoDeArquivoInvalido = 54;
 inline constexpr int arquivoJaAberto = 55;
 inline constexpr int erroDeDispositivo = 57;
 inline constexpr int discoCheio = 61;
+inline constexpr int memoriaInsuficiente = 71;
 inline constexpr int arquivoAlterado = 65;
 inline constexpr int permissaoNegada = 70;
 inline constexpr int acessoAoCaminho = 75;

@@ -54,7 +54,7 @@ bool ehNumerico(VistaTexto texto) noexcept {
     return digitos > 0 && separadores <= 1;
 }
 
-double lerNumero(VistaTexto texto) noexcept {
+double lerNumero(VistaTexto texto) {
     if (const auto numero = numeroDeDigitos(texto)) return *numero;
     Texto limpo;
     bool ponto = false;

@@ -30,8 +30,8 @@ namespace quilatador {
 }
 
 /// The number at the start of a text: blanks are skipped, "." is the decimal point, reading stops at the first
-/// character that cannot go on. 0 when nothing was read; never fails.
-[[nodiscard]] double lerNumero(VistaTexto texto) noexcept;
+/// character that cannot go on. 0 when nothing was read; never fails for what the text is.
+[[nodiscard]] double lerNumero(VistaTexto texto);
 
 /// Shortest decimal form of a number: "." as decimal point, no exponent, no blank.
 [[nodiscard]] Texto textoDoNumero(double numero);

@@ -24,6 +24,8 @@ struct Mensagem {
 
 inline constexpr VistaTexto tituloDoPrograma = "Solvara - Quilatador de Leiaute";
 inline constexpr VistaTexto tituloDeErro = "Solvara - Quilatador de Leiaute - Erro!";
+/// What an analysis says, in place of its end, where the system has no more memory for it.
+inline constexpr VistaTexto memoriaInsuficiente = "Memória insuficiente!"_t;
 /// What an analysis says, in place of its end, of a file that somebody changed meanwhile.
 inline constexpr VistaTexto arquivoAlterado = "O arquivo foi alterado durante a análise!"_t;
 

@@ -54,6 +54,11 @@ void RelatorLog::fechar() {
     gravar([&] { arquivo_->fechar(); });
 }
 
+void avisarFaltaDeMemoria(Painel& painel, VistaTexto titulo) {
+    painel.mensagem(
+        {.texto = Texto(memoriaInsuficiente), .titulo = Texto(titulo), .icone = Mensagem::Icone::Exclamacao});
+}
+
 void avisarFalhaDoLog(Painel& painel, const std::filesystem::path& log, const FalhaDoLog& falha, VistaTexto titulo) {
     painel.mensagem(
         {.texto = junta("Erro na gravação do arquivo de log: "_t, textoDoCaminho(log), " (", falha.descricao(), ")"),

@@ -55,6 +55,9 @@ class RelatorLog : public Relator {
 [[nodiscard]] std::unique_ptr<RelatorLog> criarLog(Ambiente& ambiente, const std::filesystem::path& analisado,
                                                    const std::filesystem::path& log, VistaTexto titulo);
 
+/// Tells the user that there was no memory for the analysis.
+void avisarFaltaDeMemoria(Painel& painel, VistaTexto titulo);
+
 /// Tells the user that the log could not be written to its end.
 void avisarFalhaDoLog(Painel& painel, const std::filesystem::path& log, const FalhaDoLog& falha, VistaTexto titulo);
 

@@ -10,7 +10,8 @@ namespace quilatador {
 /// are refused (`Falha` 75) without waiting for them. Output may be a device, or a pipe that somebody reads.
 class ArquivosDoSistema final : public Arquivos {
   public:
-    /// From here on a file that outgrows the user's limit is a failed write (61), not the end of the process.
+    /// From here on a file that outgrows the user's limit (61) and a pipe that nobody reads any more (57) are failed
+    /// writes, not the end of the process.
     ArquivosDoSistema();
 
     [[nodiscard]] std::unique_ptr<ArquivoEntrada> abrirEntrada(const std::filesystem::path& caminho) override;

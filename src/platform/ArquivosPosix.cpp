@@ -122,6 +122,7 @@ void apagarAntigo(const std::filesystem::path& caminho) noexcept {
 
 ArquivosDoSistema::ArquivosDoSistema() {
     std::signal(SIGXFSZ, SIG_IGN);
+    std::signal(SIGPIPE, SIG_IGN);
 }
 
 std::unique_ptr<ArquivoEntrada> ArquivosDoSistema::abrirEntrada(const std::filesystem::path& caminho) {

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <new>
 
 namespace quilatador {
 
@@ -28,7 +29,13 @@ AnaliseDeRetorno::AnaliseDeRetorno(Ambiente& ambiente, const modVariaveis& globa
 
 ResultadoRetorno AnaliseDeRetorno::executar(const std::atomic<bool>& cancelado) {
     resumo_.desfecho = Desfecho::NaoRodou;
-    rodar(cancelado);
+    try {
+        rodar(cancelado);
+    } catch (const std::bad_alloc&) {
+        resumo_.desfecho = Desfecho::NaoRodou;
+        resumo_.descricao = memoriaInsuficiente;
+        avisarFaltaDeMemoria(ambiente_.painel, tituloDasMensagens);
+    }
     for (Relator* const ouvinte : pedido_.ouvintes)
         ouvinte->resumo(resumo_);
     return {resumo_};
@@ -77,6 +84,8 @@ void AnaliseDeRetorno::analisar(LeitorDeLinhas& leitor, const std::atomic<bool>&
         throw;
     } catch (const Falha& falha) {
         naoCompletar(falha);
+    } catch (const std::bad_alloc&) {
+        naoCompletar(Falha(numeroDeFalha::memoriaInsuficiente, "AnaliseDeRetorno", Texto(memoriaInsuficiente)));
     }
     ambiente_.painel.concluirProgresso(progresso);
 }

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <new>
 #include <utility>
 
 namespace quilatador {
@@ -33,6 +34,10 @@ Depurador::Depurador(Ambiente& ambiente, modVariaveis& globais) : ambiente_(ambi
     } catch (const Falha& falha) {
         ambiente_.painel.mensagem(
             {.texto = falha.descricao(), .titulo = Texto(tituloDeErro), .icone = Mensagem::Icone::Exclamacao});
+    } catch (const std::bad_alloc&) {
+        arquivoRemessa_.reset();
+        camposDeTodaLinha_.clear();
+        avisarFaltaDeMemoria(ambiente_.painel, tituloDeErro);
     }
 }
 
@@ -57,10 +62,11 @@ void Depurador::adicionarRelator(Relator& relator) {
 }
 
 Resumo Depurador::DepurarArquivo(const std::filesystem::path& nomeArquivo, std::optional<std::filesystem::path> log) {
-    prepararExecucao(nomeArquivo, std::move(log));
-    execucao_.log = criarLog(ambiente_, nomeArquivo, execucao_.nomeArquivoLog, tituloDeErro);
     Resumo resultado = resumo(Desfecho::NaoRodou);
     try {
+        prepararExecucao(nomeArquivo, std::move(log));
+        execucao_.log = criarLog(ambiente_, nomeArquivo, execucao_.nomeArquivoLog, tituloDeErro);
+        resultado = resumo(Desfecho::NaoRodou);
         if (execucao_.log) {
             resultado = rodar();
             encerrar();
@@ -71,6 +77,11 @@ Resumo Depurador::DepurarArquivo(const std::filesystem::path& nomeArquivo, std::
         resultado.descricao = falha.descricao();
         if (arquivoRemessa_) arquivoRemessa_->fecharArquivoEntrada();
         avisarFalhaDoLog(ambiente_.painel, execucao_.nomeArquivoLog, falha, tituloDeErro);
+    } catch (const std::bad_alloc&) {
+        resultado = resumo(Desfecho::NaoRodou);
+        resultado.descricao = memoriaInsuficiente;
+        if (arquivoRemessa_) arquivoRemessa_->fecharArquivoEntrada();
+        avisarFaltaDeMemoria(ambiente_.painel, tituloDeErro);
     }
     execucao_.log.reset();
     for (Relator* ouvinte : ouvintes_)
@@ -105,6 +116,8 @@ Resumo Depurador::rodar() {
     } catch (const Falha& falha) {
         if (entradaAlterada()) return naoCompletar(Desfecho::NaoRodou, arquivoAlterado);
         return naoCompletar(falha.doAmbiente() ? Desfecho::NaoRodou : Desfecho::Falhou, falha.descricao());
+    } catch (const std::bad_alloc&) {
+        return naoCompletar(Desfecho::NaoRodou, memoriaInsuficiente); // what the run had is free again
     }
 }
 

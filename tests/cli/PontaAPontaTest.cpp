@@ -38,17 +38,18 @@ class PontaAPonta : public testing::Test {
         long memoria = 0; ///< peak, in KiB
     };
 
-    void iniciar(std::vector<std::string> argumentos, std::string saida = {}) {
+    void iniciar(std::vector<std::string> argumentos, int saida = -1) {
         argumentos.insert(argumentos.begin(), QUILATADOR_CLI);
         std::vector<char*> ponteiros;
         for (std::string& argumento : argumentos)
             ponteiros.push_back(argumento.data());
         ponteiros.push_back(nullptr);
-        if (saida.empty()) saida = (pasta / "saida").string();
+        const std::string saidaPadrao = (pasta / "saida").string();
         const std::string erros = (pasta / "erros").string();
         filho_ = ::fork();
         if (filho_ != 0) return;
-        ::dup2(::open(saida.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), STDOUT_FILENO);
+        if (saida < 0) saida = ::open(saidaPadrao.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+        ::dup2(saida, STDOUT_FILENO);
         ::dup2(::open(erros.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), STDERR_FILENO);
         ::execv(QUILATADOR_CLI, ponteiros.data());
         ::_exit(99);
@@ -150,10 +151,26 @@ TEST_F(PontaAPonta, discoCheioNuncaSeCala) {
     const Fim doLog = esperar();
     EXPECT_EQ(doLog.situacao, 2);
     EXPECT_EQ(doLog.erros, "Erro na gravação do arquivo de log: /dev/full (Disco cheio)\n");
+    const int cheio = ::open("/dev/full", O_WRONLY);
     for (const char* opcao : {"--json", "--ajuda", "--versao"}) {
-        iniciar({opcao, "--log", log().string(), entrada}, "/dev/full");
+        iniciar({opcao, "--log", log().string(), entrada}, cheio);
         EXPECT_EQ(esperar().situacao, 2) << opcao;
     }
+}
+
+TEST_F(PontaAPonta, canoFechadoAcabaSemBarulho) {
+    const auto entrada = pasta.escrever("remessa.rem", remessa()).string();
+    std::array<int, 2> cano{};
+    ASSERT_EQ(::pipe(cano.data()), 0);
+    ::close(cano[0]);
+    for (const char* opcao : {"--json", "--ajuda"}) {
+        iniciar({opcao, "--log", log().string(), entrada}, cano[1]);
+        const Fim resultado = esperar();
+        EXPECT_EQ(resultado.situacao, 2) << opcao;
+        EXPECT_EQ(resultado.erros, "");
+    }
+    ::close(cano[1]);
+    EXPECT_TRUE(lerTudo(log()).ends_with(fim)); // the analysis was whole all the same
 }
 
 /// The log is a pipe that holds less than the run has to write: the signal comes in the middle for certain.

@@ -1,6 +1,4 @@
-#include "cli/Programa.h"
-
-#include "support/Remessas.h"
+#include "cli/BancadaDoPrograma.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -10,38 +8,8 @@ namespace quilatador {
 namespace {
 
 using gerador::Tipo;
+using Bancada = testes::BancadaDoPrograma;
 using testes::remessa;
-
-/// The command line in a world of fakes, with a few files in /d and the program's own in /programa.
-struct Bancada : testes::MundoComRemessa {
-    Bancada() : MundoComRemessa(remessa(), "/d/boa.rem") {
-        static const Texto tabelas = testes::lerTudo(QUILATADOR_TABELAS);
-        arquivos.conteudo["/programa/TabelaErrosZUL.mdb"] = tabelas;
-        arquivos.conteudo["/d/ruim.rem"] = remessa({.guias = 3, .falhas = true});
-        arquivos.conteudo["/d/cortada.rem"] = remessa().substr(0, 1000);
-        arquivos.conteudo["/d/impressao.ret"] = remessa({.tipo = Tipo::ZUL708, .guias = 5});
-        arquivos.conteudo["/d/liquidacao"] = remessa({.tipo = Tipo::TAV001, .registros = 3});
-    }
-
-    int rodar(std::vector<std::string> argumentos) {
-        return executar(std::move(argumentos), {.relogio = relogio,
-                                                .localidade = localidade,
-                                                .lancador = lancador,
-                                                .arquivos = arquivos,
-                                                .saida = saida,
-                                                .erros = erros,
-                                                .errosNoTerminal = noTerminal,
-                                                .larguraDoTerminal = largura,
-                                                .pastaDoPrograma = "/programa",
-                                                .interrompido = interrompido});
-    }
-
-    std::ostringstream saida;
-    std::ostringstream erros;
-    bool noTerminal = false;
-    int largura = 80;
-    std::function<bool()> interrompido = [] { return false; };
-};
 
 TEST(Programa, situacaoEOQueEscreve) {
     const std::tuple<std::vector<std::string>, int, std::string, std::string> casos[] = {
@@ -49,7 +17,8 @@ TEST(Programa, situacaoEOQueEscreve) {
         {{"/d/ruim.rem"}, 1, "/d/ruim.rem: 33 erros; 3 guias lidas\n  log: /d/ruim.log\n", ""},
         {{"/d/cortada.rem"},
          1,
-         "/d/cortada.rem: análise interrompida por erro no arquivo: Tamanho de registro inválido. Esperado 240\n  log: /d/cortada.log\n",
+         "/d/cortada.rem: análise interrompida por erro no arquivo: Tamanho de registro inválido. Esperado 240\n  log: "
+         "/d/cortada.log\n",
          ""},
         {{"/d/falta.rem"},
          2,

@@ -81,8 +81,9 @@ class ArquivosEmMemoria::Entrada final : public ArquivoEntrada {
         return lidos;
     }
     [[nodiscard]] VersaoDoArquivo versao() const noexcept override {
-        const Texto& agora = aberto_.dono().conteudo[caminho_];
-        return {.arquivo = std::hash<Texto>()(agora), .tamanho = agora.size()};
+        const auto agora = aberto_.dono().conteudo.find(caminho_);
+        if (agora == aberto_.dono().conteudo.end()) return {};
+        return {.arquivo = std::hash<Texto>()(agora->second), .tamanho = agora->second.size()};
     }
 
   private:

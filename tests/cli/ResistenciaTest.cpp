@@ -1,0 +1,141 @@
+#include "cli/BancadaDoPrograma.h"
+
+#include <atomic>
+#include <cstdlib>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <new>
+#include <unistd.h>
+
+namespace {
+
+/// Reservations until the one that fails; none does while it is 0.
+std::atomic<long> ateFalhar = 0;
+
+void* reservar(std::size_t bytes, std::size_t alinhamento) {
+    if (ateFalhar > 0 && --ateFalhar == 0) throw std::bad_alloc();
+    void* const memoria = std::aligned_alloc(alinhamento, (bytes / alinhamento + 1) * alinhamento);
+    if (memoria == nullptr) throw std::bad_alloc();
+    return memoria;
+}
+
+} // namespace
+
+// The whole program reserves memory through these; the other forms of new and delete end up here.
+void* operator new(std::size_t bytes) {
+    return reservar(bytes, alignof(std::max_align_t));
+}
+void* operator new[](std::size_t bytes) {
+    return reservar(bytes, alignof(std::max_align_t));
+}
+void* operator new(std::size_t bytes, std::align_val_t alinhamento) {
+    return reservar(bytes, static_cast<std::size_t>(alinhamento));
+}
+void* operator new[](std::size_t bytes, std::align_val_t alinhamento) {
+    return reservar(bytes, static_cast<std::size_t>(alinhamento));
+}
+void operator delete(void* memoria) noexcept {
+    std::free(memoria);
+}
+void operator delete[](void* memoria) noexcept {
+    std::free(memoria);
+}
+void operator delete(void* memoria, std::size_t) noexcept {
+    std::free(memoria);
+}
+void operator delete[](void* memoria, std::size_t) noexcept {
+    std::free(memoria);
+}
+void operator delete(void* memoria, std::align_val_t) noexcept {
+    std::free(memoria);
+}
+void operator delete[](void* memoria, std::align_val_t) noexcept {
+    std::free(memoria);
+}
+void operator delete(void* memoria, std::size_t, std::align_val_t) noexcept {
+    std::free(memoria);
+}
+void operator delete[](void* memoria, std::size_t, std::align_val_t) noexcept {
+    std::free(memoria);
+}
+
+namespace quilatador {
+namespace {
+
+using Bancada = testes::BancadaDoPrograma;
+
+struct Arquivo {
+    const char* nome;
+    const char* log;
+    int situacao;
+};
+
+constexpr Arquivo arquivos[] = {{"/d/boa.rem", "/d/boa.log", 0},           {"/d/ruim.rem", "/d/ruim.log", 1},
+                                {"/d/cortada.rem", "/d/cortada.log", 1},   {"/d/impressao.ret", "/d/impressao.log", 1},
+                                {"/d/liquidacao", "/d/liquidacao.log", 0}, {"/d/nada", "/d/nadalog", 2}};
+
+/// The log of a run in a program just started.
+Texto logDe(const Arquivo& arquivo) {
+    Bancada bancada;
+    EXPECT_EQ(bancada.rodar({"-q", arquivo.nome}), arquivo.situacao) << arquivo.nome;
+    return bancada.arquivos.conteudo[arquivo.log];
+}
+
+/// Each reservation of a run fails once, the first thousand one by one and then ever more rarely.
+TEST(Resistencia, faltaDeMemoriaEmQualquerPonto) {
+    for (const Arquivo& arquivo : arquivos) {
+        const Texto inteiro = logDe(arquivo);
+        long pontos = 0;
+        bool tocada = true;
+        for (long ponto = 1; tocada; ponto += 1 + ponto / 1000, ++pontos) {
+            Bancada bancada;
+            const Maquina maquina = bancada.maquina();
+            std::vector<std::string> argumentos{"-q", arquivo.nome};
+            ateFalhar = ponto;
+            const int situacao = executar(std::move(argumentos), maquina);
+            tocada = ateFalhar.exchange(0) == 0;
+            const Texto log = bancada.arquivos.conteudo[arquivo.log];
+            const bool semEfeito = situacao == arquivo.situacao && log == inteiro;
+            const bool dito = log.find(memoriaInsuficiente) != Texto::npos || !bancada.erros.str().empty();
+            EXPECT_TRUE(semEfeito || (tocada && situacao == 2 && dito)) << arquivo.nome << " " << ponto << "\n" << log;
+            EXPECT_TRUE(bancada.arquivos.tudoFechado()) << arquivo.nome << " " << ponto;
+        }
+        EXPECT_GT(pontos, 100) << arquivo.nome;
+        RecordProperty(arquivo.log + 3, std::to_string(pontos));
+    }
+}
+
+/// Bytes that the process has in memory.
+std::size_t memoriaResidente() {
+    std::ifstream estado("/proc/self/statm");
+    std::size_t total = 0;
+    std::size_t paginas = 0;
+    estado >> total >> paginas;
+    return paginas * static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+}
+
+TEST(Resistencia, milExecucoesSemMemoriaAMaisNemRestoDasOutras) {
+    std::vector<Texto> esperados;
+    std::vector<std::string> todos{"-q"};
+    for (const Arquivo& arquivo : arquivos) {
+        esperados.push_back(logDe(arquivo));
+        todos.emplace_back(arquivo.nome);
+    }
+    Bancada bancada;
+    std::size_t depoisDeCem = 0;
+    for (std::size_t execucoes = 0; execucoes < 1002; execucoes += std::size(arquivos)) {
+        for (const Arquivo& arquivo : arquivos)
+            bancada.arquivos.conteudo.erase(arquivo.log);
+        EXPECT_EQ(bancada.rodar(todos), 2);
+        for (std::size_t i = 0; i < std::size(arquivos); ++i)
+            ASSERT_TRUE(bancada.arquivos.conteudo[arquivos[i].log] == esperados[i]) << arquivos[i].nome << execucoes;
+        if (execucoes == 102) depoisDeCem = memoriaResidente();
+    }
+    EXPECT_TRUE(bancada.arquivos.tudoFechado());
+#if !defined(__SANITIZE_ADDRESS__) // which keeps what is freed for a while
+    EXPECT_LT(memoriaResidente(), depoisDeCem + 1024 * 1024);
+#endif
+}
+
+} // namespace
+} // namespace quilatador
