@@ -12,8 +12,9 @@ namespace quilatador {
 
 namespace {
 
-/// More than any description of fixed-width records needs; a larger file is something else.
-constexpr std::uint64_t maiorDescricao = 16 * 1024 * 1024;
+/// More than any description of fixed-width records needs: a larger or deeper file is something else.
+constexpr std::uint64_t maiorDescricao = 1024 * 1024; // in bytes
+constexpr int maiorProfundidade = 16;
 
 Falha falhaDoLeiaute(VistaTexto descricao) {
     return {numeroDeFalha::geral, "ArquivoRemessaBD", junta("Leiaute inválido: "_t, descricao)};
@@ -76,6 +77,13 @@ CampoRemessa lerCampo(const Elemento& elemento, std::int16_t tamanhoDoRegistro) 
     return campo;
 }
 
+/// What a record can only be checked for with all its fields read.
+void conferirTipo(const RegistroRemessa& registro, VistaTexto onde) {
+    if (!registro.indiceDoCampo(registro.identificador()))
+        throw falhaDoLeiaute(
+            junta(onde, ", atributo \"Identificador\": não há o campo \""_t, registro.identificador(), "\""));
+}
+
 std::shared_ptr<RegistroRemessa> lerTipo(const Elemento& elemento) {
     auto registro = std::make_shared<RegistroRemessa>();
     registro->nome(elemento.texto("Nome"));
@@ -85,13 +93,30 @@ std::shared_ptr<RegistroRemessa> lerTipo(const Elemento& elemento) {
     for (const pugi::xml_node no : elemento.no.children()) {
         const Elemento campo = exigirElemento(no, junta(elemento.onde, ", Campo"));
         try {
-            registro->add(lerCampo(campo, registro->Tamanho()));
+            const CampoRemessa& lido = registro->add(lerCampo(campo, registro->Tamanho()));
+            if (lido.Fim() > registro->Tamanho()) throw falhaDoLeiaute(junta(campo.onde, ": passa do fim do registro"));
         } catch (const Falha& falha) {
             if (falha.fonte() == "ArquivoRemessaBD") throw;
             throw falhaDoLeiaute(junta(campo.onde, ": ", falha.descricao()));
         }
     }
+    conferirTipo(*registro, elemento.onde);
     return registro;
+}
+
+/// Refuses what a parser might act on or be exhausted by, though this one does neither: a description is data.
+void conferirDocumento(pugi::xml_document& documento) {
+    struct Inspetor : pugi::xml_tree_walker {
+        bool for_each(pugi::xml_node& no) override {
+            if (depth() > maiorProfundidade) throw falhaDoLeiaute("elementos em níveis demais"_t);
+            if (depth() > 0) return true;
+            if (no.type() == pugi::node_doctype) throw falhaDoLeiaute("DOCTYPE não é permitido"_t);
+            if (no.type() == pugi::node_element && ++raizes > 1) throw falhaDoLeiaute("há mais de uma raiz"_t);
+            return true;
+        }
+        int raizes = 0;
+    } inspetor;
+    documento.traverse(inspetor);
 }
 
 /// The second node of the document, where the root must stand.
@@ -118,7 +143,9 @@ std::unique_ptr<ArquivoRemessa> ArquivoRemessaBD::obterArquivoRemessa(const std:
     const auto lido = documento.load_buffer(conteudo.data(), conteudo.size(), opcoes);
     if (!lido) throw falhaDoLeiaute(junta("não é XML (byte "_t, std::to_string(lido.offset), ")"));
     auto arquivo = std::make_unique<ArquivoRemessa>(arquivos);
-    for (const pugi::xml_node no : obterRaiz(documento, painel).children())
+    const pugi::xml_node raiz = obterRaiz(documento, painel);
+    conferirDocumento(documento);
+    for (const pugi::xml_node no : raiz.children())
         arquivo->addTipoRegistro(lerTipo(exigirElemento(no, "Registro")));
     return arquivo;
 }

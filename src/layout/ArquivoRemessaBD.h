@@ -12,7 +12,8 @@ namespace quilatador {
 /// Loads a layout from its XML description: the declaration, then the root "ArquivoRemessa"; its children are the
 /// record types (attributes "Nome", "Tamanho", "Identificador"), theirs the fields in line order ("Nome", "Tipo",
 /// "Alinhamento", "Tamanho", "Formato", "Decimais", "Valor"; the third and the last may be missing). Nothing but
-/// elements may stand at these two levels.
+/// elements may stand at these two levels. The description is input like any other: at most 1 MiB and 16 levels, one
+/// root, no DOCTYPE, and so no entities but XML's own.
 class ArquivoRemessaBD {
   public:
     /// The layout; none, after a message box, where the file is missing. `Falha` where it is no XML, its root is

@@ -28,6 +28,13 @@ Texto trocar(Texto texto, VistaTexto de, VistaTexto para) {
     return texto.replace(texto.find(de), de.size(), para);
 }
 
+Texto niveis(int quantos, VistaTexto marca) {
+    Texto todos;
+    while (quantos-- > 0)
+        todos += marca;
+    return todos;
+}
+
 struct Carga {
     std::unique_ptr<ArquivoRemessa> leiaute;
     Texto falha;
@@ -57,7 +64,9 @@ TEST(ArquivoRemessaBD, registrosECamposNaOrdem) {
             <y Nome="Valor" Tipo="N" Alinhamento="1" Tamanho=" 15 posições" Formato="F" Decimais="2 casas"/>
             <z Nome="Largo" Tipo="R" Alinhamento="255" Tamanho="1.5" Formato="&quot;" Decimais="" Valor=""><w/></z>
           </Segmento>
-          <Registro Nome="B" Tamanho="32767" Identificador="Não há"/>
+          <Registro Nome="B" Tamanho="32767" Identificador="LARGO">
+            <Campo Nome="Largo" Tipo="X" Tamanho="32767" Formato="" Decimais="0"/>
+          </Registro>
         </ArquivoRemessa>)";
     const auto leiaute = carregar(mundo).leiaute;
     ASSERT_TRUE(leiaute);
@@ -74,7 +83,8 @@ TEST(ArquivoRemessaBD, registrosECamposNaOrdem) {
                          "  Tipo S0 1-1  0 [A]\n"
                          "  Valor N1 2-16 F 2 nulo\n"
                          "  Largo R255 17-18 \" 0 []\n"
-                         "B 32767 Não há\n"_t);
+                         "B 32767 LARGO\n"
+                         "  Largo X0 1-32767  0 nulo\n"_t);
     EXPECT_TRUE(mundo.arquivos.tudoFechado());
     EXPECT_TRUE(mundo.painel.chamadas.empty());
 }
@@ -167,16 +177,22 @@ TEST(ArquivoRemessaBD, falhaDizOndeADescricaoNaoServe) {
         {boa, declaracao, "não é XML (byte 38)"_t},
         {boa, "", "não é XML (byte 0)"_t},
         {"</Registro>", "", "não é XML (byte 290)"_t},
-        {boa, declaracao + Texto(16 * 1024 * 1024, ' '), "arquivo grande demais"},
+        {boa, declaracao + Texto(1024 * 1024, ' '), "arquivo grande demais"},
+        {"</ArquivoRemessa>", "</ArquivoRemessa><ArquivoRemessa/>", "há mais de uma raiz"_t},
+        {"</ArquivoRemessa>", "</ArquivoRemessa><!DOCTYPE a>", "DOCTYPE não é permitido"_t},
+        {declaracao, R"(<!DOCTYPE a [<!ENTITY e SYSTEM "file:///etc/passwd">]>)", "DOCTYPE não é permitido"_t},
+        {"/>\n  </R", junta(">", niveis(15, "<a>"), niveis(15, "</a>"), "</Campo></R"), "elementos em níveis demais"_t},
+        {"\"Tipo\"", "\"Tipos\"", "Registro \"A\", atributo \"Identificador\": não há o campo \"Tipos\""_t},
+        {"\"8\"", "\"9\"", "Registro \"A\", Campo \"Data\": passa do fim do registro"},
     };
     for (const auto& [de, para, esperada] : casos)
         EXPECT_EQ(carregar(trocar(boa, de, para)).falha, junta("1 ArquivoRemessaBD: Leiaute inválido: "_t, esperada));
     EXPECT_EQ(carregar(trocar(boa, "</Arq", registro + "</Arq")).falha,
               "457 ArquivoRemessa: Registro em duplicidade: A");
-    Texto funda = declaracao;
-    for (int nivel = 0; nivel < 200'000; ++nivel)
-        funda += "<a>";
-    EXPECT_TRUE(carregar(funda).falha.starts_with("1 ArquivoRemessaBD: Leiaute inválido: não é XML"_t));
+    EXPECT_EQ(
+        carregar(trocar(boa, "/>\n  </R", junta(">", niveis(14, "<a>"), niveis(14, "</a>"), "</Campo></R"))).falha, "");
+    EXPECT_TRUE(carregar(declaracao + niveis(300'000, "<a>"))
+                    .falha.starts_with("1 ArquivoRemessaBD: Leiaute inválido: não é XML"_t));
 }
 
 /// A description changed at random is loaded or refused; a loaded one reads any line or refuses it.

@@ -33,7 +33,9 @@ std::string preencher(std::string_view modelo) {
     <Campo Nome="Data" Tipo="D" Tamanho="8" Formato="AAAAMMDD" Decimais="0"/>
     <Campo Nome="Sequencial" Tipo="R" Tamanho="5" Formato="" Decimais="0"/>
   </Registro>
-  <Registro Nome="B" Tamanho="1" Identificador="Tipo"/>
+  <Registro Nome="B" Tamanho="1" Identificador="Tipo">
+    <Campo Nome="Tipo" Tipo="S" Tamanho="1" Formato="" Decimais="0" Valor="B"/>
+  </Registro>
 </ArquivoRemessa>)";
     testes::ArquivosEmMemoria arquivos;
     testes::PainelFalso painel;
@@ -59,8 +61,8 @@ TEST(Leiautes, cadaLugarViraATabelaDoRegistro) {
                ate + "</td><td class=\"n\">" + tamanho + "</td>" + resto + "</tr>\n";
     };
     EXPECT_EQ(preencher("<p>é</p><!-- registro B -->|<!-- registro A -->."),
-              "<p>é</p>" + cabecalho + "</tbody>\n</table>|" + cabecalho +
-                  linha("Tipo", "1", "1", "1", "<td>Texto</td><td>&lt;</td>") +
+              "<p>é</p>" + cabecalho + linha("Tipo", "1", "1", "1", "<td>Texto</td><td>B</td>") +
+                  "</tbody>\n</table>|" + cabecalho + linha("Tipo", "1", "1", "1", "<td>Texto</td><td>&lt;</td>") +
                   linha("Valor", "2", "4", "3", "<td>Número, 2 decimais</td><td></td>") +
                   linha("N&amp;o", "5", "6", "2", "<td>Número</td><td></td>") +
                   linha("Data", "7", "14", "8", "<td>Data AAAAMMDD</td><td></td>") +

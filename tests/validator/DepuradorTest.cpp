@@ -252,7 +252,7 @@ TEST(Depurador, arquivoAlteradoDuranteAAnaliseNaoTemConclusao) {
         for (const int fase : {1, 2}) {
             Bancada bancada(original);
             bancada.mundo.painel.naLinha(
-                20, [&] { bancada.mundo.arquivos.conteudo[bancada.entrada] = alterado; }, fase);
+                20, [&, &outro = alterado] { bancada.mundo.arquivos.conteudo[bancada.entrada] = outro; }, fase);
             const Resumo resumo = bancada.depurar();
             EXPECT_EQ(resumo.desfecho, Desfecho::NaoRodou) << nome << fase;
             EXPECT_EQ(resumo.descricao, arquivoAlterado);
