@@ -77,7 +77,7 @@ TEST(Leiautes, modeloDeOutroLeiauteFalha) {
         {"<!-- registro A", "1 gerarLeiautes: O modelo tem um lugar sem fim"},
     };
     for (const auto& [modelo, falha] : casos)
-        EXPECT_EQ(testes::textoDaFalha([&] { return preencher(modelo); }), falha) << modelo;
+        EXPECT_EQ(testes::textoDaFalha([&, &texto = modelo] { return preencher(texto); }), falha) << modelo;
 }
 
 /// One row a finding, and its message in it: the user finds in the help whatever the log says.
