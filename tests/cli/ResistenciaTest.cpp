@@ -12,21 +12,39 @@ namespace {
 /// Reservations until the one that fails; none does while it is 0.
 std::atomic<long> ateFalhar = 0;
 
-void* reservar(std::size_t bytes, std::size_t alinhamento) {
-    if (ateFalhar > 0 && --ateFalhar == 0) throw std::bad_alloc();
-    void* const memoria = std::aligned_alloc(alinhamento, (bytes / alinhamento + 1) * alinhamento);
+void* reservarOuNada(std::size_t bytes, std::size_t alinhamento = alignof(std::max_align_t)) noexcept {
+    if (ateFalhar > 0 && --ateFalhar == 0) return nullptr;
+    return std::aligned_alloc(alinhamento, (bytes / alinhamento + 1) * alinhamento);
+}
+
+void* reservar(std::size_t bytes, std::size_t alinhamento = alignof(std::max_align_t)) {
+    void* const memoria = reservarOuNada(bytes, alinhamento);
     if (memoria == nullptr) throw std::bad_alloc();
     return memoria;
+}
+
+/// Out of line, where the compiler does not take free for the wrong partner of new.
+#if defined(__GNUC__)
+[[gnu::noinline]]
+#endif
+void devolver(void* memoria) noexcept {
+    std::free(memoria);
 }
 
 } // namespace
 
 // The whole program reserves memory through these; the other forms of new and delete end up here.
 void* operator new(std::size_t bytes) {
-    return reservar(bytes, alignof(std::max_align_t));
+    return reservar(bytes);
 }
 void* operator new[](std::size_t bytes) {
-    return reservar(bytes, alignof(std::max_align_t));
+    return reservar(bytes);
+}
+void* operator new(std::size_t bytes, const std::nothrow_t&) noexcept {
+    return reservarOuNada(bytes);
+}
+void* operator new[](std::size_t bytes, const std::nothrow_t&) noexcept {
+    return reservarOuNada(bytes);
 }
 void* operator new(std::size_t bytes, std::align_val_t alinhamento) {
     return reservar(bytes, static_cast<std::size_t>(alinhamento));
@@ -35,28 +53,28 @@ void* operator new[](std::size_t bytes, std::align_val_t alinhamento) {
     return reservar(bytes, static_cast<std::size_t>(alinhamento));
 }
 void operator delete(void* memoria) noexcept {
-    std::free(memoria);
+    devolver(memoria);
 }
 void operator delete[](void* memoria) noexcept {
-    std::free(memoria);
+    devolver(memoria);
 }
 void operator delete(void* memoria, std::size_t) noexcept {
-    std::free(memoria);
+    devolver(memoria);
 }
 void operator delete[](void* memoria, std::size_t) noexcept {
-    std::free(memoria);
+    devolver(memoria);
 }
 void operator delete(void* memoria, std::align_val_t) noexcept {
-    std::free(memoria);
+    devolver(memoria);
 }
 void operator delete[](void* memoria, std::align_val_t) noexcept {
-    std::free(memoria);
+    devolver(memoria);
 }
 void operator delete(void* memoria, std::size_t, std::align_val_t) noexcept {
-    std::free(memoria);
+    devolver(memoria);
 }
 void operator delete[](void* memoria, std::size_t, std::align_val_t) noexcept {
-    std::free(memoria);
+    devolver(memoria);
 }
 
 namespace quilatador {
@@ -122,7 +140,7 @@ TEST(Resistencia, milExecucoesSemMemoriaAMaisNemRestoDasOutras) {
         todos.emplace_back(arquivo.nome);
     }
     Bancada bancada;
-    std::size_t depoisDeCem = 0;
+    [[maybe_unused]] std::size_t depoisDeCem = 0;
     for (std::size_t execucoes = 0; execucoes < 1002; execucoes += std::size(arquivos)) {
         for (const Arquivo& arquivo : arquivos)
             bancada.arquivos.conteudo.erase(arquivo.log);

@@ -96,15 +96,29 @@ TEST(CodigoDeBarras, digitoGeralPelaMoeda) {
     }
 }
 
+/// Slip by slip: an expression for the whole of a long file would need more stack than some systems have.
+bool ordemCerta(const Texto& letras) {
+    const std::regex convenente("ABCDEFG+H?I?J?K+L+");
+    const std::regex guia("STUVWX{0,3}Y{1,4}");
+    const std::regex ultimaGuia("STUVWX{0,3}Y{1,4}Z");
+    std::size_t inicio = letras.find('S');
+    bool certa = std::regex_match(letras.substr(0, inicio), convenente);
+    while (certa && inicio != Texto::npos) {
+        const std::size_t fim = letras.find('S', inicio + 1);
+        certa = std::regex_match(letras.substr(inicio, fim - inicio), fim == Texto::npos ? ultimaGuia : guia);
+        inicio = fim;
+    }
+    return certa;
+}
+
 TEST(Gerador, numeroExatoDeRegistrosNaOrdemCerta) {
-    const std::regex ordem("ABCDEFG+H?I?J?K+L+(STUVWX{0,3}Y{1,4})+Z");
     std::vector<std::uint32_t> tamanhos{100, 999, 1000, 12345};
     for (std::uint32_t n = menorRemessa; n <= 60; ++n)
         tamanhos.push_back(n);
     for (const std::uint32_t n : tamanhos) {
         const std::vector<Texto> registros = linhas(gerado({.semente = n, .registros = n}));
         EXPECT_EQ(registros.size(), n);
-        EXPECT_TRUE(std::regex_match(letras(registros), ordem)) << letras(registros);
+        EXPECT_TRUE(ordemCerta(letras(registros))) << letras(registros);
         EXPECT_EQ(lido(registros.back(), campo('Z', "TotalRegistros")), comZeros(n, 6));
         for (std::size_t i = 0; i < registros.size(); ++i)
             EXPECT_EQ(lido(registros[i], campo("Sequencial")), comZeros(static_cast<long long>(i + 1), 6));
