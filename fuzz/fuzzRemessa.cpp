@@ -3,7 +3,6 @@
 #include "layout/ArquivoRemessaBD.h"
 
 #include <algorithm>
-#include <cstring>
 #include <random>
 
 using namespace quilatador;
@@ -61,7 +60,7 @@ extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* dados, std::size_t 
     if (doRegistro.empty()) return LLVMFuzzerMutate(dados, tamanho, maior);
     const Lugar& lugar = doRegistro[sorteio() % doRegistro.size()];
     const Texto novo = conteudo(sorteio, lugar.tamanho);
-    std::memcpy(registro + lugar.inicio, novo.data(), novo.size());
+    std::ranges::copy(novo, registro + lugar.inicio);
     return tamanho;
 }
 

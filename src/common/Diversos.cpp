@@ -30,7 +30,7 @@ constexpr std::array substituicoes{
     Faixa{241, 241, 'N'}, Faixa{242, 246, 'O'}, Faixa{247, 247, '.'}, Faixa{249, 253, 'U'}, Faixa{254, 254, '.'},
     Faixa{255, 255, 'U'}};
 
-constexpr std::array<char, 256> tabelaSimples = [] {
+constexpr std::array<char, 256> tabelaSimples = []() {
     std::array<char, 256> tabela{};
     for (std::size_t i = 0; i < tabela.size(); ++i)
         tabela[i] = static_cast<char>(i);

@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <limits>
+#include <new>
 #include <pugixml.hpp>
 #include <vector>
 
@@ -141,6 +142,7 @@ std::unique_ptr<ArquivoRemessa> ArquivoRemessaBD::obterArquivoRemessa(const std:
     constexpr unsigned opcoes =
         pugi::parse_default | pugi::parse_declaration | pugi::parse_comments | pugi::parse_pi | pugi::parse_doctype;
     const auto lido = documento.load_buffer(conteudo.data(), conteudo.size(), opcoes);
+    if (lido.status == pugi::status_out_of_memory) throw std::bad_alloc();
     if (!lido) throw falhaDoLeiaute(junta("não é XML (byte "_t, std::to_string(lido.offset), ")"));
     auto arquivo = std::make_unique<ArquivoRemessa>(arquivos);
     const pugi::xml_node raiz = obterRaiz(documento, painel);

@@ -70,7 +70,7 @@ Falha falhaDeTransferencia(int erro) {
 
 bool nomePossivel(const std::filesystem::path& caminho) noexcept {
     const auto& nome = caminho.native();
-    return !nome.empty() && nome.find(std::filesystem::path::value_type{}) == nome.npos;
+    return !nome.empty() && nome.find(std::filesystem::path::value_type{}) == std::filesystem::path::string_type::npos;
 }
 
 } // namespace quilatador

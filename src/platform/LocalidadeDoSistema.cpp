@@ -14,10 +14,10 @@ constexpr std::array<VistaTexto, 12> mesesBrasileiros{"janeiro",  "fevereiro", "
 /// languages is the wide one there.
 std::optional<Texto> representavel(std::string utf8) {
     constexpr std::string_view estreito = "\u202F";
-    for (auto posicao = utf8.find(estreito); posicao != utf8.npos; posicao = utf8.find(estreito))
+    for (auto posicao = utf8.find(estreito); posicao != std::string::npos; posicao = utf8.find(estreito))
         utf8.replace(posicao, estreito.size(), "\u00A0");
     Texto texto = textoDeUtf8(utf8);
-    if (texto.find('?') != texto.npos) return std::nullopt;
+    if (texto.find('?') != Texto::npos) return std::nullopt;
     return texto;
 }
 

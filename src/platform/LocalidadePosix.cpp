@@ -2,7 +2,7 @@
 
 #include <cstdlib>
 #include <langinfo.h>
-#include <locale.h>
+#include <locale.h> // NOLINT(modernize-deprecated-headers): newlocale is of POSIX, not of C++
 
 namespace quilatador {
 

@@ -281,28 +281,36 @@ class Motor {
     std::unique_ptr<sqlite3, Fecha<sqlite3_close>> sqlite_;
 };
 
+/// The engine failed for want of memory: there is nothing else in its way.
+void exigirRecursos(bool teve) {
+    if (!teve) throw falha(falhaDoBanco::motor, "Recursos do sistema excedidos");
+}
+
 Motor::Motor() {
     sqlite3* aberto = nullptr;
     constexpr int opcoes = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_MEMORY | SQLITE_OPEN_NOMUTEX;
     const int situacao = sqlite3_open_v2(":memory:", &aberto, opcoes, nullptr);
     sqlite_.reset(aberto);
-    if (situacao != SQLITE_OK) throw falha(falhaDoBanco::motor, "Recursos do sistema excedidos");
+    exigirRecursos(situacao == SQLITE_OK);
 }
 
 void darCampo(sqlite3_stmt* comando, int parametro, const Campo& campo) {
+    int situacao = SQLITE_OK;
     if (const auto* inteiro = std::get_if<std::int64_t>(&campo)) {
-        sqlite3_bind_int64(comando, parametro, *inteiro);
+        situacao = sqlite3_bind_int64(comando, parametro, *inteiro);
     } else if (const auto* duplo = std::get_if<double>(&campo)) {
-        sqlite3_bind_double(comando, parametro, *duplo);
+        situacao = sqlite3_bind_double(comando, parametro, *duplo);
     } else if (const auto* texto = std::get_if<std::string>(&campo)) {
-        sqlite3_bind_text(comando, parametro, texto->data(), static_cast<int>(texto->size()), SQLITE_TRANSIENT);
+        const int bytes = static_cast<int>(texto->size());
+        situacao = sqlite3_bind_text(comando, parametro, texto->data(), bytes, SQLITE_TRANSIENT);
     } else {
-        sqlite3_bind_null(comando, parametro);
+        situacao = sqlite3_bind_null(comando, parametro);
     }
+    exigirRecursos(situacao == SQLITE_OK);
 }
 
 void executar(sqlite3_stmt* comando) {
-    if (sqlite3_step(comando) != SQLITE_DONE) throw falha(falhaDoBanco::motor, "Recursos do sistema excedidos");
+    exigirRecursos(sqlite3_step(comando) == SQLITE_DONE);
     sqlite3_reset(comando);
 }
 
@@ -328,11 +336,11 @@ std::optional<Texto> Motor::consultar(VistaTexto sql, int coluna) const {
     const Comando consulta = preparar(sql);
     const int situacao = sqlite3_step(consulta.get());
     if (situacao == SQLITE_DONE) return std::nullopt;
-    if (situacao != SQLITE_ROW) throw falha(falhaDoBanco::motor, "Recursos do sistema excedidos");
+    exigirRecursos(situacao == SQLITE_ROW);
+    if (sqlite3_column_type(consulta.get(), coluna) == SQLITE_NULL) return Texto();
     const auto* const valor = reinterpret_cast<const char*>(sqlite3_column_text(consulta.get(), coluna));
-    return valor == nullptr
-               ? Texto()
-               : textoDeUtf8({valor, static_cast<std::size_t>(sqlite3_column_bytes(consulta.get(), coluna))});
+    exigirRecursos(valor != nullptr);
+    return textoDeUtf8({valor, static_cast<std::size_t>(sqlite3_column_bytes(consulta.get(), coluna))});
 }
 
 /// One whole statement: whatever is behind its end makes it wrong too.
@@ -343,6 +351,7 @@ Comando Motor::preparar(VistaTexto sql) const {
     const int situacao =
         sqlite3_prepare_v2(sqlite_.get(), utf8.data(), static_cast<int>(utf8.size()), &comando, &resto);
     Comando preparado(comando);
+    exigirRecursos(situacao != SQLITE_NOMEM);
     if (situacao != SQLITE_OK || !preparado || resto != utf8.data() + utf8.size())
         throw falha(falhaDoBanco::consultaRecusada, junta("Erro de sintaxe na consulta: ", sql));
     return preparado;

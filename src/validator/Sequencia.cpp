@@ -53,6 +53,7 @@ constexpr PorLetra definicaoPorLetra = porLetra(exigenciasDaDefinicao);
 constexpr PorLetra guiaPorLetra = porLetra(exigenciasDaGuia);
 
 const Exigencia* exigenciaDe(const PorLetra& tabela, char letra) {
+    // cppcheck-suppress CastIntegerToAddressAtReturn ; the table holds pointers
     return tabela[static_cast<unsigned char>(letra)];
 }
 

@@ -7,9 +7,15 @@
 namespace quilatador {
 namespace {
 
-using gerador::Tipo;
 using Bancada = testes::BancadaDoPrograma;
 using testes::remessa;
+
+Texto primeirasLinhas(const Texto& texto, int quantas) {
+    std::size_t fim = 0;
+    while (quantas-- > 0)
+        fim = texto.find('\n', fim) + 1;
+    return texto.substr(0, fim);
+}
 
 TEST(Programa, situacaoEOQueEscreve) {
     const std::tuple<std::vector<std::string>, int, std::string, std::string> casos[] = {
@@ -26,6 +32,8 @@ TEST(Programa, situacaoEOQueEscreve) {
          ""},
         {{"/d/impressao.ret"}, 1, "/d/impressao.ret: 7 registros com ocorrência\n  log: /d/impressao.log\n", ""},
         {{"/d/liquidacao"}, 0, "/d/liquidacao: 5 registros lidos\n  log: /d/liquidacao.log\n", ""},
+        {{"/d/abertura"}, 0, "/d/abertura: 1 registro lido\n  log: /d/abertura.log\n", ""},
+        {{"/d/ocorrencia"}, 1, "/d/ocorrencia: 1 registro com ocorrência\n  log: /d/ocorrencia.log\n", ""},
         {{"-q", "--tipo", "ZUL708", "/d/boa.rem"}, 1, "", ""},
         {{"-q", "--tipo", "ZUL702", "/d/liquidacao"}, 1, "", ""},
         {{"-q", "--tipo", "TAV001", "/d/boa.rem"}, 1, "", ""},
@@ -69,6 +77,8 @@ TEST(Programa, situacaoEOQueEscreve) {
     };
     for (const auto& [argumentos, situacao, saida, erros] : casos) {
         Bancada bancada;
+        bancada.arquivos.conteudo["/d/abertura"] = primeirasLinhas(bancada.arquivos.conteudo["/d/liquidacao"], 1);
+        bancada.arquivos.conteudo["/d/ocorrencia"] = primeirasLinhas(bancada.arquivos.conteudo["/d/impressao.ret"], 10);
         EXPECT_EQ(bancada.rodar(argumentos), situacao) << saida;
         EXPECT_EQ(bancada.saida.str(), saida);
         EXPECT_EQ(bancada.erros.str(), erros);

@@ -101,6 +101,9 @@ TEST(Valor, conversaoImpossivel) {
         EXPECT_EQ(testes::numeroDaFalha([&] { return caso.valor.paraLongo(); }), caso.longo);
         EXPECT_EQ(testes::numeroDaFalha([&] { return caso.valor.paraInteiro(); }), caso.inteiro);
     }
+    EXPECT_EQ(testes::textoDaFalha([] { return Valor("x").paraDuplo(); }), "13 Valor: Tipos incompatíveis"_t);
+    EXPECT_EQ(testes::textoDaFalha([] { return Valor(Valor::Nulo()).paraDuplo(); }),
+              "94 Valor: Uso de Null inválido"_t);
 }
 
 } // namespace

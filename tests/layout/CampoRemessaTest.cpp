@@ -34,7 +34,7 @@ Texto descrever(const Valor& valor) {
 /// What a field makes of a text: its value, or the failure, which must leave the value that was there.
 Texto lido(const Definicao& definicao, VistaTexto texto) {
     CampoRemessa lendo = campo("X", definicao, "anterior");
-    const Texto falha = textoDaFalha([&] { lendo.lerTexto(texto, anoCorrente); });
+    Texto falha = textoDaFalha([&] { lendo.lerTexto(texto, anoCorrente); });
     if (falha.empty()) return descrever(lendo.Valor());
     EXPECT_EQ(lendo.Valor(), Valor("anterior"));
     return falha;

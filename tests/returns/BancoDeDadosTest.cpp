@@ -167,6 +167,9 @@ TEST(BancoDeDados, senha) {
             EXPECT_EQ(testes::numeroDaFalha([&] { return abrirBanco(bytes, caso.conexao).consultas(); }), caso.falha)
                 << caso.noArquivo << caso.conexao;
         }
+    BancoJet tabelas = tabelasDeCodigos();
+    tabelas.senha = "outra";
+    EXPECT_EQ(falhaAoAbrir(escreverJet(tabelas)), "3031 BancoDeDados: Senha inválida"_t);
 }
 
 TEST(BancoDeDados, bancoQueNaoSeAbre) {
@@ -185,6 +188,7 @@ TEST(BancoDeDados, bancoQueNaoSeAbre) {
         {"", naoReconhecido},
         {Texto(bom, 0, 100), naoReconhecido},
         {Texto(8192, 'x'), naoReconhecido},
+        {Texto((std::size_t{64} << 20) + 1, 'x'), "3024 BancoDeDados: O arquivo é grande demais"_t},
         {outraVersao(), naoReconhecido},
         {Texto(bom, 0, bom.size() - 1), danificado},
         {Texto(bom, 0, bom.size() / 2), danificado},

@@ -91,7 +91,7 @@ class Remessa {
         for (const auto& [operacao, alvo] : variacao.linhas)
             mudarLinhas(operacao, alvo);
         for (std::size_t i = 0; i < linhas_.size(); ++i) {
-            linhas_[i].replace(234, 6, comZeros(static_cast<long long>(i + 1), linhas_[i].size() - 234));
+            linhas_[i].replace(234, 6, comZeros(static_cast<long long>(i) + 1, linhas_[i].size() - 234));
             linhas_[i].replace(1, variacao.convenio.size(), variacao.convenio);
         }
         for (const Troca& troca : variacao.trocas)

@@ -255,7 +255,7 @@ TEST(Depurador, arquivoAlteradoDuranteAAnaliseNaoTemConclusao) {
                 20, [&, &outro = alterado] { bancada.mundo.arquivos.conteudo[bancada.entrada] = outro; }, fase);
             const Resumo resumo = bancada.depurar();
             EXPECT_EQ(resumo.desfecho, Desfecho::NaoRodou) << nome << fase;
-            EXPECT_EQ(resumo.descricao, arquivoAlterado);
+            EXPECT_EQ(resumo.descricao, "O arquivo foi alterado durante a análise!"_t);
             const Texto log = bancada.mundo.arquivos.conteudo["/d/remessa.log"];
             EXPECT_TRUE(log.ends_with(junta(arquivoAlterado, "\r\n", fim))) << nome << fase;
             EXPECT_EQ(log.find("Erros encontrados"), Texto::npos);

@@ -11,8 +11,8 @@ constexpr int algarismosVisiveis = 7;
 constexpr int folga = 2; ///< blanks on each side of the box
 } // namespace
 
-OpcaoComCaixa::OpcaoComCaixa(const QString& antes, CaixaDeNumero* caixa, const QString& depois, QWidget* dono)
-    : QRadioButton(dono), antes_(antes), depois_(depois), caixa_(caixa) {
+OpcaoComCaixa::OpcaoComCaixa(QString antes, CaixaDeNumero* caixa, QString depois, QWidget* dono)
+    : QRadioButton(dono), antes_(std::move(antes)), depois_(std::move(depois)), caixa_(caixa) {
     caixa_->setParent(this);
     abrirEspaco();
 }

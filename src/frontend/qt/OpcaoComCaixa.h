@@ -12,7 +12,7 @@ class OpcaoComCaixa final : public QRadioButton {
 
   public:
     /// The caption is `antes`, the gap and `depois`.
-    OpcaoComCaixa(const QString& antes, CaixaDeNumero* caixa, const QString& depois, QWidget* dono = nullptr);
+    OpcaoComCaixa(QString antes, CaixaDeNumero* caixa, QString depois, QWidget* dono = nullptr);
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }

@@ -1,0 +1,73 @@
+#!/usr/bin/env bash
+# Watches what the tests alone do not see, one job after the other or those that are named:
+#
+#   tools/vigiar.sh [sanitizadores|analise|fuzz|cobertura]...
+#
+#   sanitizadores  every test, the window's too, under the address and undefined-behaviour sanitizers
+#   analise        clang-tidy and cppcheck over every source
+#   fuzz           every fuzz target for a short time (FUZZ_SECONDS, 30)
+#   cobertura      the branch coverage of the core
+set -euo pipefail
+source "$(dirname "${BASH_SOURCE[0]}")/preparar.sh"
+
+pacotes_da_vigia=(clang libclang-rt-14-dev clang-tidy cppcheck llvm-14)
+export QT_QPA_PLATFORM=offscreen
+
+# Runs the tests of a preset; only their end is shown, or all where one fails.
+testar() {
+    local registro=$raiz/build/$1/testes.txt
+    ctest --preset "$1" --output-log "$registro" >/dev/null 2>&1 || { cat "$registro"; return 1; }
+    grep -E 'tests passed|no finding' "$registro"
+}
+
+sanitizadores() {
+    construir asan -DQUILATADOR_TESTS=ON
+    testar asan
+}
+
+# Sources are analysed as the tested build compiles them.
+analise() {
+    construir release -DQUILATADOR_TESTS=ON
+    local achados
+    achados=$(cppcheck --project=build/release/compile_commands.json -j "$(nproc)" --quiet --inline-suppr \
+        --enable=warning,performance,portability --library=googletest --library=qt --library=posix \
+        --suppress='*:*_autogen*' 2>&1)
+    # The sources in turn are shared out among the processors, the slowest to analyse being no longer than a minute.
+    achados+=$(run-clang-tidy -quiet -p build/release "^$raiz/(src|tools|tests|fuzz)/" 2>&1 |
+        grep -E '(warning|error): ' | grep -v "'expr-type'" || true)
+    if [[ -n $achados ]]; then
+        sort -u <<<"$achados"
+        return 1
+    fi
+    echo "clang-tidy and cppcheck: no finding"
+}
+
+fuzz() {
+    construir fuzz -DQUILATADOR_FUZZ_SECONDS="${FUZZ_SECONDS:-30}"
+    testar fuzz
+}
+
+cobertura() {
+    construir coverage -DQUILATADOR_TESTS=ON
+    rm -rf build/coverage/perfis
+    testar coverage
+    llvm-profdata-14 merge -sparse -o build/coverage/perfil build/coverage/perfis/*.profraw
+    local programas=() programa
+    for programa in build/coverage/bin/*_test build/coverage/bin/quilatador-cli; do programas+=(-object "$programa"); done
+    llvm-cov-14 report "${programas[@]:1}" -instr-profile=build/coverage/perfil -show-branch-summary \
+        -show-region-summary=false src/common src/layout src/returns src/validator >build/coverage/cobertura.txt
+    echo "Branches of the core that tests take: $(awk 'END { print $NF }' build/coverage/cobertura.txt)"
+}
+
+trabalhos=("$@")
+((${#trabalhos[@]})) || trabalhos=(sanitizadores analise fuzz cobertura)
+instalar "${pacotes_da_compilacao[@]}" "${pacotes_da_janela[@]}" "${pacotes_dos_testes[@]}" "${pacotes_da_vigia[@]}"
+cd "$raiz"
+for trabalho in "${trabalhos[@]}"; do
+    case $trabalho in
+    sanitizadores | analise | fuzz | cobertura) ;;
+    *) avisar "Não há o trabalho \"$trabalho\"." && exit 2 ;;
+    esac
+    avisar "$trabalho..."
+    "$trabalho"
+done
