@@ -6,7 +6,10 @@
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
+#include <functional>
 #include <poll.h>
+#include <sched.h>
+#include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -48,6 +51,7 @@ class PontaAPonta : public testing::Test {
         const std::string erros = (pasta / "erros").string();
         filho_ = ::fork();
         if (filho_ != 0) return;
+        if (noFilho) noFilho();
         if (saida < 0) saida = ::open(saidaPadrao.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
         ::dup2(saida, STDOUT_FILENO);
         ::dup2(::open(erros.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), STDERR_FILENO);
@@ -75,6 +79,7 @@ class PontaAPonta : public testing::Test {
     [[nodiscard]] std::filesystem::path log() const { return pasta / "log"; }
 
     testes::PastaTemporaria pasta;
+    std::function<void()> noFilho; ///< done in the new process before the program starts
 
   private:
     pid_t filho_ = -1;
@@ -158,6 +163,99 @@ TEST_F(PontaAPonta, discoCheioNuncaSeCala) {
     }
 }
 
+/// A remittance with a finding in each record, so that its log is long.
+Texto remessaRuim(std::uint32_t registros) {
+    Texto arquivo = remessa({.registros = registros});
+    for (std::size_t i = 220; i < arquivo.size(); i += testes::bytesDaLinha)
+        arquivo[i] = "ç"_t[0];
+    return arquivo;
+}
+
+TEST_F(PontaAPonta, limiteDeTamanhoNuncaSeCala) {
+    const auto entrada = pasta.escrever("remessa.rem", remessaRuim(20'000));
+    EXPECT_EQ(rodar(entrada).situacao, 1);
+    const Texto inteiro = lerTudo(log());
+    constexpr std::size_t limite = 64 * 1024;
+    noFilho = [] {
+        const rlimit tamanho{limite, limite};
+        ::setrlimit(RLIMIT_FSIZE, &tamanho);
+    };
+    const Fim resultado = rodar(entrada);
+    EXPECT_EQ(resultado.situacao, 2);
+    EXPECT_EQ(resultado.erros, "Erro na gravação do arquivo de log: " + log().string() + " (Disco cheio)\n");
+    EXPECT_EQ(lerTudo(log()), inteiro.substr(0, limite)); // nothing of it claims success
+}
+
+/// A disk of its own for the program, where the system lets one be made.
+TEST_F(PontaAPonta, discoPequenoOuSoDeLeitura) {
+    const auto entrada = pasta.escrever("remessa.rem", remessaRuim(20'000)).string();
+    const auto disco = pasta / "disco";
+    std::filesystem::create_directory(disco);
+    const std::string relatorio = (disco / "log").string();
+    constexpr int semDisco = 77;
+    const std::pair<unsigned long, std::string> casos[] = {
+        {0, "Erro na gravação do arquivo de log: " + relatorio + " (Disco cheio)\n"},
+        {MS_RDONLY, "Erro na criacao do arquivo de log: " + relatorio + "\n"}};
+    for (const auto& [modo, erro] : casos) {
+        noFilho = [&, &opcoes = modo] {
+            const bool feito = ::unshare(::geteuid() == 0 ? CLONE_NEWNS : CLONE_NEWNS | CLONE_NEWUSER) == 0 &&
+                               ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+                               ::mount("none", disco.c_str(), "tmpfs", opcoes, "size=64k") == 0;
+            if (!feito) ::_exit(semDisco);
+        };
+        iniciar({"-q", "--log", relatorio, entrada});
+        const Fim resultado = esperar();
+        if (resultado.situacao == semDisco) GTEST_SKIP() << "no disk can be made here";
+        EXPECT_EQ(resultado.situacao, 2);
+        EXPECT_EQ(resultado.erros, erro);
+    }
+}
+
+TEST_F(PontaAPonta, nomesDificeis) {
+    const std::pair<std::string, std::string> casos[] = {{"a\nb.rem", "a\\x0Ab.rem"},
+                                                         {"'\"$(x);`y`.rem", "'\"$(x);`y`.rem"},
+                                                         {"-q", "-q"},
+                                                         {"\x1B[2J\x7F", "\\x1B[2J\\x7F"},
+                                                         {std::string(250, 'n'), std::string(250, 'n')}};
+    for (const auto& [nome, mostrado] : casos) {
+        const Fim resultado = rodar(pasta.escrever(nome, remessa()));
+        EXPECT_EQ(resultado.situacao, 0) << nome;
+        EXPECT_EQ(resultado.saida,
+                  (pasta / mostrado).string() + ": 0 erros; 1 guia lida\n  log: " + log().string() + "\n");
+        EXPECT_TRUE(lerTudo(log()).starts_with(junta("LOG DE DEPURAÇÃO DO ARQUIVO "_t, (pasta / nome).string(), " ")));
+    }
+    for (const std::size_t tamanho : {256u, 4096u, 100'000u}) {
+        const Fim resultado = rodar(pasta / std::string(tamanho, 'n'));
+        EXPECT_EQ(resultado.situacao, 2);
+        EXPECT_TRUE(resultado.saida.find("não foi possível analisar: Nome de arquivo inválido") != std::string::npos);
+        EXPECT_TRUE(lerTudo(log()).ends_with(fim));
+    }
+}
+
+TEST_F(PontaAPonta, logNuncaCaiSobreOPrograma) {
+    const auto entrada = pasta.escrever("remessa.rem", remessa());
+    const auto programa = pasta / "programa";
+    std::filesystem::create_directory(programa);
+    const char* const arquivos[] = {"Arquivo_ZUL702.xml", "TabelaErrosZUL.mdb"};
+    for (const char* nome : arquivos)
+        std::filesystem::copy_file(std::filesystem::path(QUILATADOR_CLI).parent_path() / nome, programa / nome);
+    for (const char* nome : arquivos) {
+        const Texto antes = lerTudo(programa / nome);
+        for (const bool simbolico : {true, false}) {
+            std::filesystem::remove(log());
+            if (simbolico)
+                std::filesystem::create_symlink(programa / nome, log());
+            else
+                std::filesystem::create_hard_link(programa / nome, log());
+            const Fim resultado = rodar(entrada, {"--pasta", programa.string()});
+            EXPECT_EQ(resultado.situacao, 2) << nome;
+            EXPECT_EQ(resultado.erros,
+                      "O arquivo de log seria um arquivo do próprio programa: " + log().string() + "\n");
+            EXPECT_TRUE(lerTudo(programa / nome) == antes) << nome;
+        }
+    }
+}
+
 TEST_F(PontaAPonta, canoFechadoAcabaSemBarulho) {
     const auto entrada = pasta.escrever("remessa.rem", remessa()).string();
     std::array<int, 2> cano{};
@@ -173,31 +271,57 @@ TEST_F(PontaAPonta, canoFechadoAcabaSemBarulho) {
     EXPECT_TRUE(lerTudo(log()).ends_with(fim)); // the analysis was whole all the same
 }
 
+/// Waits for the program to write into a pipe.
+bool chegouAlgo(int cano) {
+    struct pollfd espera {
+        cano, POLLIN, 0
+    };
+    return ::poll(&espera, 1, 60'000) == 1;
+}
+
+Texto lerAteOFim(int cano) {
+    Texto lido;
+    std::array<char, 65536> bloco{};
+    for (ssize_t bytes = 1; bytes != 0;) {
+        bytes = ::read(cano, bloco.data(), bloco.size());
+        if (bytes > 0) lido.append(bloco.data(), static_cast<std::size_t>(bytes));
+        if (bytes < 0) chegouAlgo(cano);
+    }
+    return lido;
+}
+
+/// As below, the program stands still at its log while the file is changed.
+TEST_F(PontaAPonta, entradaAlteradaNoMeioDaExecucao) {
+    const Texto original = remessaRuim(20'000);
+    ::mkfifo(log().c_str(), 0600);
+    for (const std::size_t tamanho : {original.size() * 2, original.size() / 2, std::size_t{0}}) {
+        const auto entrada = pasta.escrever("remessa.rem", original);
+        const int leitura = ::open(log().c_str(), O_RDONLY | O_NONBLOCK);
+        iniciar({"--log", log().string(), entrada.string()});
+        ASSERT_TRUE(chegouAlgo(leitura));
+        std::filesystem::resize_file(entrada, tamanho);
+        const Texto lido = lerAteOFim(leitura);
+        const Fim resultado = esperar();
+        ::close(leitura);
+        EXPECT_EQ(resultado.situacao, 2) << tamanho;
+        EXPECT_TRUE(lido.ends_with(junta("O arquivo foi alterado durante a análise!\r\n"_t, fim))) << tamanho;
+        EXPECT_EQ(lido.find("Erros encontrados"), Texto::npos) << tamanho;
+    }
+}
+
 /// The log is a pipe that holds less than the run has to write: the signal comes in the middle for certain.
 TEST_F(PontaAPonta, sinalNoMeioDaExecucao) {
-    Texto arquivo = remessa({.registros = 20'000});
-    for (std::size_t i = 220; i < arquivo.size(); i += testes::bytesDaLinha)
-        arquivo[i] = "ç"_t[0]; // a finding in each line
-    const auto entrada = pasta.escrever("remessa.rem", arquivo).string();
+    const auto entrada = pasta.escrever("remessa.rem", remessaRuim(20'000)).string();
     ::mkfifo(log().c_str(), 0600);
     for (const auto& [sinal, vezes] : {std::pair{SIGINT, 1}, {SIGTERM, 1}, {SIGINT, 2}}) {
         const int leitura = ::open(log().c_str(), O_RDONLY | O_NONBLOCK);
         iniciar({"--log", log().string(), entrada});
-        struct pollfd espera {
-            leitura, POLLIN, 0
-        };
-        ASSERT_EQ(::poll(&espera, 1, 60'000), 1);
+        ASSERT_TRUE(chegouAlgo(leitura));
         for (int vez = 0; vez < vezes; ++vez) {
             sinalizar(sinal);
             std::this_thread::sleep_for(std::chrono::milliseconds(50)); // two at once would count as one
         }
-        Texto lido;
-        std::array<char, 65536> bloco{};
-        for (ssize_t bytes = 1; vezes == 1 && bytes != 0;) {
-            bytes = ::read(leitura, bloco.data(), bloco.size());
-            if (bytes > 0) lido.append(bloco.data(), static_cast<std::size_t>(bytes));
-            if (bytes < 0) ::poll(&espera, 1, 60'000);
-        }
+        const Texto lido = vezes == 1 ? lerAteOFim(leitura) : Texto();
         const Fim resultado = esperar();
         ::close(leitura);
         EXPECT_EQ(resultado.situacao, 130);

@@ -32,6 +32,14 @@ void Aplicacao::receber(const std::filesystem::path& arquivo) {
     formulario_.receberArquivo(arquivo);
 }
 
+void Aplicacao::encerrarQuando(std::function<bool()> pedido) {
+    constexpr std::chrono::milliseconds intervalo{100};
+    vigia_.callOnTimeout([pedido = std::move(pedido)] {
+        if (pedido()) QApplication::closeAllWindows();
+    });
+    vigia_.start(intervalo);
+}
+
 void Aplicacao::ligarPedido() {
     const QuadroDoPedido& pedido = *janela_.pedido;
     const auto ligarTipo = [&](QRadioButton* opcao, TipoArquivo tipo) {

@@ -6,6 +6,10 @@
 #include "frontend/qt/JanelaPrincipal.h"
 #include "frontend/qt/TelaQt.h"
 
+#include <QTimer>
+
+#include <functional>
+
 namespace quilatador {
 
 /// The program behind the window: puts rules and controls together.
@@ -32,6 +36,10 @@ class Aplicacao final {
     /// Takes a file as though it had been dropped on the window.
     void receber(const std::filesystem::path& arquivo);
 
+    /// Asks from now on, ten times a second, whether the program has been told from outside to end. It then closes its
+    /// windows as the user would: an analysis in hand is cancelled, and its log gets its ending.
+    void encerrarQuando(std::function<bool()> pedido);
+
     [[nodiscard]] JanelaPrincipal& janela() noexcept { return janela_; }
 
   private:
@@ -46,6 +54,7 @@ class Aplicacao final {
     frmImportacao formulario_;
     frmSobre sobre_;
     Dialogos& dialogos_;
+    QTimer vigia_;
 };
 
 } // namespace quilatador

@@ -2,6 +2,7 @@
 #include "frontend/qt/Conversoes.h"
 #include "frontend/qt/DialogosQt.h"
 #include "platform/ArquivosDoSistema.h"
+#include "platform/Interrupcao.h"
 #include "platform/LancadorDoSistema.h"
 #include "platform/LocalidadeDoSistema.h"
 #include "platform/Pastas.h"
@@ -40,5 +41,9 @@ int main(int argc, char** argv) {
     const QStringList argumentos = QApplication::arguments();
     if (argumentos.size() > 1)
         aplicacao.receber(caminhoDeQt(QDir::toNativeSeparators(QFileInfo(argumentos[1]).absoluteFilePath())));
-    return QApplication::exec();
+    const Interrupcao interrupcao;
+    aplicacao.encerrarQuando([&] { return interrupcao.pedida(); });
+    constexpr int interrompido = 130;
+    const int situacao = QApplication::exec();
+    return interrupcao.pedida() ? interrompido : situacao;
 }

@@ -142,6 +142,19 @@ TEST_F(Execucao, fecharNoMeioCancelaEFechaOLog) {
     }
 }
 
+TEST_F(Execucao, pedidoDeForaCancelaEFechaOLog) {
+    bool pedido = false;
+    aplicacao.encerrarQuando([&] { return pedido; });
+    pedir(grande, remessaGrande());
+    noMeio([&] {
+        pedido = true;
+        QTest::qWait(150);
+    });
+    clicar("cmdOK");
+    EXPECT_FALSE(janela.isVisible());
+    EXPECT_TRUE(mundo.arquivos.conteudo["/d/grande.log"].ends_with(fimCancelado));
+}
+
 TEST_F(Execucao, duranteUmRetornoNenhumBotaoServe) {
     pedir(grande, testes::remessa({.tipo = gerador::Tipo::ZUL708, .registros = 20'000}));
     escolher("opt708");
