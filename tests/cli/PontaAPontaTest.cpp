@@ -7,11 +7,16 @@
 #include <csignal>
 #include <fcntl.h>
 #include <functional>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
 #include <poll.h>
 #include <sched.h>
 #include <sys/mount.h>
+#include <sys/prctl.h>
 #include <sys/resource.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -96,6 +101,44 @@ TEST_F(PontaAPonta, remessaComErros) {
     EXPECT_EQ(rodar(entrada, {"--com-data", "--formato", "AAAAMMDD"}).situacao, 1);
     EXPECT_EQ(semTituloNemTempo(lerTudo(log())), semTituloNemTempo(lerTudo(exemplo / "remessa.log")));
     EXPECT_EQ(rodar(pasta.escrever("boa.rem", remessa())).situacao, 0);
+}
+
+TEST_F(PontaAPonta, aEntradaFicaComoEstava) {
+    const auto entrada = pasta.escrever("remessa.rem", remessa({.falhas = true}));
+    std::filesystem::permissions(entrada, std::filesystem::perms::owner_read);
+    struct stat antes {};
+    struct stat depois {};
+    ASSERT_EQ(::stat(entrada.c_str(), &antes), 0);
+    EXPECT_EQ(rodar(entrada).situacao, 1);
+    ASSERT_EQ(::stat(entrada.c_str(), &depois), 0);
+    EXPECT_EQ(lerTudo(entrada), remessa({.falhas = true}));
+    EXPECT_TRUE(antes.st_mtim.tv_sec == depois.st_mtim.tv_sec && antes.st_mtim.tv_nsec == depois.st_mtim.tv_nsec);
+    EXPECT_TRUE(antes.st_ino == depois.st_ino && antes.st_mode == depois.st_mode);
+}
+
+/// From here on the process ends at its first socket.
+void proibirRede() {
+    std::array<sock_filter, 4> regras{{BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+                                       BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_socket, 0, 1),
+                                       BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_KILL_PROCESS),
+                                       BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW)}};
+    const sock_fprog programa{regras.size(), regras.data()};
+    ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
+    ::prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &programa);
+}
+
+TEST_F(PontaAPonta, nenhumaRede) {
+    noFilho = [] {
+        proibirRede();
+        ::socket(AF_INET, SOCK_STREAM, 0);
+    };
+    if (rodar(pasta.escrever("boa.rem", remessa())).situacao != -1) GTEST_SKIP() << "sockets cannot be forbidden here";
+    noFilho = proibirRede;
+    EXPECT_EQ(rodar(pasta / "boa.rem").situacao, 0);
+    EXPECT_EQ(rodar(pasta.escrever("ruim.rem", remessa({.falhas = true})), {"--json"}).situacao, 1);
+    EXPECT_EQ(rodar(pasta.escrever("impressao.ret", remessa({.tipo = gerador::Tipo::ZUL708, .guias = 5}))).situacao, 1);
+    EXPECT_EQ(rodar(pasta.escrever("liquidacao", remessa({.tipo = gerador::Tipo::TAV001, .registros = 3}))).situacao,
+              0);
 }
 
 TEST_F(PontaAPonta, entradasQueNaoSeLeem) {
