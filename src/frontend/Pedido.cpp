@@ -10,6 +10,15 @@ namespace {
 constexpr int tamanhoDaBarra = 44;
 constexpr int inicioDoCampoLivre = 20;
 constexpr int maiorPosicao = 41;
+
+std::optional<TipoArquivo> tipoDaLinha(VistaTexto linha) {
+    const VistaTexto nome = trecho(linha, 12, 6);
+    if (nome == "ZUL702") return TipoArquivo::ZUL702;
+    if (nome == "ZUL708") return TipoArquivo::ZUL708;
+    if (linha.starts_with("A2")) return TipoArquivo::TAV001;
+    return std::nullopt;
+}
+
 } // namespace
 
 std::optional<Texto> recusaDaPosicao(double posicao) {
@@ -25,15 +34,14 @@ std::optional<Texto> recusaDoFormato(double posicao, VistaTexto formato) {
 }
 
 std::optional<TipoArquivo> reconhecerTipo(const std::filesystem::path& arquivo, Arquivos& arquivos) {
-    try {
-        LeitorDeLinhas leitor(arquivos.abrirEntrada(arquivo), [] { return true; }); // the first line tells enough
-        const VistaTexto linha = leitor.proxima().value_or(VistaTexto());
-        const VistaTexto nome = trecho(linha, 12, 6);
-        if (nome == "ZUL702") return TipoArquivo::ZUL702;
-        if (nome == "ZUL708") return TipoArquivo::ZUL708;
-        if (linha.starts_with("A2")) return TipoArquivo::TAV001;
-    } catch (const Falha&) {
-        return std::nullopt; // the analysis that follows says what is wrong with the file
+    constexpr int tentativas = 2; // a file that is busy for a moment must not be taken for one of another type
+    for (int tentativa = 0; tentativa < tentativas; ++tentativa) {
+        try {
+            LeitorDeLinhas leitor(arquivos.abrirEntrada(arquivo), [] { return true; }); // the first line tells enough
+            return tipoDaLinha(leitor.proxima().value_or(VistaTexto()));
+        } catch (const Falha&) {
+            continue; // in the end the analysis that follows says what is wrong with the file
+        }
     }
     return std::nullopt;
 }

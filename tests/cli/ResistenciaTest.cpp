@@ -150,6 +150,36 @@ TEST(Resistencia, faltaDeMemoriaEmQualquerPonto) {
     }
 }
 
+/// Each opening, reading, creating, writing and closing of the whole program fails once, those of the layout and of
+/// the database too.
+TEST(Resistencia, falhaDeArquivoEmQualquerPonto) {
+    using Operacao = testes::ArquivosEmMemoria::Operacao;
+    const Falha discoCheio(numeroDeFalha::discoCheio, "Gravacao", "Disco cheio");
+    int pontos = 0;
+    for (const Arquivo& arquivo : arquivos) {
+        const Texto inteiro = logDe(arquivo);
+        for (const Operacao operacao :
+             {Operacao::Abrir, Operacao::Ler, Operacao::Criar, Operacao::Escrever, Operacao::Fechar}) {
+            bool tocada = true;
+            for (int vez = 1; tocada; ++vez, ++pontos) {
+                Bancada bancada;
+                bancada.arquivos.falhar(operacao, vez, discoCheio);
+                const int situacao = bancada.rodar({"-q", arquivo.nome});
+                tocada = bancada.arquivos.vezes(operacao) >= vez;
+                const Texto log = bancada.arquivos.conteudo[arquivo.log];
+                const bool semEfeito = situacao == arquivo.situacao && log == inteiro;
+                const bool dito = !bancada.erros.str().empty() || log.find("Disco cheio") != Texto::npos;
+                EXPECT_TRUE(semEfeito || (tocada && situacao == 2 && dito))
+                    << arquivo.nome << " " << static_cast<int>(operacao) << " " << vez << "\n"
+                    << situacao << log << bancada.erros.str();
+                EXPECT_TRUE(bancada.arquivos.tudoFechado());
+            }
+        }
+    }
+    RecordProperty("pontos", pontos);
+    EXPECT_GT(pontos, 60);
+}
+
 /// Bytes that the process has in memory.
 std::size_t memoriaResidente() {
     std::ifstream estado("/proc/self/statm");
