@@ -29,12 +29,13 @@ sanitizadores() {
 analise() {
     construir release -DQUILATADOR_TESTS=ON
     local achados
-    achados=$(cppcheck --project=build/release/compile_commands.json -j "$(nproc)" --quiet --inline-suppr \
-        --enable=warning,performance,portability --library=googletest --library=qt --library=posix \
-        --suppress='*:*_autogen*' 2>&1)
-    # The sources in turn are shared out among the processors, the slowest to analyse being no longer than a minute.
-    achados+=$(run-clang-tidy -quiet -p build/release "^$raiz/(src|tools|tests|fuzz)/" 2>&1 |
-        grep -E '(warning|error): ' | grep -v "'expr-type'" || true)
+    achados=$(
+        cppcheck --project=build/release/compile_commands.json -j "$(nproc)" --quiet --inline-suppr \
+            --enable=warning,performance,portability --library=googletest --library=qt --library=posix \
+            --template='{file}:{line}: {severity}: {message} [{id}]' --suppress='*:*_autogen*' 2>&1
+        run-clang-tidy -quiet -p build/release "^$raiz/(src|tools|tests|fuzz)/" 2>&1 |
+            sed 's/\x1b\[[0-9;]*m//g' | grep -E '(warning|error): |Stack dump' | grep -v "'expr-type'" # a name of the checker's own
+    ) || true
     if [[ -n $achados ]]; then
         sort -u <<<"$achados"
         return 1

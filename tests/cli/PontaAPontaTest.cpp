@@ -130,7 +130,7 @@ void proibirRede() {
 TEST_F(PontaAPonta, nenhumaRede) {
     noFilho = [] {
         proibirRede();
-        ::socket(AF_INET, SOCK_STREAM, 0);
+        ::close(::socket(AF_INET, SOCK_STREAM, 0));
     };
     if (rodar(pasta.escrever("boa.rem", remessa())).situacao != -1) GTEST_SKIP() << "sockets cannot be forbidden here";
     noFilho = proibirRede;

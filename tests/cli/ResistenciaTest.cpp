@@ -140,8 +140,9 @@ TEST(Resistencia, faltaDeMemoriaEmQualquerPonto) {
             tocada = ateFalhar.exchange(0) == 0;
             const Texto log = bancada.arquivos.conteudo[arquivo.log];
             const bool semEfeito = situacao == arquivo.situacao && log == inteiro;
-            const bool dito = log.find("Memória insuficiente!"_t) != Texto::npos ||
-                              log.find("Recursos do sistema excedidos") != Texto::npos || !bancada.erros.str().empty();
+            const auto diz = [&](VistaTexto motivo) { return log.find(motivo) != Texto::npos; };
+            const bool dito = diz("Memória insuficiente!"_t) || diz("Recursos do sistema excedidos"_t) ||
+                              !bancada.erros.str().empty();
             EXPECT_TRUE(semEfeito || (tocada && situacao == 2 && dito)) << arquivo.nome << " " << ponto << "\n" << log;
             EXPECT_TRUE(bancada.arquivos.tudoFechado()) << arquivo.nome << " " << ponto;
         }

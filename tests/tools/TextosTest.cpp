@@ -78,8 +78,10 @@ class Literais {
 
 /// More than a word, and no name or format.
 bool ehMensagem(VistaTexto texto) {
-    const auto minuscula = [](unsigned char letra) { return (letra >= 'a' && letra <= 'z') || letra >= 0xE0; };
-    const auto inicio = std::adjacent_find(texto.begin(), texto.end(), [&](auto primeira, auto segunda) {
+    const auto minuscula = [](char letra) {
+        return (letra >= 'a' && letra <= 'z') || static_cast<unsigned char>(letra) >= 0xE0;
+    };
+    const auto inicio = std::adjacent_find(texto.begin(), texto.end(), [&](char primeira, char segunda) {
         return minuscula(primeira) && minuscula(segunda);
     });
     return std::find(inicio, texto.end(), ' ') != texto.end();
