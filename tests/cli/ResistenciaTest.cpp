@@ -124,14 +124,14 @@ Texto logDe(const Arquivo& arquivo) {
     return bancada.arquivos.conteudo[arquivo.log];
 }
 
-/// Each reservation of a run fails once, the first thousand one by one and then ever more rarely.
+/// Each reservation of a run fails once.
 TEST(Resistencia, faltaDeMemoriaEmQualquerPonto) {
     vigiarBibliotecas();
     for (const Arquivo& arquivo : arquivos) {
         const Texto inteiro = logDe(arquivo);
         long pontos = 0;
         bool tocada = true;
-        for (long ponto = 1; tocada; ponto += 1 + ponto / 1000, ++pontos) {
+        for (long ponto = 1; tocada; ++ponto, ++pontos) {
             Bancada bancada;
             const Maquina maquina = bancada.maquina();
             std::vector<std::string> argumentos{"-q", arquivo.nome};
