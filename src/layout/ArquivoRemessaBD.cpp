@@ -1,6 +1,5 @@
 #include "layout/ArquivoRemessaBD.h"
 
-#include "common/Falha.h"
 #include "common/Numero.h"
 
 #include <cmath>
@@ -126,7 +125,7 @@ pugi::xml_node obterRaiz(const pugi::xml_document& documento, Painel& painel) {
     if (VistaTexto(raiz.name()) == "ArquivoRemessa") return raiz;
     constexpr VistaTexto motivo = "Arquivo XML não corresponde a um arquivo de remessa!"_t;
     painel.mensagem({.texto = Texto(motivo), .titulo = Texto(tituloDoPrograma)});
-    throw Falha(numeroDeFalha::geral, "ArquivoRemessaBD", Texto(motivo));
+    throw FalhaMostrada(numeroDeFalha::geral, "ArquivoRemessaBD", Texto(motivo));
 }
 
 } // namespace

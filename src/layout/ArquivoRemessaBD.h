@@ -1,6 +1,7 @@
 #pragma once
 
 #include "common/Arquivos.h"
+#include "common/Falha.h"
 #include "common/Painel.h"
 #include "layout/ArquivoRemessa.h"
 
@@ -8,6 +9,11 @@
 #include <memory>
 
 namespace quilatador {
+
+/// A failure that the user has been told of when it is raised.
+class FalhaMostrada : public Falha {
+    using Falha::Falha;
+};
 
 /// Loads a layout from its XML description: the declaration, then the root "ArquivoRemessa"; its children are the
 /// record types (attributes "Nome", "Tamanho", "Identificador"), theirs the fields in line order ("Nome", "Tipo",
@@ -17,8 +23,8 @@ namespace quilatador {
 class ArquivoRemessaBD {
   public:
     /// The layout; none, after a message box, where the file is missing. `Falha` where it is no XML, its root is
-    /// another (a message box says so first) or a record or field is not right: the text names record, field and
-    /// attribute.
+    /// another (`FalhaMostrada`: a message box says so first) or a record or field is not right: the text names record,
+    /// field and attribute.
     [[nodiscard]] static std::unique_ptr<ArquivoRemessa> obterArquivoRemessa(const std::filesystem::path& caminho,
                                                                              Arquivos& arquivos, Painel& painel);
 };

@@ -31,6 +31,8 @@ std::int32_t registrosEstimados(std::uint64_t bytes) {
 Depurador::Depurador(Ambiente& ambiente, modVariaveis& globais) : ambiente_(ambiente), globais_(globais) {
     try {
         carregarLeiaute();
+    } catch (const FalhaMostrada&) {
+        return;
     } catch (const Falha& falha) {
         ambiente_.painel.mensagem(
             {.texto = falha.descricao(), .titulo = Texto(tituloDeErro), .icone = Mensagem::Icone::Exclamacao});

@@ -267,6 +267,8 @@ TEST(Depurador, semLeiauteCadaExecucaoDizQueFalta) {
     const std::pair<const char*, VistaTexto> casos[] = {
         {nullptr, "mensagem [Solvara - Quilatador de Leiaute] Arquivo nao encontrado!"},
         {"<a", "mensagem [Solvara - Quilatador de Leiaute - Erro!] Leiaute inválido: não é XML (byte 1)"_t},
+        {"<?xml version=\"1.0\"?><a/>",
+         "mensagem [Solvara - Quilatador de Leiaute] Arquivo XML não corresponde a um arquivo de remessa!"_t},
     };
     for (const auto& [leiaute, mensagem] : casos) {
         testes::MundoComRemessa mundo;
