@@ -17,7 +17,7 @@ export QT_QPA_PLATFORM=offscreen
 testar() {
     local registro=$raiz/build/$1/testes.txt
     ctest --preset "$1" --output-log "$registro" >/dev/null 2>&1 || { cat "$registro"; return 1; }
-    sed -n 's/^[0-9]*: \(.*no finding\)$/\1/p; /tests passed/p' "$registro"
+    sed -n 's/^[0-9]*: \(.*no finding\)$/\1/p; /% tests passed/p' "$registro"
 }
 
 sanitizadores() {
