@@ -5,6 +5,9 @@
 
 #include <QApplication>
 
+#include <chrono>
+#include <utility>
+
 namespace quilatador {
 
 Aplicacao::Aplicacao(const Maquina& maquina)

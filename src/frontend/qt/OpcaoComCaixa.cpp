@@ -4,6 +4,8 @@
 #include <QStyle>
 #include <QStyleOptionButton>
 
+#include <utility>
+
 namespace quilatador {
 
 namespace {
