@@ -1,10 +1,10 @@
 #include "common/Texto.h"
+#include "support/PastaTemporaria.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
+#include <cctype>
 #include <gtest/gtest.h>
-#include <iterator>
+#include <utility>
 #include <vector>
 
 namespace quilatador {
@@ -16,8 +16,7 @@ const fs::path fontes = QUILATADOR_FONTES;
 
 /// In the program's characters; logs of the samples are in them already.
 Texto conteudo(const fs::path& caminho) {
-    std::ifstream arquivo(caminho, std::ios::binary);
-    const std::string bytes{std::istreambuf_iterator<char>(arquivo), {}};
+    const std::string bytes = testes::lerTudo(caminho);
     return caminho.extension() == ".log" ? bytes : textoDeUtf8(bytes);
 }
 
