@@ -10,8 +10,8 @@
 #include "platform/LocalidadeDoSistema.h"
 #include "platform/Pastas.h"
 #include "platform/RelogioDoSistema.h"
-#include "returns/BancoDeDados.h"
 #include "returns/modTrataTAV001.h"
+#include "tables/BancoDeDados.h"
 #include "validator/Depurador.h"
 
 #include <algorithm>

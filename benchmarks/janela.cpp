@@ -4,13 +4,13 @@
 //
 //   janela PAIRS REMITTANCE
 #include "cli/Programa.h"
-#include "common/NomesDeArquivo.h"
-#include "frontend/qt/Aplicacao.h"
-#include "frontend/qt/Conversoes.h"
+#include "frontend/window/qt/Aplicacao.h"
+#include "frontend/window/qt/Conversoes.h"
 #include "platform/ArquivosDoSistema.h"
 #include "platform/LocalidadeDoSistema.h"
 #include "platform/Pastas.h"
 #include "platform/RelogioDoSistema.h"
+#include "run/NomesDeArquivo.h"
 
 #include <QApplication>
 #include <QPushButton>

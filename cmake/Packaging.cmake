@@ -21,7 +21,7 @@ if(QUILATADOR_WINDOW)
   install(FILES data/desktop/${identidade}.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
   install(FILES data/desktop/${identidade}.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
   # The icon is the window's logo, so that there is one picture to draw.
-  install(FILES src/frontend/qt/recursos/logo.svg
+  install(FILES src/frontend/window/qt/recursos/logo.svg
           DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps
           RENAME ${identidade}.svg)
 endif()

@@ -1,8 +1,8 @@
 #include "Alvo.h"
 
-#include "returns/BancoDeDados.h"
 #include "returns/modTrataTAV001.h"
 #include "returns/modTrataZUL708.h"
+#include "tables/BancoDeDados.h"
 #include "validator/Depurador.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "Alvo.h"
 
-#include "returns/BancoDeDados.h"
+#include "tables/BancoDeDados.h"
 
 using namespace quilatador;
 using namespace quilatador::fuzz;

@@ -2,8 +2,8 @@
 
 #include "cli/RelatorJson.h"
 #include "cli/TelaDoTerminal.h"
-#include "common/NomesDeArquivo.h"
-#include "frontend/frmImportacao.h"
+#include "frontend/window/frmImportacao.h"
+#include "run/NomesDeArquivo.h"
 
 #include <algorithm>
 #include <new>

@@ -2,9 +2,9 @@
 
 #include "cli/Argumentos.h"
 #include "common/Arquivos.h"
-#include "common/Lancador.h"
-#include "common/Localidade.h"
-#include "common/Relogio.h"
+#include "run/Lancador.h"
+#include "run/Localidade.h"
+#include "run/Relogio.h"
 
 #include <functional>
 #include <ostream>

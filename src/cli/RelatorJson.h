@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/Relator.h"
+#include "run/Relator.h"
 
 #include <filesystem>
 #include <ostream>

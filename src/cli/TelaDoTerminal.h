@@ -1,7 +1,7 @@
 #pragma once
 
-#include "common/Relogio.h"
-#include "frontend/Tela.h"
+#include "frontend/window/Tela.h"
+#include "run/Relogio.h"
 
 #include <functional>
 #include <optional>

@@ -112,6 +112,10 @@ Texto comMascara(VistaTexto texto, VistaTexto mascara) {
     return resultado;
 }
 
+Texto textoDe(long long numero) {
+    return Texto(textoDosBytes(std::to_string(numero)));
+}
+
 Texto comZeros(long long numero, std::size_t largura) {
     Texto digitos = std::to_string(numero);
     const std::size_t sinal = numero < 0 ? 1 : 0;

@@ -25,6 +25,13 @@ using VistaUtf8 = std::u8string_view;
 /// The same two, for libraries whose UTF-8 is made of `char`.
 [[nodiscard]] Texto textoDeUtf8(std::string_view utf8);
 [[nodiscard]] std::string utf8DeTexto(VistaTexto texto);
+/// Bytes of a file or a library that are Windows-1252 already, taken for a text without a copy; and the reverse.
+[[nodiscard]] constexpr VistaTexto textoDosBytes(std::string_view bytes) noexcept {
+    return {bytes.data(), bytes.size()};
+}
+[[nodiscard]] constexpr std::string_view bytesDoTexto(VistaTexto texto) noexcept {
+    return {texto.data(), texto.size()};
+}
 /// A path as the system shows it in a log or a message.
 [[nodiscard]] Texto textoDoCaminho(const std::filesystem::path& caminho);
 
@@ -62,6 +69,9 @@ using VistaUtf8 = std::u8string_view;
 
 /// Decimal digits of `numero`, with zeros in front up to `largura`; the sign of a negative number comes before them.
 [[nodiscard]] Texto comZeros(long long numero, std::size_t largura);
+
+/// A whole number in decimal digits.
+[[nodiscard]] Texto textoDe(long long numero);
 
 /// Texts joined into one.
 template <typename... Partes>

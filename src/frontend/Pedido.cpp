@@ -1,8 +1,8 @@
 #include "frontend/Pedido.h"
 
 #include "common/Falha.h"
+#include "common/LeitorDeLinhas.h"
 #include "common/Numero.h"
-#include "layout/LeitorDeLinhas.h"
 
 namespace quilatador {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "common/Arquivos.h"
-#include "layout/LeitorDeLinhas.h"
+#include "common/LeitorDeLinhas.h"
 #include "layout/RegistroRemessa.h"
 
 #include <array>

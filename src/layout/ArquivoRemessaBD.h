@@ -2,8 +2,8 @@
 
 #include "common/Arquivos.h"
 #include "common/Falha.h"
-#include "common/Painel.h"
 #include "layout/ArquivoRemessa.h"
+#include "run/Painel.h"
 
 #include <filesystem>
 #include <memory>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/Lancador.h"
+#include "run/Lancador.h"
 
 namespace quilatador {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/Localidade.h"
+#include "run/Localidade.h"
 
 #include <array>
 #include <string>

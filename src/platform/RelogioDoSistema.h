@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/Relogio.h"
+#include "run/Relogio.h"
 
 namespace quilatador {
 

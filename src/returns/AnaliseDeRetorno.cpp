@@ -1,7 +1,7 @@
 #include "returns/AnaliseDeRetorno.h"
 
 #include "common/Falha.h"
-#include "common/NomesDeArquivo.h"
+#include "run/NomesDeArquivo.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "common/Ambiente.h"
-#include "common/Relator.h"
-#include "common/RelatorLog.h"
-#include "globals/modVariaveis.h"
-#include "layout/LeitorDeLinhas.h"
-#include "returns/ConsultasDaRodada.h"
+#include "common/LeitorDeLinhas.h"
+#include "run/Ambiente.h"
+#include "run/modVariaveis.h"
+#include "run/Relator.h"
+#include "run/RelatorLog.h"
+#include "tables/ConsultasDaRodada.h"
 
 #include <atomic>
 #include <cstdint>

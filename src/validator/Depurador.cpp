@@ -1,8 +1,8 @@
 #include "validator/Depurador.h"
 
 #include "common/modDepuracao.h"
-#include "common/NomesDeArquivo.h"
 #include "layout/ArquivoRemessaBD.h"
+#include "run/NomesDeArquivo.h"
 #include "validator/ParadaEstrutural.h"
 
 #include <algorithm>

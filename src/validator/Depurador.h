@@ -1,11 +1,11 @@
 #pragma once
 
-#include "common/Achado.h"
-#include "common/Ambiente.h"
-#include "common/Relator.h"
-#include "common/RelatorLog.h"
-#include "globals/modVariaveis.h"
 #include "layout/ArquivoRemessa.h"
+#include "run/Achado.h"
+#include "run/Ambiente.h"
+#include "run/modVariaveis.h"
+#include "run/Relator.h"
+#include "run/RelatorLog.h"
 
 #include <array>
 #include <atomic>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "common/Achado.h"
 #include "common/Falha.h"
+#include "run/Achado.h"
 
 #include <utility>
 

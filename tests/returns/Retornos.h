@@ -1,8 +1,8 @@
 #pragma once
 
-#include "returns/Bancos.h"
 #include "returns/modTrataTAV001.h"
 #include "returns/modTrataZUL708.h"
+#include "tables/Bancos.h"
 
 #include <utility>
 

@@ -1,7 +1,7 @@
 #include "returns/modTrataTAV001.h"
 
-#include "returns/FalhaDoBanco.h"
 #include "returns/Retornos.h"
+#include "tables/FalhaDoBanco.h"
 
 #include <gtest/gtest.h>
 

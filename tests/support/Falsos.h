@@ -1,8 +1,8 @@
 #pragma once
 
-#include "common/Ambiente.h"
 #include "common/Falha.h"
-#include "common/Relator.h"
+#include "run/Ambiente.h"
+#include "run/Relator.h"
 
 #include <functional>
 #include <map>

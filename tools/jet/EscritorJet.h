@@ -1,7 +1,7 @@
 #pragma once
 
 #include "common/Texto.h"
-#include "returns/FormatoJet.h"
+#include "tables/FormatoJet.h"
 
 #include <cstdint>
 #include <variant>

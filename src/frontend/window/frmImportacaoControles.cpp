@@ -1,0 +1,126 @@
+#include "frontend/window/frmImportacao.h"
+
+#include "common/modDepuracao.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace quilatador {
+
+namespace {
+
+Controle opcaoDo(TipoArquivo tipo) {
+    switch (tipo) {
+    case TipoArquivo::ZUL702:
+        return Controle::opt702;
+    case TipoArquivo::ZUL708:
+        return Controle::opt708;
+    case TipoArquivo::TAV001:
+        return Controle::optTAV;
+    }
+    return Controle::opt702;
+}
+
+} // namespace
+
+bool frmImportacao::Form_Load() {
+    tela_.marcar(Controle::chkData, false);
+    tela_.escrever(Controle::txtPosicao, posicaoInicial);
+    tela_.escrever(Controle::cmbFormato, formatoInicial);
+    tela_.escrever(Controle::txtNumeroDetalhes, numeroDeGuiasInicial);
+    tela_.marcar(Controle::optTodosDetalhes, true);
+    tela_.marcar(Controle::opt702, true);
+    escolherComData(false);
+    escolherPrimeirasGuias(false);
+    escolherTipo(TipoArquivo::ZUL702);
+    mudarNomeArquivo(true);
+    return iniciar();
+}
+
+void frmImportacao::escolherTipo(TipoArquivo tipo) {
+    const bool remessa = tipo == TipoArquivo::ZUL702;
+    tela_.mostrar(Controle::Frame1, remessa);
+    tela_.mostrar(Controle::fraDetalhes, remessa);
+}
+
+void frmImportacao::escolherComData(bool comData) {
+    tela_.habilitar(Controle::txtPosicao, comData);
+    tela_.habilitar(Controle::cmbFormato, comData);
+}
+
+void frmImportacao::escolherPrimeirasGuias(bool apenasPrimeiras) {
+    tela_.habilitar(Controle::txtNumeroDetalhes, apenasPrimeiras);
+}
+
+Texto frmImportacao::filtrarDigitos(VistaTexto texto) {
+    Texto digitos;
+    std::ranges::copy_if(texto, std::back_inserter(digitos), [](char c) { return modDepuracao::isDigito(c); });
+    return digitos;
+}
+
+void frmImportacao::sairDoNumeroDeGuias(VistaTexto texto) {
+    if (texto.empty()) tela_.escrever(Controle::txtNumeroDetalhes, numeroDeGuiasInicial);
+}
+
+void frmImportacao::sairDaPosicao(const Pedido& pedido) {
+    static_cast<void>(posicaoRecusada(pedido));
+}
+
+bool frmImportacao::posicaoRecusada(const Pedido& pedido) {
+    return pedido.comData && recusar(recusaDaPosicao(pedido.PosicaoDataBarra));
+}
+
+void frmImportacao::mudarNomeArquivo(bool vazio) {
+    tela_.habilitar(Controle::cmdOK, !vazio);
+}
+
+void frmImportacao::tomarArquivo(const std::filesystem::path& arquivo) {
+    ultimoArquivo_ = arquivo;
+    if (!ambiente_.arquivos.existe(arquivo)) return;
+    tela_.nomeArquivo(arquivo);
+    tela_.habilitar(Controle::cmdOK, true);
+}
+
+void frmImportacao::receberArquivo(const std::filesystem::path& arquivo) {
+    if (analisando_) return;
+    tomarArquivo(arquivo);
+    const auto tipo = reconhecerTipo(arquivo, ambiente_.arquivos);
+    if (!tipo) return;
+    tela_.marcar(opcaoDo(*tipo), true);
+    escolherTipo(*tipo);
+}
+
+void frmImportacao::abrirAjuda() {
+    ambiente_.lancador.abrirDocumento(ambiente_.pastaDoPrograma / "Documentos" / "TAV" / "Ajuda" / "Quilatador.htm");
+}
+
+void frmImportacao::abrirLeiaute() {
+    ambiente_.lancador.abrirDocumento(ambiente_.pastaDoPrograma / "Documentos" / "TAV" / "Layouts" / "layouts.html");
+}
+
+void frmImportacao::confirmar(const Pedido& pedido) {
+    const bool remessa = pedido.tipoArquivo == TipoArquivo::ZUL702;
+    if (analisando_ || (remessa && posicaoRecusada(pedido))) return;
+    if (remessa) { // what the last analysis said of its file does not hold for this one
+        tela_.rotulo(Rotulo::Empresa, "");
+        tela_.rotulo(Rotulo::Remessa, "");
+    }
+    const bool analisado = analisar(pedido).has_value();
+    if (fecharNoFim_)
+        tela_.fechar();
+    else if (analisado)
+        tela_.focar(Controle::txtNomeArquivo);
+}
+
+bool frmImportacao::podeFechar() {
+    if (!analisando_) return true;
+    fecharNoFim_ = true;
+    cancelar();
+    return false;
+}
+
+void frmImportacao::atender() {
+    if (cancelado_) interromper();
+}
+
+} // namespace quilatador

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "frontend/window/frmImportacao.h"
+#include "frontend/window/frmSobre.h"
+#include "frontend/window/qt/Dialogos.h"
+#include "frontend/window/qt/JanelaPrincipal.h"
+#include "frontend/window/qt/TelaQt.h"
+
+#include <QTimer>
+
+#include <functional>
+
+namespace quilatador {
+
+/// The program behind the window: puts rules and controls together.
+class Aplicacao final {
+  public:
+    /// What the window needs of the machine.
+    struct Maquina {
+        Relogio& relogio;
+        Localidade& localidade;
+        Lancador& lancador;
+        Arquivos& arquivos;
+        Dialogos& dialogos;
+        std::filesystem::path pastaDoPrograma; ///< where the layout description, the database and the help are
+        std::filesystem::path programa;        ///< the running program's own file
+    };
+
+    explicit Aplicacao(const Maquina& maquina);
+    Aplicacao(const Aplicacao&) = delete;
+    Aplicacao& operator=(const Aplicacao&) = delete;
+    ~Aplicacao();
+
+    /// Loads the window and shows it. False, after a message box, where the program has to end instead.
+    [[nodiscard]] bool iniciar();
+    /// Takes a file as though it had been dropped on the window.
+    void receber(const std::filesystem::path& arquivo);
+
+    /// Asks from now on, ten times a second, whether the program has been told from outside to end. It then closes its
+    /// windows as the user would: an analysis in hand is cancelled, and its log gets its ending.
+    void encerrarQuando(std::function<bool()> pedido);
+
+    [[nodiscard]] JanelaPrincipal& janela() noexcept { return janela_; }
+
+  private:
+    void ligarPedido();
+    void ligarBotoes();
+    void mostrarSobre();
+
+    JanelaPrincipal janela_;
+    TelaQt tela_;
+    Ambiente ambiente_;
+    modVariaveis globais_;
+    frmImportacao formulario_;
+    frmSobre sobre_;
+    Dialogos& dialogos_;
+    QTimer vigia_;
+};
+
+} // namespace quilatador

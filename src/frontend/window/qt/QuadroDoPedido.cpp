@@ -1,0 +1,168 @@
+#include "frontend/window/qt/QuadroDoPedido.h"
+
+#include "common/Numero.h"
+#include "frontend/window/qt/Controles.h"
+#include "frontend/window/qt/Conversoes.h"
+
+#include <QButtonGroup>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include <initializer_list>
+#include <iterator>
+
+namespace quilatador {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A hidden frame leaves its room empty, so that nothing jumps when it comes back.
+void guardarLugar(QWidget* controle) {
+    QSizePolicy politica = controle->sizePolicy();
+    politica.setRetainSizeWhenHidden(true);
+    controle->setSizePolicy(politica);
+}
+
+/// Of a group one option is chosen. Said in so many words, since a frame's own grouping takes in the frames inside it.
+void agrupar(QWidget* dono, std::initializer_list<QAbstractButton*> opcoes) {
+    auto* grupo = new QButtonGroup(dono);
+    for (QAbstractButton* opcao : opcoes)
+        grupo->addButton(opcao);
+}
+
+QComboBox* novoFormato() {
+    auto* formato = novoControle<QComboBox>("cmbFormato");
+    formato->setEditable(true);
+    formato->setInsertPolicy(QComboBox::NoInsert); // a format of the user's own is taken, not collected
+    formato->setCompleter(nullptr);                // nor completed to one that was not typed
+    for (const VistaTexto oferecido : formatosOferecidos)
+        formato->addItem(paraQt(oferecido));
+    return formato;
+}
+
+} // namespace
+
+QuadroDoPedido::QuadroDoPedido(QWidget* dono)
+    : QGroupBox(u"Nome do Arquivo"_s, dono)
+    , txtNomeArquivo(novoControle<QLineEdit>("txtNomeArquivo"))
+    , cmdProcura(novoControle<QPushButton>("cmdProcura", u"&Procurar..."_s))
+    , opt702(novoControle<QRadioButton>("opt702", u"ZUL702"_s))
+    , opt708(novoControle<QRadioButton>("opt708", u"ZUL708"_s))
+    , optTAV(novoControle<QRadioButton>("optTAV", u"TAV001"_s))
+    , Frame1(novoControle<QGroupBox>("Frame1", u"Data no código de barras"_s))
+    , chkData(novoControle<QCheckBox>("chkData", u"Com data"_s))
+    , txtPosicao(novoControle<CaixaDeNumero>("txtPosicao"))
+    , cmbFormato(novoFormato())
+    , fraDetalhes(novoControle<QGroupBox>("fraDetalhes", u"Analisar detalhes"_s))
+    , optTodosDetalhes(novoControle<QRadioButton>("optTodosDetalhes", u"Todos"_s))
+    , txtNumeroDetalhes(novoControle<CaixaDeNumero>("txtNumeroDetalhes"))
+    , optPrimeirasGuias(
+          novoControle<OpcaoComCaixa>("optPrimeirasGuias", u"Primeiras"_s, txtNumeroDetalhes, u"guias"_s)) {
+    setObjectName(u"fraNomeArquivo"_s);
+    montarData();
+    montarDetalhes();
+    auto* opcoes = new QHBoxLayout;
+    opcoes->addWidget(Frame1, 1);
+    opcoes->addWidget(fraDetalhes, 1);
+
+    auto* quadro = new QVBoxLayout(this);
+    quadro->setSpacing(2 * quadro->spacing());
+    quadro->addLayout(linhaDoArquivo());
+    quadro->addLayout(tiposDeArquivo());
+    quadro->addLayout(opcoes);
+    quadro->addStretch();
+    descreverControles();
+}
+
+Pedido QuadroDoPedido::pedido() const {
+    return {.tipoArquivo = opt708->isChecked()   ? TipoArquivo::ZUL708
+                           : optTAV->isChecked() ? TipoArquivo::TAV001
+                                                 : TipoArquivo::ZUL702,
+            .nomeArquivo = caminhoDeQt(txtNomeArquivo->text()),
+            .comData = chkData->isChecked(),
+            .FormatoDataBarra = textoDeQt(cmbFormato->currentText()),
+            .PosicaoDataBarra = lerNumero(textoDeQt(txtPosicao->text())),
+            .nomeArquivoLog = {}};
+}
+
+std::optional<double> QuadroDoPedido::primeirasGuias() const {
+    if (!optPrimeirasGuias->isChecked()) return std::nullopt;
+    return lerNumero(textoDeQt(txtNumeroDetalhes->text()));
+}
+
+void QuadroDoPedido::descreverControles() {
+    descrever(this, title());
+    descrever(txtNomeArquivo, u"Nome do arquivo"_s, u"Nome do arquivo para Análise."_s);
+    descrever(cmdProcura, u"Procurar arquivo"_s,
+              u"Pressione para informar o drive/diretório e o nome do arquivo para Análise."_s);
+    descrever(opt702, u"ZUL702, Remessa para Impressão"_s,
+              u"Selecione esta opção para efetuar a análise do arquivo ZUL702 (Remessa para Impressão)"_s);
+    descrever(opt708, u"ZUL708, Retorno da Remessa de Impressão"_s,
+              u"Selecione esta opção para efetuar a análise do arquivo ZUL708 (Retorno da Remessa de Impressão)"_s);
+    descrever(optTAV, u"TAV001, Retorno de Liquidação"_s,
+              u"Selecione esta opção para efetuar a análise do arquivo TAV001 (Retorno de Liquidação)"_s);
+    descrever(Frame1, Frame1->title());
+    descrever(chkData, u"Com data"_s,
+              u"Selecione esta opção caso o código de barras contenha uma data de vencimento."_s);
+    descrever(txtPosicao, u"Posição da data"_s, u"Informe a posição da inicial da data no código de barras."_s);
+    descrever(cmbFormato, u"Formato da data"_s, u"Selecione o Formato da Data no código de barras."_s);
+    descrever(fraDetalhes, fraDetalhes->title());
+    descrever(optTodosDetalhes, u"Todos"_s, u"Selecione esta opção para analisar todas as guias do arquivo."_s);
+    descrever(optPrimeirasGuias, u"Primeiras guias"_s, u"Selecione esta opção para analisar apenas algumas guias."_s);
+    descrever(txtNumeroDetalhes, u"Quantidade de guias"_s, u"Informe a quantidade de guias a serem analisadas."_s);
+}
+
+QLayout* QuadroDoPedido::linhaDoArquivo() {
+    txtNomeArquivo->setPlaceholderText(u"Digite o nome, procure o arquivo ou solte-o aqui"_s);
+    txtNomeArquivo->setMinimumWidth(fontMetrics().averageCharWidth() * 48);
+    auto* linha = new QHBoxLayout;
+    linha->addWidget(txtNomeArquivo, 1);
+    linha->addWidget(cmdProcura);
+    return linha;
+}
+
+QLayout* QuadroDoPedido::tiposDeArquivo() {
+    const std::pair<QRadioButton*, QString> tipos[] = {{opt702, u"Remessa para Impressão"_s},
+                                                       {opt708, u"Retorno da Remessa de Impressão"_s},
+                                                       {optTAV, u"Retorno de Liquidação"_s}};
+    agrupar(this, {opt702, opt708, optTAV});
+    auto* grade = new QGridLayout;
+    grade->setHorizontalSpacing(2 * fontMetrics().averageCharWidth());
+    grade->setVerticalSpacing(fontMetrics().height() / 3);
+    grade->setColumnStretch(1, 1);
+    for (int linha = 0; linha < static_cast<int>(std::size(tipos)); ++linha) {
+        grade->addWidget(tipos[linha].first, linha, 0);
+        grade->addWidget(new QLabel(tipos[linha].second), linha, 1);
+    }
+    return grade;
+}
+
+void QuadroDoPedido::montarData() {
+    auto* Label7 = novoControle<QLabel>("Label7", u"Posição:"_s);
+    auto* Label8 = novoControle<QLabel>("Label8", u"Formato:"_s);
+    Label7->setBuddy(txtPosicao);
+    Label8->setBuddy(cmbFormato);
+    txtPosicao->setFixedWidth(fontMetrics().averageCharWidth() * 6);
+
+    auto* grade = new QGridLayout(Frame1);
+    grade->addWidget(chkData, 0, 0, 1, 4);
+    grade->addWidget(Label7, 1, 0);
+    grade->addWidget(txtPosicao, 1, 1);
+    grade->addWidget(Label8, 1, 2);
+    grade->addWidget(cmbFormato, 1, 3);
+    grade->setColumnStretch(3, 1);
+    guardarLugar(Frame1);
+}
+
+void QuadroDoPedido::montarDetalhes() {
+    agrupar(fraDetalhes, {optTodosDetalhes, optPrimeirasGuias});
+    auto* coluna = new QVBoxLayout(fraDetalhes);
+    coluna->addWidget(optTodosDetalhes);
+    coluna->addWidget(optPrimeirasGuias);
+    guardarLugar(fraDetalhes);
+}
+
+} // namespace quilatador

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "frontend/Pedido.h"
+#include "frontend/window/qt/CaixaDeNumero.h"
+#include "frontend/window/qt/OpcaoComCaixa.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include <optional>
+
+namespace quilatador {
+
+/// The face of the window that takes the request: the frame `fraNomeArquivo`. Its controls have the names by which
+/// the rules know them; Qt owns them.
+class QuadroDoPedido final : public QGroupBox {
+    Q_OBJECT
+
+  public:
+    explicit QuadroDoPedido(QWidget* dono = nullptr);
+
+    /// The request as the controls stand.
+    [[nodiscard]] Pedido pedido() const;
+    /// How many slips are asked for; none for all of them.
+    [[nodiscard]] std::optional<double> primeirasGuias() const;
+
+    QLineEdit* const txtNomeArquivo;
+    QPushButton* const cmdProcura;
+    QRadioButton* const opt702;
+    QRadioButton* const opt708;
+    QRadioButton* const optTAV;
+    QGroupBox* const Frame1;
+    QCheckBox* const chkData;
+    CaixaDeNumero* const txtPosicao;
+    QComboBox* const cmbFormato;
+    QGroupBox* const fraDetalhes;
+    QRadioButton* const optTodosDetalhes;
+    CaixaDeNumero* const txtNumeroDetalhes;
+    OpcaoComCaixa* const optPrimeirasGuias;
+
+  private:
+    void descreverControles();
+    [[nodiscard]] QLayout* linhaDoArquivo();
+    [[nodiscard]] QLayout* tiposDeArquivo();
+    void montarData();
+    void montarDetalhes();
+};
+
+} // namespace quilatador

@@ -1,0 +1,117 @@
+#include "frontend/window/qt/TelaQt.h"
+
+#include "frontend/window/qt/Conversoes.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <cassert>
+
+namespace quilatador {
+
+namespace {
+
+using namespace std::chrono_literals;
+constexpr Relogio::Instante intervaloDosQuadros = 33ms;
+/// On a slow display the frames come more rarely, so that they take no more than a part in so many of the time; but
+/// never so rarely that a button would not answer at once.
+constexpr int partesPorQuadro = 12;
+constexpr Relogio::Instante maiorIntervalo = 80ms;
+/// Reading the clock costs a good part of what a record does, so it is read once in so many.
+constexpr std::int32_t registrosPorLeitura = 256;
+
+} // namespace
+
+TelaQt::TelaQt(JanelaPrincipal& janela, Dialogos& dialogos, const Relogio& relogio, std::function<void()> aoAtender)
+    : janela_(janela), dialogos_(dialogos), relogio_(relogio), aoAtender_(std::move(aoAtender)) {
+    for (std::size_t i = 0; i < totalDeControles; ++i) {
+        controles_[i] = janela.findChild<QWidget*>(paraQt(nomeDoControle(static_cast<Controle>(i))));
+        assert(controles_[i] && "the window lacks a control that the rules know");
+    }
+}
+
+QWidget* TelaQt::widget(Controle controle) const {
+    return controles_[static_cast<std::size_t>(controle)];
+}
+
+QAbstractButton* TelaQt::botao(Controle controle) const {
+    return qobject_cast<QAbstractButton*>(widget(controle));
+}
+
+/// Comes with every slip, mostly with the text that is there.
+void TelaQt::rotulo(Rotulo qual, VistaTexto texto) {
+    Texto& mostrado = rotulos_[qual];
+    if (mostrado == texto && !texto.empty()) return;
+    mostrado = Texto(texto);
+    janela_.progresso->rotulo(qual, texto);
+}
+
+void TelaQt::iniciarProgresso(const Progresso& progresso) {
+    janela_.progresso->totalDeGuias(primeirasGuias());
+    janela_.progresso->mostrar(progresso, progresso.inicio);
+}
+
+void TelaQt::avancar(const Progresso& progresso) {
+    if (progresso.registroAtual % registrosPorLeitura != 0) return;
+    const auto agora = relogio_.agora();
+    if (agora < proximoQuadro_) return;
+    janela_.progresso->mostrar(progresso, agora);
+    processarEventos();
+    const auto fim = relogio_.agora();
+    proximoQuadro_ = fim + std::clamp((fim - agora) * partesPorQuadro, intervaloDosQuadros, maiorIntervalo);
+}
+
+void TelaQt::concluirProgresso(const Progresso& progresso) {
+    janela_.progresso->mostrar(progresso, relogio_.agora());
+}
+
+void TelaQt::processarEventos() {
+    QCoreApplication::processEvents();
+    aoAtender_();
+}
+
+void TelaQt::mensagem(const Mensagem& mensagem) {
+    dialogos_.mensagem(janela_, mensagem);
+}
+
+std::optional<double> TelaQt::primeirasGuias() const {
+    return janela_.pedido->primeirasGuias();
+}
+
+void TelaQt::mostrar(Controle controle, bool visivel) {
+    widget(controle)->setVisible(visivel);
+}
+
+void TelaQt::habilitar(Controle controle, bool habilitado) {
+    widget(controle)->setEnabled(habilitado);
+}
+
+void TelaQt::legenda(Controle controle, VistaTexto texto) {
+    botao(controle)->setText(paraQt(texto));
+}
+
+void TelaQt::focar(Controle controle) {
+    widget(controle)->setFocus();
+    if (auto* caixa = qobject_cast<QLineEdit*>(widget(controle))) caixa->selectAll(); // ready to be typed over
+}
+
+void TelaQt::marcar(Controle controle, bool marcado) {
+    botao(controle)->setChecked(marcado);
+}
+
+void TelaQt::escrever(Controle controle, VistaTexto texto) {
+    if (auto* caixa = qobject_cast<QLineEdit*>(widget(controle)))
+        caixa->setText(paraQt(texto));
+    else if (auto* lista = qobject_cast<QComboBox*>(widget(controle)))
+        lista->setCurrentText(paraQt(texto));
+}
+
+void TelaQt::nomeArquivo(const std::filesystem::path& caminho) {
+    janela_.pedido->txtNomeArquivo->setText(caminhoParaQt(caminho));
+}
+
+void TelaQt::fechar() {
+    janela_.close();
+}
+
+} // namespace quilatador

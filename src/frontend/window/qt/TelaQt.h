@@ -1,0 +1,49 @@
+#pragma once
+
+#include "frontend/window/qt/Dialogos.h"
+#include "frontend/window/qt/JanelaPrincipal.h"
+#include "frontend/window/Tela.h"
+
+#include <array>
+#include <functional>
+#include <map>
+
+namespace quilatador {
+
+/// The window as the rules and the analyses see it. What changes with every record is shown, and events are handled,
+/// about thirty times a second, whatever the size of the file.
+class TelaQt final : public Tela {
+  public:
+    /// `aoAtender` is called behind each handling of events.
+    TelaQt(JanelaPrincipal& janela, Dialogos& dialogos, const Relogio& relogio, std::function<void()> aoAtender);
+
+    void rotulo(Rotulo qual, VistaTexto texto) override;
+    void iniciarProgresso(const Progresso& progresso) override;
+    void avancar(const Progresso& progresso) override;
+    void concluirProgresso(const Progresso& progresso) override;
+    void processarEventos() override;
+    void mensagem(const Mensagem& mensagem) override;
+    [[nodiscard]] std::optional<double> primeirasGuias() const override;
+    void mostrar(Controle controle, bool visivel) override;
+    void habilitar(Controle controle, bool habilitado) override;
+    void legenda(Controle controle, VistaTexto texto) override;
+    void focar(Controle controle) override;
+    void marcar(Controle controle, bool marcado) override;
+    void escrever(Controle controle, VistaTexto texto) override;
+    void nomeArquivo(const std::filesystem::path& caminho) override;
+    void fechar() override;
+
+  private:
+    [[nodiscard]] QWidget* widget(Controle controle) const;
+    [[nodiscard]] QAbstractButton* botao(Controle controle) const;
+
+    JanelaPrincipal& janela_;
+    Dialogos& dialogos_;
+    const Relogio& relogio_;
+    std::function<void()> aoAtender_;
+    std::array<QWidget*, totalDeControles> controles_{}; ///< by place in `Controle`
+    std::map<Rotulo, Texto> rotulos_;                    ///< as shown
+    Relogio::Instante proximoQuadro_{};                  ///< not before this time
+};
+
+} // namespace quilatador

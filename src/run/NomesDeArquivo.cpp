@@ -1,0 +1,18 @@
+#include "run/NomesDeArquivo.h"
+
+namespace quilatador {
+
+std::filesystem::path caminhoDoLog(const std::filesystem::path& arquivo, VistaTexto sufixoSemPonto) {
+    const auto& nome = arquivo.native();
+    const std::size_t ponto = nome.find(static_cast<std::filesystem::path::value_type>('.'));
+    const bool temPonto = ponto != std::filesystem::path::string_type::npos;
+    std::filesystem::path caminho(temPonto ? nome.substr(0, ponto + 1) : nome);
+    caminho += temPonto ? VistaTexto("log") : sufixoSemPonto;
+    return caminho;
+}
+
+Texto tituloDoLog(const std::filesystem::path& arquivo, VistaTexto hoje) {
+    return junta("LOG DE DEPURAÇÃO DO ARQUIVO "_t, textoDoCaminho(arquivo), "  -   ", hoje);
+}
+
+} // namespace quilatador

@@ -1,0 +1,23 @@
+#include "run/Progresso.h"
+
+#include <algorithm>
+
+namespace quilatador {
+
+Relogio::Instante tempoDecorrido(const Progresso& progresso, Relogio::Instante agora) noexcept {
+    return agora - progresso.inicio;
+}
+
+Relogio::Instante tempoRestante(const Progresso& progresso, Relogio::Instante agora) noexcept {
+    const auto porRegistro = tempoDecorrido(progresso, agora) / std::max(progresso.registroAtual, 1);
+    return porRegistro * (progresso.totalRegistros - progresso.registroAtual);
+}
+
+Texto formatarTempo(Relogio::Instante tempo) {
+    const bool negativo = tempo < Relogio::Instante::zero();
+    const auto segundos = std::chrono::duration_cast<std::chrono::seconds>(negativo ? -tempo : tempo).count();
+    return junta(negativo && segundos > 0 ? "-" : "", comZeros(segundos / 3600, 2), ":",
+                 comZeros(segundos / 60 % 60, 2), ":", comZeros(segundos % 60, 2));
+}
+
+} // namespace quilatador

@@ -1,0 +1,202 @@
+#include "frontend/window/qt/JanelaDeTeste.h"
+
+#include <QTimer>
+
+namespace quilatador {
+namespace {
+
+using Textos = std::vector<std::string>;
+
+/// A whole analysis, as a user makes it.
+class Execucao : public testes::JanelaDeTeste {
+  protected:
+    void pedir(const char* arquivo, Texto conteudo) {
+        mundo.arquivos.conteudo[arquivo] = std::move(conteudo);
+        abrir();
+        digitar("txtNomeArquivo", arquivo);
+    }
+
+    /// Does something once, when the run has shown that it has come some way.
+    template <typename Acao>
+    void noMeio(Acao acao) {
+        QObject::connect(&relance_, &QTimer::timeout, &janela, [this, acao] {
+            if (controle<QLabel>("lblRegistroAtual")->text().toInt() < 1000) return;
+            relance_.stop();
+            relance_.disconnect();
+            EXPECT_TRUE(visivel("fraImportacao"));
+            acao();
+        });
+        relance_.start(0);
+    }
+
+    [[nodiscard]] bool naFaceDoPedido() { return visivel("fraNomeArquivo") && !visivel("fraImportacao"); }
+
+  private:
+    QTimer relance_;
+};
+
+constexpr const char* grande = "/d/grande.rem";
+constexpr VistaTexto fimCancelado = "\r\n\r\nDEPURACAO CANCELADA!\r\nDepuração terminada!\r\n"_t;
+
+Texto remessaGrande() {
+    return testes::remessa({.registros = 20'000});
+}
+
+TEST_F(Execucao, daOLogDosExemplos) {
+    struct Caso {
+        std::string pasta;
+        std::string nome;
+        const char* opcao;
+    };
+    abrir();
+    escolher("chkData");
+    controle<QComboBox>("cmbFormato")->setCurrentText(QStringLiteral("AAAAMMDD"));
+    for (const auto& [pasta, nome, opcao] :
+         {Caso{"remessa-valida", "remessa", "opt702"}, Caso{"remessa-com-erros", "remessa", "opt702"},
+          Caso{"retorno-impressao", "retorno", "opt708"}, Caso{"retorno-liquidacao", "retorno", "optTAV"}}) {
+        const std::string arquivo = nome + (nome == "remessa" ? ".rem" : ".ret");
+        const std::string exemplo = QUILATADOR_SAMPLES "/" + pasta + "/";
+        mundo.arquivos.conteudo["/exemplo/" + arquivo] = testes::lerTudo(exemplo + arquivo);
+        clicar(opcao);
+        digitar("txtNomeArquivo", ("/exemplo/" + arquivo).c_str());
+        clicar("cmdOK");
+        EXPECT_EQ(utf8DeTexto(mundo.arquivos.conteudo["/exemplo/" + nome + ".log"]),
+                  utf8DeTexto(testes::lerTudo(exemplo + nome + ".log")))
+            << pasta;
+        EXPECT_EQ(dialogos.textos(), Textos{"Análise finalizada!"});
+        EXPECT_TRUE(naFaceDoPedido());
+        for (const char* botao : {"cmdAjuda", "cmdCancela", "cmdLayout", "cmdOK", "cmdSobre"})
+            EXPECT_TRUE(habilitado(botao)) << botao;
+        EXPECT_EQ(legenda("cmdCancela"), "&Fechar");
+    }
+    EXPECT_EQ(mundo.lancador.textos.size(), 4u);
+    clicar("cmdCancela");
+    EXPECT_FALSE(janela.isVisible());
+}
+
+TEST_F(Execucao, umArquivoQueFaltaFicaNoLog) {
+    abrir();
+    digitar("txtNomeArquivo", " /d/nada ");
+    clicar("cmdOK");
+    EXPECT_NE(mundo.arquivos.conteudo[" /d/nada log"].find("Arquivo não encontrado!"_t), Texto::npos);
+    EXPECT_EQ(dialogos.textos(), Textos{"Análise finalizada!"});
+}
+
+TEST_F(Execucao, mostraAteOndeChegou) {
+    pedir(grande, remessaGrande());
+    QString operacao;
+    noMeio([&] { operacao = controle<QLabel>("lblOperacao")->text(); });
+    clicar("cmdOK");
+    EXPECT_EQ(operacao, QStringLiteral("Verificando a integridade do arquivo..."));
+    EXPECT_EQ(legenda("lblOperacao"), "Depurando guias");
+    EXPECT_EQ(legenda("lblRegistroAtual"), "20000");
+    EXPECT_EQ(legenda("lblTotalRegistros"), "20000");
+    EXPECT_EQ(legenda("lblTotalGuias"), "todas");
+    EXPECT_TRUE(legenda("lblRemessa").starts_with("Remessa: "));
+    EXPECT_TRUE(legenda("lblEmpresa").starts_with("Convenente: "));
+    EXPECT_EQ(controle<QProgressBar>("pbrImportacao")->value(), 20000);
+}
+
+TEST_F(Execucao, soAsPrimeirasGuias) {
+    pedir(grande, remessaGrande());
+    escolher("optPrimeirasGuias");
+    digitar("txtNumeroDetalhes", "3");
+    clicar("cmdOK");
+    EXPECT_EQ(legenda("lblGuiasDepuradas"), "3");
+    EXPECT_EQ(legenda("lblTotalGuias"), "3");
+}
+
+TEST_F(Execucao, cancelarNoMeioVoltaAoPedido) {
+    pedir(grande, remessaGrande());
+    noMeio([&] {
+        EXPECT_EQ(legenda("cmdCancela"), "&Cancela");
+        EXPECT_FALSE(habilitado("cmdOK"));
+        clicar("cmdCancela");
+    });
+    clicar("cmdOK");
+    EXPECT_TRUE(mundo.arquivos.conteudo["/d/grande.log"].ends_with(fimCancelado));
+    EXPECT_EQ(dialogos.textos(), Textos{"Análise finalizada!"});
+    EXPECT_TRUE(naFaceDoPedido());
+    EXPECT_EQ(focado(), "txtNomeArquivo");
+}
+
+TEST_F(Execucao, escapeCancelaUmaAnalise) {
+    pedir(grande, remessaGrande());
+    noMeio([&] { QTest::keyClick(&janela, Qt::Key_Escape); });
+    QTest::keyClick(controle("txtNomeArquivo"), Qt::Key_Return);
+    EXPECT_TRUE(mundo.arquivos.conteudo["/d/grande.log"].ends_with(fimCancelado));
+    EXPECT_TRUE(janela.isVisible());
+}
+
+TEST_F(Execucao, fecharNoMeioCancelaEFechaOLog) {
+    for (const char* opcao : {"opt702", "opt708"}) {
+        pedir(grande, testes::remessa(
+                          {.tipo = opcao == std::string_view("opt702") ? gerador::Tipo::ZUL702 : gerador::Tipo::ZUL708,
+                           .registros = 20'000}));
+        escolher(opcao);
+        noMeio([&] { EXPECT_FALSE(janela.close()); });
+        clicar("cmdOK");
+        EXPECT_FALSE(janela.isVisible());
+        EXPECT_TRUE(mundo.arquivos.tudoFechado());
+        EXPECT_NE(mundo.arquivos.conteudo["/d/grande.log"].find("CANCELAD"), Texto::npos);
+    }
+}
+
+TEST_F(Execucao, pedidoDeForaCancelaEFechaOLog) {
+    bool pedido = false;
+    aplicacao.encerrarQuando([&] { return pedido; });
+    pedir(grande, remessaGrande());
+    noMeio([&] {
+        pedido = true;
+        QTest::qWait(150);
+    });
+    clicar("cmdOK");
+    EXPECT_FALSE(janela.isVisible());
+    EXPECT_TRUE(mundo.arquivos.conteudo["/d/grande.log"].ends_with(fimCancelado));
+}
+
+TEST_F(Execucao, duranteUmRetornoNenhumBotaoServe) {
+    pedir(grande, testes::remessa({.tipo = gerador::Tipo::ZUL708, .registros = 20'000}));
+    escolher("opt708");
+    noMeio([&] {
+        for (const char* botao : {"cmdAjuda", "cmdCancela", "cmdLayout", "cmdOK", "cmdSobre"})
+            EXPECT_FALSE(habilitado(botao)) << botao;
+        EXPECT_FALSE(visivel("Label5") || visivel("lblRegistroAtual"));
+        EXPECT_EQ(legenda("lblOperacao"), "Aguarde. Analisando Arquivo...");
+    });
+    clicar("cmdOK");
+    EXPECT_EQ(dialogos.textos(), Textos{"Análise finalizada!"});
+}
+
+TEST_F(Execucao, aPosicaoDependeDoFormato) {
+    pedir("/d/remessa.rem", testes::remessa());
+    escolher("chkData");
+    for (const auto& [posicao, formato, maior] : {std::tuple{"41", "ADDD", "40"}, {"37", "AAAAMMDD", "36"}}) {
+        digitar("txtPosicao", posicao);
+        controle<QComboBox>("cmbFormato")->setCurrentText(QString::fromLatin1(formato));
+        clicar("cmdOK");
+        EXPECT_EQ(dialogos.textos(),
+                  Textos{std::string("Posição da data no código de barras para este formato não pode ser maior que ") +
+                         maior});
+        EXPECT_EQ(focado(), "txtPosicao");
+        EXPECT_TRUE(naFaceDoPedido());
+        EXPECT_EQ(legenda("cmdCancela"), "&Sair");
+    }
+    digitar("txtPosicao", "36");
+    QTest::keyClick(controle("txtPosicao"), Qt::Key_Return);
+    EXPECT_EQ(dialogos.textos(), Textos{"Análise finalizada!"});
+}
+
+TEST_F(Execucao, aTeclaEnterNaoFogeDaConferenciaDaPosicao) {
+    pedir("/d/remessa.rem", testes::remessa());
+    escolher("chkData");
+    digitar("txtPosicao", "19");
+    QTest::keyClick(controle("txtPosicao"), Qt::Key_Return);
+    QApplication::processEvents();
+    EXPECT_EQ(dialogos.textos(),
+              Textos{"Posição da data no código de barras deve estar entre 20 e 41 (limites do campo livre)!"});
+    EXPECT_TRUE(mundo.lancador.textos.empty());
+}
+
+} // namespace
+} // namespace quilatador

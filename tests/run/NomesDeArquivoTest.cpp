@@ -1,0 +1,25 @@
+#include "run/NomesDeArquivo.h"
+
+#include <gtest/gtest.h>
+
+namespace quilatador {
+namespace {
+
+TEST(NomesDeArquivo, logAteOPrimeiroPonto) {
+    using Caso = std::pair<std::string, std::string>;
+    for (const auto& [arquivo, log] :
+         {Caso{"/dados/remessa.rem", "/dados/remessa.log"}, Caso{"/dados/a.b.rem", "/dados/a.log"},
+          Caso{"/dados.2024/remessa.rem", "/dados.log"}, Caso{"/dados/remessa.", "/dados/remessa.log"},
+          Caso{"/dados/.rem", "/dados/.log"}, Caso{"/dados/março.rem", "/dados/março.log"}})
+        EXPECT_EQ(caminhoDoLog(arquivo, ".log"), log);
+    EXPECT_EQ(caminhoDoLog("/dados/remessa", "log"), "/dados/remessalog");
+    EXPECT_EQ(caminhoDoLog("/dados/remessa", ".log"), "/dados/remessa.log");
+}
+
+TEST(NomesDeArquivo, titulo) {
+    EXPECT_EQ(tituloDoLog("/dados/março.rem", "10/03/2026"),
+              "LOG DE DEPURAÇÃO DO ARQUIVO /dados/março.rem  -   10/03/2026"_t);
+}
+
+} // namespace
+} // namespace quilatador
