@@ -2,17 +2,12 @@
 
 #include "common/Arquivos.h"
 #include "common/Texto.h"
+#include "run/TipoArquivo.h"
 
 #include <filesystem>
 #include <optional>
 
 namespace quilatador {
-
-enum class TipoArquivo {
-    ZUL702, ///< remittance for printing
-    ZUL708, ///< return of that remittance
-    TAV001  ///< settlement return
-};
 
 /// Formats of the due date in the barcode that are offered; the user may give another.
 inline constexpr VistaTexto formatosOferecidos[] = {"AAAAMMDD", "AAMMDD", "DDMMAAAA", "DDMMAA", "DDDA", "AADDD"};

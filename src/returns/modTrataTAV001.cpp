@@ -9,17 +9,17 @@ namespace quilatador {
 namespace {
 
 /// Ends what is told of a record.
-constexpr VistaTexto separador = "\r\n\r\n----------------------------------------------\r\n\r\n";
+constexpr VistaTexto separador = "\r\n\r\n----------------------------------------------\r\n\r\n"_t;
 
 /// What the first line must have.
-struct Exigencia {
+struct MarcaDoTipo {
     VistaTexto campo;
     std::size_t inicio;
     VistaTexto valor;
 };
 
-constexpr std::array exigencias{Exigencia{"TipoReg", 1, "A"}, Exigencia{"CodigoRemessa", 2, "2"},
-                                Exigencia{"VersaoLayout", 80, "03"}};
+constexpr std::array marcasDoTipo{MarcaDoTipo{"TipoReg"_t, 1, "A"_t}, MarcaDoTipo{"CodigoRemessa"_t, 2, "2"_t},
+                                  MarcaDoTipo{"VersaoLayout"_t, 80, "03"_t}};
 
 /// A line that may end before any of its fields does.
 struct LinhaQualquer {
@@ -53,10 +53,10 @@ struct DataDaLinha {
 
 class RelatorioTAV001 final : public AnaliseDeRetorno {
   public:
-    RelatorioTAV001(Ambiente& ambiente, const modVariaveis& globais, const PedidoDeRetorno& pedido)
-        : AnaliseDeRetorno(ambiente, globais, pedido)
-        , milhar_(localidade().separadorDeMilhar())
-        , decimal_(localidade().separadorDecimal()) {}
+    RelatorioTAV001(Rodada& rodada, const modVariaveis& globais)
+        : AnaliseDeRetorno(rodada, globais)
+        , milhar_(rodada.ambiente().localidade.separadorDeMilhar())
+        , decimal_(rodada.ambiente().localidade.separadorDecimal()) {}
 
   private:
     [[nodiscard]] std::optional<Achado> tratarHeader(VistaTexto linha) override;
@@ -78,30 +78,30 @@ class RelatorioTAV001 final : public AnaliseDeRetorno {
 };
 
 std::optional<Achado> RelatorioTAV001::tratarHeader(VistaTexto linha) {
-    for (const auto& [campo, inicio, valor] : exigencias) {
+    for (const auto& [campo, inicio, valor] : marcasDoTipo) {
         const VistaTexto encontrado = trecho(linha, inicio, valor.size());
         if (encontrado == valor) continue;
-        return Achado{.id = "tav001.tipoInvalido",
+        return Achado{.id = "tav001.tipoInvalido"_t,
                       .gravidade = Gravidade::Estrutural,
                       .linha = linhaAtual(),
                       .campo =
                           CampoDoAchado{Texto(campo), static_cast<int>(inicio),
                                         static_cast<int>(inicio + valor.size() - 1), Texto(encontrado), Texto(valor)},
-                      .mensagem = junta("Linha: ", trecho(linha, 235, 6),
+                      .mensagem = junta("Linha: "_t, trecho(linha, 235, 6),
                                         " - O Arquivo não é do tipo TAV001 ou a versão é diferente de 03!"_t)};
     }
-    mostrar(Rotulo::Remessa, junta("Sequencial: ", trecho(linha, 74, 6)));
+    mostrar(Rotulo::Remessa, junta("Sequencial: "_t, trecho(linha, 74, 6)));
     mostrar(Rotulo::Empresa, junta("Empresa/Órgão: "_t, trecho(linha, 23, 20)));
     const DataDaLinha geracao(LinhaQualquer{linha}, 66);
-    Bloco::Caneta caneta = comecar(maiorTraco());
-    caneta.append("Convênio...............: "_t, trecho(linha, 3, 20), "\r\n", //
-                  "Empresa/Órgão..........: "_t, trecho(linha, 23, 20), "\r\n", "Código do Banco........: "_t,
-                  trecho(linha, 43, 3), "\r\n", //
-                  "Nome do Banco..........: ", trecho(linha, 46, 20), "\r\n", "Data Geração do Arquivo: "_t,
-                  geracao.dia, "/", geracao.mes, "/", geracao.ano, "\r\n",
-                  "Sequencial.............: ", trecho(linha, 74, 6), "\r\n", //
+    Bloco::Caneta caneta = rodada().comecar(maiorTraco());
+    caneta.append("Convênio...............: "_t, trecho(linha, 3, 20), "\r\n"_t, //
+                  "Empresa/Órgão..........: "_t, trecho(linha, 23, 20), "\r\n"_t, "Código do Banco........: "_t,
+                  trecho(linha, 43, 3), "\r\n"_t, //
+                  "Nome do Banco..........: "_t, trecho(linha, 46, 20), "\r\n"_t, "Data Geração do Arquivo: "_t,
+                  geracao.dia, "/"_t, geracao.mes, "/"_t, geracao.ano, "\r\n"_t, "Sequencial.............: "_t,
+                  trecho(linha, 74, 6), "\r\n"_t, //
                   "Versão do Leiaute......: "_t, trecho(linha, 80, 2), separador);
-    terminar(caneta);
+    rodada().terminar(caneta);
     return std::nullopt;
 }
 
@@ -116,36 +116,36 @@ template <typename Linha>
 void RelatorioTAV001::juntarPagamento(Linha linha) {
     const DataDaLinha pagamento(linha, 22);
     const DataDaLinha credito(linha, 30);
-    Bloco::Caneta caneta = comecar(maiorTraco());
-    caneta.append("Agência/Conta Creditada: "_t, linha.campo(2, 20), "\r\nData de Pagamento......: ", pagamento.dia,
-                  "/", pagamento.mes, "/", pagamento.ano, "\r\nData de Crédito........: "_t, credito.dia, "/",
-                  credito.mes, "/", credito.ano, "\r\nCódigo de Barras.......: "_t, linha.campo(38, 44),
-                  "\r\nValor Recebido.........: ");
+    Bloco::Caneta caneta = rodada().comecar(maiorTraco());
+    caneta.append("Agência/Conta Creditada: "_t, linha.campo(2, 20), "\r\nData de Pagamento......: "_t, pagamento.dia,
+                  "/"_t, pagamento.mes, "/"_t, pagamento.ano, "\r\nData de Crédito........: "_t, credito.dia, "/"_t,
+                  credito.mes, "/"_t, credito.ano, "\r\nCódigo de Barras.......: "_t, linha.campo(38, 44),
+                  "\r\nValor Recebido.........: "_t);
     juntarValor(caneta, linha.campo(82, 12));
-    caneta.append("\r\nValor da Tarifa........: ");
+    caneta.append("\r\nValor da Tarifa........: "_t);
     juntarValor(caneta, linha.campo(94, 7));
-    caneta.append("\r\nSequencial de Registro.: ", linha.campo(101, 8), //
-                  "\r\nAgência Arrecadadora...: "_t, linha.campo(109, 8), "\r\n");
-    terminar(caneta); // what stands before a look-up that fails is in the log
+    caneta.append("\r\nSequencial de Registro.: "_t, linha.campo(101, 8), //
+                  "\r\nAgência Arrecadadora...: "_t, linha.campo(109, 8), "\r\n"_t);
+    rodada().terminar(caneta); // what stands before a look-up that fails is in the log
 
     const VistaTexto canal = consultas().formaArrecadacao(linha.campo(117, 1));
-    caneta = comecar(maiorTraco() + canal.size());
+    caneta = rodada().comecar(maiorTraco() + canal.size());
     caneta.append("Forma de Arrecadação...: "_t, canal, //
-                  "\r\nAutenticação...........: "_t, linha.campo(118, 23), "\r\n");
-    terminar(caneta);
+                  "\r\nAutenticação...........: "_t, linha.campo(118, 23), "\r\n"_t);
+    rodada().terminar(caneta);
 
     const VistaTexto forma = consultas().formaPagamento(linha.campo(141, 1));
-    caneta = comecar(maiorTraco() + forma.size());
-    caneta.append("Forma de Pagamento.....: ", forma, separador);
-    terminar(caneta);
+    caneta = rodada().comecar(maiorTraco() + forma.size());
+    caneta.append("Forma de Pagamento.....: "_t, forma, separador);
+    rodada().terminar(caneta);
 }
 
 void RelatorioTAV001::juntarTotais(VistaTexto linha) {
-    Bloco::Caneta caneta = comecar(maiorTraco());
-    caneta.append("Total de Registros do Arquivo: ", trecho(linha, 2, 6), "\r\nValor Total Recebido.........: ");
+    Bloco::Caneta caneta = rodada().comecar(maiorTraco());
+    caneta.append("Total de Registros do Arquivo: "_t, trecho(linha, 2, 6), "\r\nValor Total Recebido.........: "_t);
     juntarValor(caneta, trecho(linha, 8, 17));
-    caneta.append("\r\n\r\n");
-    terminar(caneta);
+    caneta.append("\r\n\r\n"_t);
+    rodada().terminar(caneta);
 }
 
 void RelatorioTAV001::juntarValor(Bloco::Caneta& caneta, VistaTexto centavos) const {
@@ -159,9 +159,9 @@ void RelatorioTAV001::juntarValor(Bloco::Caneta& caneta, VistaTexto centavos) co
 
 } // namespace
 
-ResultadoRetorno tratarRetornoTAV001(Ambiente& ambiente, const modVariaveis& globais, const PedidoDeRetorno& pedido,
-                                     const std::atomic<bool>& cancelado) {
-    return RelatorioTAV001(ambiente, globais, pedido).executar(cancelado);
+Resumo tratarRetornoTAV001(Rodada& rodada, const modVariaveis& globais) {
+    RelatorioTAV001 relatorio(rodada, globais);
+    return rodada.executar(relatorio);
 }
 
 } // namespace quilatador

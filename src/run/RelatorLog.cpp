@@ -54,36 +54,4 @@ void RelatorLog::fechar() {
     gravar([&] { arquivo_->fechar(); });
 }
 
-void avisarFaltaDeMemoria(Painel& painel, VistaTexto titulo) {
-    painel.mensagem(
-        {.texto = Texto(memoriaInsuficiente), .titulo = Texto(titulo), .icone = Mensagem::Icone::Exclamacao});
-}
-
-void avisarFalhaDoLog(Painel& painel, const std::filesystem::path& log, const FalhaDoLog& falha, VistaTexto titulo) {
-    painel.mensagem(
-        {.texto = junta("Erro na gravação do arquivo de log: "_t, textoDoCaminho(log), " (", falha.descricao(), ")"),
-         .titulo = Texto(titulo),
-         .icone = Mensagem::Icone::Exclamacao});
-}
-
-std::unique_ptr<RelatorLog> criarLog(Ambiente& ambiente, const std::filesystem::path& analisado,
-                                     const std::filesystem::path& log, VistaTexto titulo) {
-    const auto recusar = [&](VistaTexto motivo) {
-        ambiente.painel.mensagem({.texto = junta(motivo, textoDoCaminho(log)),
-                                  .titulo = Texto(titulo),
-                                  .icone = Mensagem::Icone::Exclamacao});
-        return nullptr;
-    };
-    if (ambiente.arquivos.mesmoArquivo(analisado, log))
-        return recusar("O arquivo de log seria o próprio arquivo analisado: "_t);
-    for (const std::filesystem::path& doPrograma : {ambiente.leiaute(), ambiente.bancoDeDados()})
-        if (ambiente.arquivos.mesmoArquivo(doPrograma, log))
-            return recusar("O arquivo de log seria um arquivo do próprio programa: "_t);
-    try {
-        return std::make_unique<RelatorLog>(ambiente.arquivos.criarSaida(log));
-    } catch (const Falha&) {
-        return recusar("Erro na criacao do arquivo de log: ");
-    }
-}
-
 } // namespace quilatador

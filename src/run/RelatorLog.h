@@ -1,11 +1,10 @@
 #pragma once
 
+#include "common/Arquivos.h"
 #include "common/Bloco.h"
 #include "common/Falha.h"
-#include "run/Ambiente.h"
 #include "run/Relator.h"
 
-#include <filesystem>
 #include <memory>
 
 namespace quilatador {
@@ -49,16 +48,5 @@ class RelatorLog : public Relator {
     std::unique_ptr<ArquivoSaida> arquivo_;
     Bloco pendente_;
 };
-
-/// Creates the log of an analysis. None, after an error box of that title, where it cannot be created or would be
-/// the analysed file itself or one of the program's own (also through a link).
-[[nodiscard]] std::unique_ptr<RelatorLog> criarLog(Ambiente& ambiente, const std::filesystem::path& analisado,
-                                                   const std::filesystem::path& log, VistaTexto titulo);
-
-/// Tells the user that there was no memory for the analysis.
-void avisarFaltaDeMemoria(Painel& painel, VistaTexto titulo);
-
-/// Tells the user that the log could not be written to its end.
-void avisarFalhaDoLog(Painel& painel, const std::filesystem::path& log, const FalhaDoLog& falha, VistaTexto titulo);
 
 } // namespace quilatador

@@ -2,8 +2,8 @@
 
 namespace quilatador {
 
-Conferencia::Conferencia(Depurador& depurador, const RegistroRemessa& registro, char segmento, AoFalhar aoFalhar)
-    : depurador_(depurador), registro_(registro), segmento_(segmento), aoFalhar_(aoFalhar) {}
+Conferencia::Conferencia(Rodada& rodada, const RegistroRemessa& registro, char segmento, AoFalhar aoFalhar)
+    : rodada_(rodada), registro_(registro), segmento_(segmento), aoFalhar_(aoFalhar) {}
 
 template <typename Leitura>
 auto Conferencia::ler(Leitura leitura) -> decltype(leitura()) {
@@ -25,18 +25,18 @@ Valor Conferencia::valorDe(const RegistroRemessa& registro, VistaTexto nomeCampo
 }
 
 void Conferencia::eco(VistaTexto rotulo, VistaTexto conteudo) {
-    depurador_.escreverLog(junta(rotulo, conteudo));
+    rodada_.escreverLog(junta(rotulo, conteudo));
 }
 
 void Conferencia::erro(const Assunto& assunto, VistaTexto mensagem, std::optional<std::int32_t> linha) {
     const std::int32_t numero = linha ? *linha : linhaDoRegistro();
     aprovada_ = false;
-    depurador_.escreverErro(Achado{.id = assunto.id,
-                                   .gravidade = Gravidade::Erro,
-                                   .linha = numero,
-                                   .segmento = segmento_,
-                                   .campo = campoDoAchado(assunto),
-                                   .mensagem = Texto(mensagem)});
+    rodada_.escreverErro(Achado{.id = assunto.id,
+                                .gravidade = Gravidade::Erro,
+                                .linha = numero,
+                                .segmento = segmento_,
+                                .campo = campoDoAchado(assunto),
+                                .mensagem = Texto(mensagem)});
 }
 
 void Conferencia::exigir(const Assunto& assunto, VistaTexto mensagem) {
@@ -49,7 +49,7 @@ void Conferencia::exigirNaoZero(const Assunto& assunto, VistaTexto mensagem) {
 
 std::int32_t Conferencia::linhaDoRegistro() const {
     try {
-        return registro_.getValorCampo("Sequencial").paraLongo();
+        return registro_.getValorCampo("Sequencial"_t).paraLongo();
     } catch (const Falha&) {
         if (aoFalhar_ == AoFalhar::Propagar) throw;
         return 0;

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "common/Falha.h"
-#include "validator/Depurador.h"
+#include "layout/RegistroRemessa.h"
+#include "run/Rodada.h"
 
 #include <optional>
 
@@ -14,7 +15,8 @@ struct Assunto {
     std::optional<Texto> esperado = {};
 };
 
-/// One record under check: reads its fields, and writes echoes and findings about it with the right line number.
+/// One record under check: reads its fields, and writes echoes and findings about it with the right line number. A
+/// check makes one, goes through its steps, and asks at the end whether the record was approved.
 class Conferencia {
   public:
     /// What happens where a field cannot be read.
@@ -24,8 +26,8 @@ class Conferencia {
         PularPasso  ///< the failure goes up to the `passo` in hand; an unreadable `Sequencial` is line 0
     };
 
-    Conferencia(Depurador& depurador, const RegistroRemessa& registro, char segmento,
-                AoFalhar aoFalhar = AoFalhar::Propagar);
+    /// All that is given must live as long.
+    Conferencia(Rodada& rodada, const RegistroRemessa& registro, char segmento, AoFalhar aoFalhar = AoFalhar::Propagar);
 
     [[nodiscard]] Texto texto(VistaTexto nomeCampo);
     [[nodiscard]] Valor valor(VistaTexto nomeCampo) { return valorDe(registro_, nomeCampo); }
@@ -33,6 +35,9 @@ class Conferencia {
     [[nodiscard]] Valor valorDe(const RegistroRemessa& registro, VistaTexto nomeCampo);
     /// Whether a value could not be read so far.
     [[nodiscard]] bool falhou() const noexcept { return falhou_; }
+
+    /// The day of the run.
+    [[nodiscard]] const Data& hoje() const noexcept { return rodada_.hoje(); }
 
     /// Writes a line of label and content, nothing between them.
     void eco(VistaTexto rotulo, VistaTexto conteudo);
@@ -47,8 +52,7 @@ class Conferencia {
     /// Whether no error was written.
     [[nodiscard]] bool aprovada() const noexcept { return aprovada_; }
 
-    /// Does one step; one with a field that cannot be read is left out whole, so it
-    /// reads before it writes.
+    /// Does one step. One with a field that cannot be read is left out whole, so a step reads before it writes.
     template <typename Passo>
     void passo(Passo passo) {
         try {
@@ -64,7 +68,7 @@ class Conferencia {
     [[nodiscard]] std::int32_t linhaDoRegistro() const;
     [[nodiscard]] std::optional<CampoDoAchado> campoDoAchado(const Assunto& assunto) const;
 
-    Depurador& depurador_;
+    Rodada& rodada_;
     const RegistroRemessa& registro_;
     char segmento_;
     AoFalhar aoFalhar_;

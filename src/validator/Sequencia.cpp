@@ -1,5 +1,6 @@
-#include "validator/Depurador.h"
-#include "validator/ParadaEstrutural.h"
+#include "validator/Sequencia.h"
+
+#include "run/ParadaEstrutural.h"
 
 #include <algorithm>
 #include <array>
@@ -11,48 +12,49 @@ namespace {
 constexpr VistaTexto naoEhHeader = "Primeira linha do arquivo não corresponde ao Header!"_t;
 
 /// What must stand right before a letter, in the history of the definition or of the slip.
-struct Exigencia {
+struct Antecedente {
     char letra;
     VistaTexto anteriores; ///< any of these letters
     VistaTexto id;
     VistaTexto mensagem;
 };
 
-constexpr std::array exigenciasDaDefinicao{
-    Exigencia{'C', "B", "sequencia.c.semB", "Segmento 'C' exige segmento 'B' antecedendo."},
-    Exigencia{'D', "C", "sequencia.d.semC", "Segmento 'D' exige segmento 'C' antecedendo."},
-    Exigencia{'E', "D", "sequencia.e.semD", "Segmento 'E' exige segmento 'D' antecedendo."},
-    Exigencia{'F', "E", "sequencia.f.semE", "Segmento 'F' exige segmento 'E' antecedendo."},
-    Exigencia{'G', "FG", "sequencia.g.semF", "Segmento 'G' exige segmento 'F' antecedendo."},
-    Exigencia{'L', "KL", "sequencia.l.semK", "Segmento 'L' exige segmento 'K' antecedendo."},
-    Exigencia{'S', "L", "sequencia.s.semL", "Segmento 'S' exige segmento 'L'."}};
+constexpr std::array antecedentesNaDefinicao{
+    Antecedente{'C', "B"_t, "sequencia.c.semB"_t, "Segmento 'C' exige segmento 'B' antecedendo."_t},
+    Antecedente{'D', "C"_t, "sequencia.d.semC"_t, "Segmento 'D' exige segmento 'C' antecedendo."_t},
+    Antecedente{'E', "D"_t, "sequencia.e.semD"_t, "Segmento 'E' exige segmento 'D' antecedendo."_t},
+    Antecedente{'F', "E"_t, "sequencia.f.semE"_t, "Segmento 'F' exige segmento 'E' antecedendo."_t},
+    Antecedente{'G', "FG"_t, "sequencia.g.semF"_t, "Segmento 'G' exige segmento 'F' antecedendo."_t},
+    Antecedente{'L', "KL"_t, "sequencia.l.semK"_t, "Segmento 'L' exige segmento 'K' antecedendo."_t},
+    Antecedente{'S', "L"_t, "sequencia.s.semL"_t, "Segmento 'S' exige segmento 'L'."_t}};
 
-constexpr std::array exigenciasDaGuia{
-    Exigencia{'T', "S", "sequencia.t.semS", "Segmento 'T' exige segmento 'S' antecedendo."},
-    Exigencia{'U', "T", "sequencia.u.semT", "Segmento 'U' exige segmento 'T' antecedendo."},
-    Exigencia{'V', "U", "sequencia.v.semUOuF", "Segmento 'V' exige segmento 'U' antecedendo e segmento 'F'."},
-    Exigencia{'W', "V", "sequencia.w.semVOuG", "Segmento 'W' exige segmento 'V' antecedendo e segmento 'G'."},
-    Exigencia{'X', "UVWX", "sequencia.x.foraDeLugar", "Segmento 'X' exige segmento 'U', 'V', 'W' ou 'X' antecedendo."},
-    Exigencia{'Y', "UVWXY", "sequencia.y.foraDeLugar",
-              "Segmento 'Y' exige segmento 'U', 'V', 'W', 'X', ou 'Y' antecedendo."},
+constexpr std::array antecedentesNaGuia{
+    Antecedente{'T', "S"_t, "sequencia.t.semS"_t, "Segmento 'T' exige segmento 'S' antecedendo."_t},
+    Antecedente{'U', "T"_t, "sequencia.u.semT"_t, "Segmento 'U' exige segmento 'T' antecedendo."_t},
+    Antecedente{'V', "U"_t, "sequencia.v.semUOuF"_t, "Segmento 'V' exige segmento 'U' antecedendo e segmento 'F'."_t},
+    Antecedente{'W', "V"_t, "sequencia.w.semVOuG"_t, "Segmento 'W' exige segmento 'V' antecedendo e segmento 'G'."_t},
+    Antecedente{'X', "UVWX"_t, "sequencia.x.foraDeLugar"_t,
+                "Segmento 'X' exige segmento 'U', 'V', 'W' ou 'X' antecedendo."_t},
+    Antecedente{'Y', "UVWXY"_t, "sequencia.y.foraDeLugar"_t,
+                "Segmento 'Y' exige segmento 'U', 'V', 'W', 'X', ou 'Y' antecedendo."_t},
     // Names 'Y' twice: kept on purpose, the sample sequencia-z-sem-y holds it.
-    Exigencia{'Z', "Y", "sequencia.z.semY", "Segmento 'Y' exige segmento 'Y' antecedendo."}};
+    Antecedente{'Z', "Y"_t, "sequencia.z.semY"_t, "Segmento 'Y' exige segmento 'Y' antecedendo."_t}};
 
 /// The requirements of a history, to be found by letter.
-using PorLetra = std::array<const Exigencia*, 256>;
+using PorLetra = std::array<const Antecedente*, 256>;
 
 template <std::size_t N>
-constexpr PorLetra porLetra(const std::array<Exigencia, N>& exigencias) {
+constexpr PorLetra porLetra(const std::array<Antecedente, N>& antecedentes) {
     PorLetra tabela{};
-    for (const Exigencia& exigencia : exigencias)
-        tabela[static_cast<unsigned char>(exigencia.letra)] = &exigencia;
+    for (const Antecedente& antecedente : antecedentes)
+        tabela[static_cast<unsigned char>(antecedente.letra)] = &antecedente;
     return tabela;
 }
 
-constexpr PorLetra definicaoPorLetra = porLetra(exigenciasDaDefinicao);
-constexpr PorLetra guiaPorLetra = porLetra(exigenciasDaGuia);
+constexpr PorLetra definicaoPorLetra = porLetra(antecedentesNaDefinicao);
+constexpr PorLetra guiaPorLetra = porLetra(antecedentesNaGuia);
 
-const Exigencia* exigenciaDe(const PorLetra& tabela, char letra) {
+const Antecedente* antecedenteDe(const PorLetra& tabela, char letra) {
     // cppcheck-suppress CastIntegerToAddressAtReturn ; the table holds pointers
     return tabela[static_cast<unsigned char>(letra)];
 }
@@ -78,127 +80,129 @@ ParadaEstrutural paradaSemLinha(VistaTexto id, std::int32_t linha, VistaTexto me
 
 } // namespace
 
-void Depurador::verificarSequencia() {
-    escreverLog("VERIFICAÇÃO DA SEQUÊNCIA DE REGISTROS!"_t);
-    iniciarFase("Verificando a integridade do arquivo..."_t, execucao_.totalRegistrosEstimado);
-    execucao_.linhaAtual = 1;
+bool Sequencia::verificar() {
+    Progresso& progresso = rodada_.progresso();
+    rodada_.escreverLog("VERIFICAÇÃO DA SEQUÊNCIA DE REGISTROS!"_t);
+    rodada_.painel().rotulo(Rotulo::Operacao, "Verificando a integridade do arquivo..."_t);
+    rodada_.iniciarFase(progresso.totalRegistros);
+    progresso.registroAtual = 1;
     verificarHeader();
     for (;;) {
-        const RegistroRemessa& registro = arquivoRemessa_->lerRegistro(false);
+        const RegistroRemessa& registro = leitor_.ler();
         if (registro.linha().empty()) break;
         verificarTamanho(registro);
-        ++execucao_.linhaAtual;
-        ambiente_.painel.avancar(progresso());
-        if (Cancelado) return;
+        ++progresso.registroAtual;
+        rodada_.painel().avancar(progresso);
+        if (rodada_.cancelada()) return false;
         verificarOrdem(registro);
     }
-    if (!contem(execucao_.historicoDefinicao, "Z"))
-        pararNaLinha("sequencia.z.ausente", 0, "Segmento 'Z' exigido ao final do arquivo");
-    execucao_.totalRegistros = execucao_.linhaAtual;
+    if (!contem(historicoDefinicao_, "Z"_t))
+        pararNaLinha("sequencia.z.ausente"_t, 0, "Segmento 'Z' exigido ao final do arquivo"_t);
+    progresso.totalRegistros = progresso.registroAtual;
+    rodada_.resumo().totalRegistros = progresso.registroAtual;
+    return true;
 }
 
 /// The first line; one that is missing, empty or of no known type is no header.
-const RegistroRemessa& Depurador::lerHeader() {
+const RegistroRemessa& Sequencia::lerHeader() {
     try {
-        const RegistroRemessa& registro = arquivoRemessa_->lerRegistro(false);
+        const RegistroRemessa& registro = leitor_.ler();
         if (!registro.linha().empty()) return registro;
     } catch (const Falha& falha) {
-        if (falha.fonte() != "ArquivoRemessa") throw;
+        if (falha.fonte() != "ArquivoRemessa"_t) throw;
     }
-    throw paradaSemLinha("sequencia.a.ausente", 1, naoEhHeader);
+    throw paradaSemLinha("sequencia.a.ausente"_t, 1, naoEhHeader);
 }
 
-void Depurador::verificarHeader() {
+void Sequencia::verificarHeader() {
     const RegistroRemessa& registro = lerHeader();
     verificarTamanho(registro);
-    if (diferente(valorDaLinha(registro, camposDaLinha().tipoReg, "TipoReg"), "A"))
-        throw paradaSemLinha("sequencia.a.ausente", 1, naoEhHeader);
-    if (diferente(registro.getValorCampo("NomeArquivo"), "ZUL702"))
-        throw paradaSemLinha("sequencia.a.nomeArquivo", 1, "Arquivo não é ZUL702!"_t);
+    if (diferente(registro.getValorCampo("TipoReg"_t), "A"_t))
+        throw paradaSemLinha("sequencia.a.ausente"_t, 1, naoEhHeader);
+    if (diferente(registro.getValorCampo("NomeArquivo"_t), "ZUL702"_t))
+        throw paradaSemLinha("sequencia.a.nomeArquivo"_t, 1, "Arquivo não é ZUL702!"_t);
     // Every revision of version 1.00 is accepted, "1.00.01" with its own checks.
-    if (trecho(registro.getValorCampoString("VersaoLayout"), 1, 4) != "1.00")
-        throw paradaSemLinha("sequencia.a.versaoLayout", 1, "Versao de layout incompatível. Esperada: 1.00"_t);
-    execucao_.convenioHeader = registro.getValorCampoString("Convenio");
-    execucao_.historicoDefinicao.assign(1, 'A');
+    if (trecho(registro.getValorCampoString("VersaoLayout"_t), 1, 4) != "1.00"_t)
+        throw paradaSemLinha("sequencia.a.versaoLayout"_t, 1, "Versao de layout incompatível. Esperada: 1.00"_t);
+    convenioHeader_ = registro.getValorCampoString("Convenio"_t);
+    historicoDefinicao_.assign(1, 'A');
     verificarIDRegistro(registro, 'A');
 }
 
-void Depurador::verificarTamanho(const RegistroRemessa& registro) const {
+void Sequencia::verificarTamanho(const RegistroRemessa& registro) const {
     if (registro.linha().size() == static_cast<std::size_t>(registro.Tamanho())) return;
-    throw paradaSemLinha("sequencia.tamanho", arquivoRemessa_->contador(),
-                         junta("Tamanho de registro inválido. Esperado "_t, std::to_string(registro.Tamanho())));
+    throw paradaSemLinha("sequencia.tamanho"_t, leitor_.lidas(),
+                         junta("Tamanho de registro inválido. Esperado "_t, textoDe(registro.Tamanho())));
 }
 
-void Depurador::verificarOrdem(const RegistroRemessa& registro) {
-    const CamposDeTodaLinha& campos = camposDaLinha();
-    const Texto& tipo = tipoDaLinha(registro);
-    const char letra = tipo.size() == 1 ? tipo.front() : '\0';
-    if (diferente(valorDaLinha(registro, campos.sequencial, "Sequencial"), execucao_.linhaAtual))
-        pararNaLinha("sequencia.sequencial", letra, "Sequencial de registro inválido."_t);
-    if (tipo < ultimos(execucao_.historicoDefinicao, 1))
-        pararNaLinha("sequencia.foraDeOrdem", letra, "Tipos de registro fora de sequência."_t);
-    const bool mesmoConvenio = campos.convenio ? registro.textoNaLinha(*campos.convenio) == execucao_.convenioHeader
-                                               : registro.getValorCampoString("Convenio") == execucao_.convenioHeader;
-    if (!mesmoConvenio)
-        pararNaLinha("sequencia.convenio", letra, "Número de convênio diferente do constante no header."_t);
+void Sequencia::verificarOrdem(const RegistroRemessa& registro) {
+    const Texto& tipo = leitor_.tipo();
+    const char letra = leitor_.letra();
+    if (diferente(leitor_.sequencial(), linhaAtual()))
+        pararNaLinha("sequencia.sequencial"_t, letra, "Sequencial de registro inválido."_t);
+    if (tipo < ultimos(historicoDefinicao_, 1))
+        pararNaLinha("sequencia.foraDeOrdem"_t, letra, "Tipos de registro fora de sequência."_t);
+    if (leitor_.convenio() != convenioHeader_)
+        pararNaLinha("sequencia.convenio"_t, letra, "Número de convênio diferente do constante no header."_t);
     verificarRegrasDaLetra(letra);
     if (letra != 'A') verificarIDRegistro(registro, letra); // a second A has no rule
     anotarLetra(letra);
 }
 
-void Depurador::verificarRegrasDaLetra(char letra) {
-    const Texto& definicao = execucao_.historicoDefinicao;
-    Texto& guia = execucao_.historicoGuia;
+void Sequencia::verificarRegrasDaLetra(char letra) const {
+    const Texto& definicao = historicoDefinicao_;
+    const Texto& guia = historicoGuia_;
     if (letra == 'S' && !guia.empty()) verificarFimDaGuia();
-    if (const Exigencia* e = exigenciaDe(definicaoPorLetra, letra); e && !terminaEm(definicao, e->anteriores))
+    if (const Antecedente* e = antecedenteDe(definicaoPorLetra, letra); e && !terminaEm(definicao, e->anteriores))
         pararNaLinha(e->id, letra, e->mensagem);
-    if (const Exigencia* e = exigenciaDe(guiaPorLetra, letra)) {
+    if (const Antecedente* e = antecedenteDe(guiaPorLetra, letra)) {
         const bool faltaDefinicao =
-            (letra == 'V' && !contem(definicao, "F")) || (letra == 'W' && !contem(definicao, "G"));
+            (letra == 'V' && !contem(definicao, "F"_t)) || (letra == 'W' && !contem(definicao, "G"_t));
         if (faltaDefinicao || !terminaEm(guia, e->anteriores)) pararNaLinha(e->id, letra, e->mensagem);
     }
-    if (letra == 'B' && contem(definicao, "B"))
-        pararNaLinha("sequencia.b.duplicado", letra, "Encontrada duplicidade de registros do segmento 'B'.");
-    if (letra == 'K' && !contem(definicao, "E"))
-        pararNaLinha("sequencia.k.semE", letra, "Segmento 'K' exige segmento 'E'.");
-    if (letra == 'X' && contem(guia, "XXXX"))
-        pararNaLinha("sequencia.x.repetido", letra, "Segmento 'X' so pode ser repetido 4 vezes.");
+    if (letra == 'B' && contem(definicao, "B"_t))
+        pararNaLinha("sequencia.b.duplicado"_t, letra, "Encontrada duplicidade de registros do segmento 'B'."_t);
+    if (letra == 'K' && !contem(definicao, "E"_t))
+        pararNaLinha("sequencia.k.semE"_t, letra, "Segmento 'K' exige segmento 'E'."_t);
+    if (letra == 'X' && contem(guia, "XXXX"_t))
+        pararNaLinha("sequencia.x.repetido"_t, letra, "Segmento 'X' so pode ser repetido 4 vezes."_t);
 }
 
 /// The slip before a new "S" must be whole.
-void Depurador::verificarFimDaGuia() {
-    const Texto& guia = execucao_.historicoGuia;
-    if (!contem(guia, "Y")) pararNaLinha("sequencia.s.semParcelas", 'S', "Recebimento sem parcelas (segmento 'Y').");
+void Sequencia::verificarFimDaGuia() const {
+    const Texto& guia = historicoGuia_;
+    if (!contem(guia, "Y"_t))
+        pararNaLinha("sequencia.s.semParcelas"_t, 'S', "Recebimento sem parcelas (segmento 'Y')."_t);
     // The parenthesis stays open: kept on purpose, the sample sequencia-s-sem-objeto holds it.
-    if (contem(execucao_.historicoDefinicao, "F") && !contem(guia, "V"))
-        pararNaLinha("sequencia.s.semObjeto", 'S', "Recebimento sem objeto (segmento 'V'.");
+    if (contem(historicoDefinicao_, "F"_t) && !contem(guia, "V"_t))
+        pararNaLinha("sequencia.s.semObjeto"_t, 'S', "Recebimento sem objeto (segmento 'V'."_t);
 }
 
 /// Record identifiers are zero in A, B and D, and count the records of their letter in G to L.
-void Depurador::verificarIDRegistro(const RegistroRemessa& registro, char letra) {
+void Sequencia::verificarIDRegistro(const RegistroRemessa& registro, char letra) {
     const bool zero = letra == 'A' || letra == 'B' || letra == 'D';
     const bool ordinal = letra >= 'G' && letra <= 'L';
     if (!zero && !ordinal) return;
-    const std::int32_t esperado = ordinal ? ++execucao_.ordinais[static_cast<unsigned char>(letra)] : 0;
-    if (!diferente(valorDaLinha(registro, camposDaLinha().idRegistro, "IDRegistro"), esperado)) return;
-    const CampoRemessa& campo = registro.obterCampo("IDRegistro");
-    escreverErro(Achado{.id = zero ? "sequencia.idRegistro.naoZero" : "sequencia.idRegistro.inesperado",
-                        .gravidade = Gravidade::Erro,
-                        .linha = execucao_.linhaAtual,
-                        .segmento = letra,
-                        .campo = CampoDoAchado{.nome = campo.nome(),
-                                               .inicio = campo.inicio(),
-                                               .fim = campo.Fim(),
-                                               .encontrado = Texto(registro.textoNaLinha(campo)),
-                                               .esperado = std::to_string(esperado)},
-                        .mensagem = zero ? Texto("Número de identificação do registro inválido, deve ser Zero"_t)
-                                         : junta("Número de identificação do registro inválido. Esperado "_t,
-                                                 std::to_string(esperado))});
+    const std::int32_t esperado = ordinal ? ++ordinais_[static_cast<unsigned char>(letra)] : 0;
+    if (!diferente(leitor_.idRegistro(), esperado)) return;
+    const CampoRemessa& campo = registro.obterCampo("IDRegistro"_t);
+    rodada_.escreverErro(Achado{
+        .id = zero ? "sequencia.idRegistro.naoZero"_t : "sequencia.idRegistro.inesperado"_t,
+        .gravidade = Gravidade::Erro,
+        .linha = linhaAtual(),
+        .segmento = letra,
+        .campo = CampoDoAchado{.nome = campo.nome(),
+                               .inicio = campo.inicio(),
+                               .fim = campo.Fim(),
+                               .encontrado = Texto(registro.textoNaLinha(campo)),
+                               .esperado = textoDe(esperado)},
+        .mensagem = zero ? Texto("Número de identificação do registro inválido, deve ser Zero"_t)
+                         : junta("Número de identificação do registro inválido. Esperado "_t, textoDe(esperado))});
 }
 
-void Depurador::anotarLetra(char letra) {
-    Texto& definicao = execucao_.historicoDefinicao;
-    Texto& guia = execucao_.historicoGuia;
+void Sequencia::anotarLetra(char letra) {
+    Texto& definicao = historicoDefinicao_;
+    Texto& guia = historicoGuia_;
     const bool daGuia = letra >= 'T' && letra <= 'Y';
     const bool daDefinicao = (letra >= 'B' && letra <= 'G') || letra == 'K' || letra == 'L' || letra == 'Z';
     // A repeated letter is noted once, so that the histories do not grow with the file; X is counted up to four.
@@ -211,14 +215,14 @@ void Depurador::anotarLetra(char letra) {
     }
 }
 
-void Depurador::pararNaLinha(VistaTexto id, char letra, VistaTexto mensagem) const {
-    throw ParadaEstrutural("Depurador ",
+void Sequencia::pararNaLinha(VistaTexto id, char letra, VistaTexto mensagem) const {
+    throw ParadaEstrutural("Depurador "_t,
                            Achado{.id = id,
                                   .gravidade = Gravidade::Estrutural,
-                                  .linha = execucao_.linhaAtual,
+                                  .linha = linhaAtual(),
                                   .segmento = letra,
                                   .campo = std::nullopt,
-                                  .mensagem = junta("Linha: ", comZeros(execucao_.linhaAtual, 6), " -  ", mensagem)});
+                                  .mensagem = junta("Linha: "_t, comZeros(linhaAtual(), 6), " -  "_t, mensagem)});
 }
 
 } // namespace quilatador

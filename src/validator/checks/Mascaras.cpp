@@ -1,12 +1,13 @@
+#include "validator/checks/Mascaras.h"
+
 #include "common/modDepuracao.h"
-#include "validator/Depurador.h"
 
 namespace quilatador {
 
-Texto Depurador::converterMascara(VistaTexto mascara, VistaTexto tipo, int tamanho, Texto& mascaraConvertida) {
-    if (tipo != "A" && tipo != "N") return {};
-    const char lugar = tipo == "A" ? 'A' : '9';
-    constexpr VistaTexto separadores = ".-/()][";
+Texto converterMascara(VistaTexto mascara, VistaTexto tipo, int tamanho, Texto& mascaraConvertida) {
+    if (tipo != "A"_t && tipo != "N"_t) return {};
+    const char lugar = tipo == "A"_t ? 'A' : '9';
+    constexpr VistaTexto separadores = ".-/()]["_t;
     Texto mensagem;
     int lugares = 0;
     for (const char c : mascara) {
@@ -22,7 +23,7 @@ Texto Depurador::converterMascara(VistaTexto mascara, VistaTexto tipo, int taman
     return mensagem;
 }
 
-Texto Depurador::conferirMascara(Texto& identificador, VistaTexto mascara) {
+Texto conferirMascara(Texto& identificador, VistaTexto mascara) {
     constexpr VistaTexto naoConfere = "; Identificador não confere com a máscara cadastrada"_t;
     if (identificador.size() != mascara.size()) return Texto(naoConfere);
     Texto semSeparadores;

@@ -1,0 +1,177 @@
+#include "run/Rodada.h"
+
+#include "run/NomesDeArquivo.h"
+#include "run/ParadaEstrutural.h"
+
+#include <algorithm>
+#include <new>
+#include <utility>
+
+namespace quilatador {
+
+namespace {
+
+/// The words in which the analyses differ.
+struct Dizeres {
+    VistaTexto tituloDoErro;
+    VistaTexto cancelada;
+    VistaTexto terminada; ///< last line of the log, "" for none
+};
+
+constexpr Dizeres dizeresDaRemessa{tituloDeErro, "DEPURACAO CANCELADA!"_t, "Depuração terminada!"_t};
+constexpr Dizeres dizeresDoRetorno{"Erro!"_t, "TRATAMENTO CANCELADO!!!"_t, {}};
+
+const Dizeres& dizeresDe(TipoArquivo tipo) {
+    return tipo == TipoArquivo::ZUL702 ? dizeresDaRemessa : dizeresDoRetorno;
+}
+
+} // namespace
+
+Rodada::Rodada(Ambiente& ambiente, PedidoDeRodada pedido, std::atomic<bool>& cancelado)
+    : ambiente_(ambiente)
+    , pedido_(std::move(pedido))
+    , nomeArquivoLog_(pedido_.log ? *pedido_.log : caminhoDoLog(pedido_.nomeArquivo, pedido_.tipoArquivo))
+    , cancelado_(cancelado)
+    , hoje_(ambiente.relogio.hoje()) {
+    cancelado_ = false;
+    resumo_.desfecho = Desfecho::NaoRodou;
+    progresso_.inicio = ambiente.relogio.agora();
+}
+
+Resumo Rodada::executar(Analise& analise) {
+    try {
+        if (const auto motivo = analise.preparar())
+            resumo_.descricao = *motivo;
+        else if (criarLog())
+            rodar(analise);
+    } catch (const FalhaDoLog& falha) {
+        resumo_.desfecho = Desfecho::NaoRodou;
+        resumo_.descricao = falha.descricao();
+        avisar(junta("Erro na gravação do arquivo de log: "_t, textoDoCaminho(nomeArquivoLog_), " ("_t,
+                     falha.descricao(), ")"_t));
+    } catch (const std::bad_alloc&) {
+        resumo_.desfecho = Desfecho::NaoRodou;
+        resumo_.descricao = memoriaInsuficiente;
+        avisar(memoriaInsuficiente);
+    }
+    analise.fecharEntrada();
+    log_.reset();
+    for (Relator* const ouvinte : pedido_.ouvintes)
+        ouvinte->resumo(resumo_);
+    return resumo_;
+}
+
+/// False, after an error box, where the log cannot be created or would be a file that must not be lost.
+bool Rodada::criarLog() {
+    const auto recusar = [&](VistaTexto motivo) {
+        avisar(junta(motivo, textoDoCaminho(nomeArquivoLog_)));
+        return false;
+    };
+    if (ambiente_.arquivos.mesmoArquivo(pedido_.nomeArquivo, nomeArquivoLog_))
+        return recusar("O arquivo de log seria o próprio arquivo analisado: "_t);
+    for (const std::filesystem::path& doPrograma : {ambiente_.leiaute(), ambiente_.bancoDeDados()})
+        if (ambiente_.arquivos.mesmoArquivo(doPrograma, nomeArquivoLog_))
+            return recusar("O arquivo de log seria um arquivo do próprio programa: "_t);
+    try {
+        log_ = std::make_unique<RelatorLog>(ambiente_.arquivos.criarSaida(nomeArquivoLog_));
+        return true;
+    } catch (const Falha&) {
+        return recusar("Erro na criacao do arquivo de log: "_t);
+    }
+}
+
+void Rodada::rodar(Analise& analise) {
+    escreverLog(tituloDoLog(pedido_.nomeArquivo, formatarData(hoje_, "DD/MM/YYYY"_t)));
+    escreverLog(""_t);
+    resumo_.desfecho = percorrer(analise);
+    ambiente_.painel.concluirProgresso(progresso_);
+    const Dizeres& dizeres = dizeresDe(pedido_.tipoArquivo);
+    if (!dizeres.terminada.empty()) escreverLog(dizeres.terminada);
+    analise.fecharEntrada();
+    log_->fechar();
+    ambiente_.lancador.abrirTexto(nomeArquivoLog_);
+}
+
+Desfecho Rodada::percorrer(Analise& analise) {
+    try {
+        const Desfecho desfecho = analise.analisar();
+        if (desfecho == Desfecho::Cancelada) escreverCancelamento();
+        return desfecho;
+    } catch (const ParadaEstrutural& parada) {
+        if (alterada(analise.versaoDaEntrada())) return naoCompletar(Desfecho::NaoRodou, arquivoAlterado);
+        escreverErro(parada.achado());
+        resumo_.descricao = parada.descricao();
+        return Desfecho::Falhou;
+    } catch (const FalhaDoLog&) {
+        throw;
+    } catch (const Falha& falha) {
+        if (alterada(analise.versaoDaEntrada())) return naoCompletar(Desfecho::NaoRodou, arquivoAlterado);
+        return naoCompletar(falha.doAmbiente() ? Desfecho::NaoRodou : Desfecho::Falhou, falha.descricao());
+    } catch (const std::bad_alloc&) {
+        return naoCompletar(Desfecho::NaoRodou, memoriaInsuficiente); // what the analysis had is free again
+    }
+}
+
+Desfecho Rodada::naoCompletar(Desfecho desfecho, VistaTexto descricao) {
+    escreverLog(descricao);
+    resumo_.descricao = descricao;
+    return desfecho;
+}
+
+void Rodada::escreverCancelamento() {
+    escreverLog(""_t);
+    escreverLog(dizeresDe(pedido_.tipoArquivo).cancelada);
+}
+
+void Rodada::escreverLog(VistaTexto texto) {
+    if (log_) log_->linha(texto);
+    for (Relator* const ouvinte : pedido_.ouvintes)
+        ouvinte->linha(texto);
+}
+
+void Rodada::escreverErro(const Achado& achado) {
+    if (log_) log_->achado(achado);
+    for (Relator* const ouvinte : pedido_.ouvintes)
+        ouvinte->achado(achado);
+    if (achado.gravidade == Gravidade::Erro) ++resumo_.totalErros;
+}
+
+void Rodada::entregarLinhas(VistaTexto linhas) {
+    constexpr VistaTexto fimDeLinha = "\r\n"_t;
+    while (!linhas.empty()) {
+        const VistaTexto linha = linhas.substr(0, linhas.find(fimDeLinha));
+        for (Relator* const ouvinte : pedido_.ouvintes)
+            ouvinte->linha(linha);
+        linhas.remove_prefix(std::min(linha.size() + fimDeLinha.size(), linhas.size()));
+    }
+}
+
+LeitorDeLinhas::Desistencia Rodada::desistencia() {
+    return [this] {
+        ambiente_.painel.processarEventos();
+        return cancelada();
+    };
+}
+
+bool Rodada::alterada(const std::optional<VersaoDoArquivo>& agora) const noexcept {
+    return agora && versao_ && *agora != *versao_;
+}
+
+void Rodada::conferirEntrada(const std::optional<VersaoDoArquivo>& agora) {
+    if (!versao_) versao_ = agora;
+    if (alterada(agora)) throw Falha(numeroDeFalha::arquivoAlterado, Texto("Rodada"_t), Texto(arquivoAlterado));
+}
+
+void Rodada::iniciarFase(std::int32_t total) {
+    progresso_.inicio = ambiente_.relogio.agora();
+    progresso_.totalRegistros = total;
+    ambiente_.painel.iniciarProgresso({.totalRegistros = total, .inicio = progresso_.inicio});
+}
+
+void Rodada::avisar(VistaTexto texto) {
+    ambiente_.painel.mensagem({.texto = Texto(texto),
+                               .titulo = Texto(dizeresDe(pedido_.tipoArquivo).tituloDoErro),
+                               .icone = Mensagem::Icone::Exclamacao});
+}
+
+} // namespace quilatador

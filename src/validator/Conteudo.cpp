@@ -1,0 +1,163 @@
+#include "validator/Conteudo.h"
+
+#include "common/modDepuracao.h"
+#include "validator/checks/Guia.h"
+#include "validator/checks/SegmentosABC.h"
+#include "validator/checks/SegmentosDEF.h"
+#include "validator/checks/SegmentosGKL.h"
+
+namespace quilatador {
+
+namespace {
+
+constexpr VistaTexto separador = "=================================================================="_t;
+
+} // namespace
+
+Conteudo::Conteudo(Rodada& rodada, LeitorDeRegistros& leitor, Definicao& definicao, GuiaEmMaos& guia)
+    : rodada_(rodada), leitor_(leitor), definicao_(definicao), guia_(guia) {}
+
+bool Conteudo::verificar() {
+    Progresso& progresso = rodada_.progresso();
+    rodada_.escreverLog(""_t);
+    rodada_.escreverLog("VERIFICAÇÃO DE CONTEÚDO"_t);
+    rodada_.escreverLog(""_t);
+    rodada_.painel().rotulo(Rotulo::Operacao, "Verificando registros de definição!"_t);
+    rodada_.iniciarFase(progresso.totalRegistros);
+    progresso.registroAtual = 1;
+    verificarHeader();
+    for (;;) {
+        const RegistroRemessa& registro = leitor_.ler();
+        if (registro.linha().empty()) return true;
+        ++progresso.registroAtual;
+        if (rodada_.cancelada()) return false;
+        verificarCaracteres(registro);
+        rodada_.painel().avancar(progresso);
+        if (!verificarRegistro(registro, leitor_.letra())) return true;
+    }
+}
+
+void Conteudo::verificarHeader() {
+    const RegistroRemessa& header = leitor_.ler();
+    definicao_.registroA = header.copia();
+    verificarSegmentoA(rodada_, definicao_);
+    verificarCaracteres(header);
+}
+
+void Conteudo::verificarCaracteres(const RegistroRemessa& registro) {
+    const Texto especiais = modDepuracao::caracteresEspeciais(registro.linha());
+    if (especiais.empty()) return;
+    escreverErro("linha.caracteresEspeciais"_t, junta("Caracteres especiais não permitidos! "_t, especiais));
+}
+
+/// What is done with one line. False where the rest of the file is not to be read. H, I and J have no content checks;
+/// letters out of place were found by the sequence pass.
+bool Conteudo::verificarRegistro(const RegistroRemessa& registro, char letra) {
+    if (letra == 'S') return iniciarGuia(registro);
+    if (letra == 'Z')
+        encerrarGuias();
+    else if (letra >= 'T')
+        guardarNaGuia(registro, letra);
+    else
+        verificarDefinicao(registro, letra);
+    return true;
+}
+
+void Conteudo::verificarDefinicao(const RegistroRemessa& registro, char letra) {
+    switch (letra) {
+    case 'B':
+        definicao_.registroB = registro.copia();
+        return verificarSegmentoB(rodada_, definicao_);
+    case 'C':
+        definicao_.registroC = registro.copia();
+        return verificarSegmentoC(rodada_, definicao_);
+    case 'D':
+        definicao_.registroD = registro.copia();
+        return verificarSegmentoD(rodada_, definicao_);
+    case 'E':
+        definicao_.registroE = registro.copia();
+        return verificarSegmentoE(rodada_, definicao_);
+    case 'F':
+        definicao_.registroF = registro.copia();
+        return verificarSegmentoF(rodada_, definicao_);
+    case 'G':
+        return verificarSegmentoG(rodada_, registro, definicao_);
+    case 'K':
+        return verificarSegmentoK(rodada_, registro, definicao_);
+    case 'L':
+        verificarSegmentoL(rodada_, registro, definicao_);
+        ++definicao_.parcelasPrevistas;
+        break;
+    default:
+        break;
+    }
+}
+
+bool Conteudo::iniciarGuia(const RegistroRemessa& registro) {
+    std::int32_t& guias = rodada_.resumo().guiasDepuradas;
+    rodada_.painel().rotulo(Rotulo::Operacao, "Depurando guias"_t);
+    const std::optional<double> primeiras = rodada_.painel().primeirasGuias();
+    if (primeiras && *primeiras <= guias) return false;
+    guia_.iniciar(registro);
+    rodada_.progresso().guias = ++guias;
+    return true;
+}
+
+void Conteudo::guardarNaGuia(const RegistroRemessa& registro, char letra) {
+    switch (letra) {
+    case 'X':
+        if (!guia_.guardarMensagem(registro))
+            escreverErro("x.quantidade.excedida"_t,
+                         "Somente podem ser informadas 4 linhas de mensagem (segmento X) por recebimento!"_t);
+        break;
+    case 'Y':
+        if (!guia_.guardarParcela(registro, definicao_.parcelasPrevistas))
+            escreverErro("y.quantidade.excedida"_t,
+                         "Foram informadas mais parcelas do que o previsto no segmento 'E'!"_t);
+        break;
+    default:
+        guia_.guardar(letra, registro);
+        break;
+    }
+}
+
+/// Only here is a slip checked, so that a file has at most one that is accepted or rejected, however many it holds.
+/// Kept on purpose, the test `soAUltimaGuiaEhVerificada` holds it.
+void Conteudo::encerrarGuias() {
+    if (!guia_.iniciada()) return;
+    Resumo& resumo = rodada_.resumo();
+    ++(verificarGuia(rodada_, guia_, definicao_) ? resumo.guiasAceitas : resumo.guiasRejeitadas);
+}
+
+/// An error about the line in hand as a whole.
+void Conteudo::escreverErro(VistaTexto id, VistaTexto mensagem) {
+    const Texto& tipo = leitor_.tipo();
+    rodada_.escreverErro(Achado{.id = id,
+                                .gravidade = Gravidade::Erro,
+                                .linha = rodada_.progresso().registroAtual,
+                                .segmento = tipo.empty() ? '\0' : tipo.front(),
+                                .campo = std::nullopt,
+                                .mensagem = Texto(mensagem)});
+}
+
+void Conteudo::escreverResumo() {
+    const Resumo& resumo = rodada_.resumo();
+    const auto linha = [&](VistaTexto rotulo, std::int32_t numero) {
+        rodada_.escreverLog(junta(rotulo, textoDe(numero)));
+    };
+    rodada_.escreverLog(""_t);
+    rodada_.escreverLog(separador);
+    rodada_.escreverLog(""_t);
+    linha("Erros encontrados: "_t, resumo.totalErros);
+    rodada_.escreverLog(""_t);
+    linha("Guias depuradas  : "_t, resumo.guiasRejeitadas + resumo.guiasAceitas);
+    linha("Guias aceitas    : "_t, resumo.guiasAceitas);
+    linha("Guias rejeitadas : "_t, resumo.guiasRejeitadas);
+    rodada_.escreverLog(""_t);
+    rodada_.escreverLog(separador);
+    const Progresso& progresso = rodada_.progresso();
+    rodada_.escreverLog(
+        junta("Tempo Decorrido  : "_t, formatarTempo(tempoDecorrido(progresso, rodada_.ambiente().relogio.agora()))));
+}
+
+} // namespace quilatador

@@ -1,0 +1,67 @@
+#include "validator/GuiaEmMaos.h"
+
+#include <algorithm>
+
+namespace quilatador {
+
+GuiaEmMaos::GuiaEmMaos(ArquivoRemessa& leiaute)
+    : leiaute_(&leiaute)
+    , registroS_(vazio("S"_t))
+    , registroT_(vazio("T"_t))
+    , registroU_(vazio("U"_t))
+    , registroV_(vazio("V"_t))
+    , registroW_(vazio("W"_t)) {
+    for (RegistroRemessa& mensagem : mensagensX_)
+        mensagem = vazio("X"_t);
+}
+
+/// A record of the slip's own: never the record type itself, whose line the reader changes.
+RegistroRemessa GuiaEmMaos::vazio(VistaTexto nome) const {
+    RegistroRemessa registro = leiaute_->criarRegistro(nome)->copia();
+    registro.linha(""_t);
+    return registro;
+}
+
+void GuiaEmMaos::iniciar(const RegistroRemessa& registroS) {
+    registroS.copiar(registroS_);
+    for (RegistroRemessa* outro : {&registroT_, &registroU_, &registroV_, &registroW_})
+        outro->linha(""_t);
+    for (RegistroRemessa& mensagem : mensagensX_)
+        mensagem.linha(""_t);
+    contagemX_ = 0;
+    contagemY_ = 0;
+}
+
+void GuiaEmMaos::guardar(char letra, const RegistroRemessa& registro) {
+    switch (letra) {
+    case 'T':
+        return registro.copiar(registroT_);
+    case 'U':
+        return registro.copiar(registroU_);
+    case 'V':
+        return registro.copiar(registroV_);
+    case 'W':
+        return registro.copiar(registroW_);
+    default:
+        break;
+    }
+}
+
+bool GuiaEmMaos::guardarMensagem(const RegistroRemessa& registro) {
+    if (++contagemX_ > mensagensX_.size()) return false;
+    registro.copiar(mensagensX_[contagemX_ - 1]);
+    return true;
+}
+
+bool GuiaEmMaos::guardarParcela(const RegistroRemessa& registro, std::size_t previstas) {
+    if (++contagemY_ > previstas) return false;
+    if (parcelasY_.size() < contagemY_) parcelasY_.push_back(vazio("Y"_t));
+    registro.copiar(parcelasY_[contagemY_ - 1]);
+    return true;
+}
+
+std::span<const RegistroRemessa> GuiaEmMaos::parcelasY() const noexcept {
+    return std::span(parcelasY_).first(std::min(contagemY_, parcelasY_.size()));
+}
+
+} // namespace quilatador

@@ -1,0 +1,198 @@
+#include "validator/checks/Parcelas.h"
+
+#include "common/Diversos.h"
+#include "common/DV.h"
+#include "common/Numero.h"
+#include "validator/checks/SegmentosDEF.h"
+
+#include <algorithm>
+
+namespace quilatador {
+
+namespace {
+
+/// The company's identification in the barcode, from position 16 on.
+struct EmpresaNaBarra {
+    VistaTexto id; ///< of the finding where it is another
+    Texto identificacao;
+    std::size_t largura;
+    VistaTexto mensagem;
+};
+
+/// Febraban's check digit by the agreement's currency, whatever the barcode itself says of its value.
+Texto digitoDaBarra(VistaTexto digitos, const Definicao& definicao) {
+    const bool modulo10 = definicao.moeda == 6 || definicao.moeda == 7;
+    return modulo10 ? DV::CalcularMod10(digitos) : DV::CalculaMod11Barra(digitos);
+}
+
+/// The installment itself, against the payment options.
+void verificarParcela(Conferencia& c, const Definicao& definicao) {
+    c.passo([&] {
+        if (foraDe(c.valor("TipoPag"_t), "ACP"_t))
+            c.erro({"y.tipoPag.invalido"_t, "TipoPag"_t}, "Tipo de pagamento inválido"_t);
+    });
+    c.passo([&] {
+        if (igual(c.valor("TipoPag"_t), "C"_t)) {
+            if (c.texto("NroPag"_t) != "00"_t)
+                c.erro({"y.nroPag.cotaUnica"_t, "NroPag"_t, Texto("00"_t)},
+                       "Tipo de pagamento cota unica exige numero de pagamento 0"_t);
+        } else {
+            c.exigirNaoZero({"y.nroPag.ausente"_t, "NroPag"_t}, "Número do pagamento não informado"_t);
+        }
+    });
+    c.passo([&] {
+        if (!Diversos::String2Data(c.texto("DataVenc"_t), "AAAAMMDD"_t, anoDe(c.hoje())))
+            c.erro({"y.dataVenc.invalida"_t, "DataVenc"_t}, "Data de vencimento inválida"_t);
+        else if (menor(c.valor("DataVenc"_t), c.hoje()))
+            c.erro({"y.dataVenc.vencida"_t, "DataVenc"_t}, "Data de vencimento inferior a data atual"_t);
+    });
+    c.passo([&] {
+        const Valor tipo = c.valor("TipoPag"_t);
+        const Valor numero = c.valor("NroPag"_t);
+        const bool definida = std::ranges::any_of(definicao.opcoesPagamento, [&](const RegistroRemessa& opcao) {
+            return igual(opcao.getValorCampo("TipoPag"_t), tipo) && igual(opcao.getValorCampo("NroPag"_t), numero);
+        });
+        if (!definida)
+            c.erro({"y.opcao.naoDefinida"_t, "NroPag"_t}, "Tipo e número de parcela não informadas em segmento L"_t);
+    });
+    c.passo([&] {
+        if (menor(c.valor("ValorPag"_t), 0))
+            c.erro({"y.valorPag.negativo"_t, "ValorPag"_t}, "Valor da parcela inválido"_t);
+    });
+}
+
+/// The four parts of the barcode with a check digit each; gives the barcode, without the parts that are no number.
+Texto verificarPartes(Conferencia& c, const Definicao& definicao) {
+    Texto barra;
+    for (const VistaTexto k : {"1"_t, "2"_t, "3"_t, "4"_t}) {
+        const Texto campoDaParte = junta("Parte"_t, k);
+        const Texto campoDoDigito = junta("DV"_t, k);
+        std::optional<Texto> digito;
+        c.passo([&] {
+            const Texto parte = c.texto(campoDaParte);
+            if (ehNumerico(parte)) {
+                barra += parte;
+                digito = digitoDaBarra(parte, definicao);
+            } else {
+                c.erro({"y.parte.naoNumerica"_t, campoDaParte},
+                       junta("Valor não numérico no código de barras - Parte "_t, k), 0);
+            }
+        });
+        c.passo([&] {
+            // The number comes with the place of its sign, so that there are two blanks: kept on purpose, the sample
+            // y-dv-incorreto holds it.
+            if (digito && diferente(c.valor(campoDoDigito), *digito))
+                c.erro({"y.dv.incorreto"_t, campoDoDigito, digito},
+                       junta("Dígito verificador  "_t, k, " incorreto!"_t));
+        });
+    }
+    return barra;
+}
+
+/// The barcode as a whole: value, general check digit, product, segment and kind of value.
+void verificarBarra(Conferencia& c, VistaTexto barra, const Definicao& definicao) {
+    c.passo([&] {
+        if (!versaoComIndicadores(definicao) || !definicao.checarValor) return;
+        const Texto centavos = junta(trecho(c.texto("Parte1"_t), 5, 7), trecho(c.texto("Parte2"_t), 1, 4));
+        if (lerNumero(c.texto("ValorPag"_t)) != lerNumero(centavos))
+            c.erro({"y.barra.valor"_t, "ValorPag"_t, centavos},
+                   "Valor no código de barras difere do valor no campo Y3"_t);
+    });
+    c.passo([&] {
+        const VistaTexto informado = trecho(barra, 4, 1);
+        if (!soDigitos(informado)) return;
+        const Texto calculado = digitoDaBarra(junta(trecho(barra, 1, 3), trecho(barra, 5)), definicao);
+        if (informado != calculado)
+            c.erro({"y.barra.digitoGeral"_t, "Parte1"_t, calculado},
+                   "Dígito verificador da barra (4a posição) incorreto!"_t);
+    });
+    c.passo([&] {
+        if (trecho(barra, 1, 1) != "8"_t)
+            c.erro({"y.barra.produto"_t, "Parte1"_t, Texto("8"_t)},
+                   "Identificação do produto na barra diferente de '8'"_t);
+    });
+    c.passo([&] {
+        const Texto segmento = definicao.registroC.getValorCampoString("SegFebraban"_t);
+        if (trecho(barra, 2, 1) != segmento)
+            c.erro({"y.barra.segmento"_t, "Parte1"_t, segmento},
+                   "Identificação do segmento difere do informado no segmento 'C'"_t);
+    });
+    c.passo([&] {
+        const VistaTexto tipoDeValor = trecho(barra, 3, 1);
+        // Speaks of 6 and 7 only: kept on purpose, the sample y-barra-tipo-de-valor holds it.
+        if (tipoDeValor.empty() || VistaTexto("6789"_t).find(tipoDeValor) == VistaTexto::npos)
+            c.erro({"y.barra.tipoDeValor"_t, "Parte1"_t},
+                   "Identificação de valor real ou referência diferente de '6' ou '7'"_t);
+    });
+}
+
+/// What the barcode must have from position 16 on: it depends on the Febraban segment.
+EmpresaNaBarra empresaEsperada(const Definicao& definicao) {
+    const Valor segmento = definicao.registroC.getValorCampo("SegFebraban"_t);
+    if (igual(segmento, "9"_t))
+        return {
+            "y.barra.convenio"_t, junta("000101"_t, definicao.convenio), 12,
+            "O segmento 9 - Uso do Banco - exige a informação 000101 + número do convênio nas posições 16 a 21 do código de barras"_t};
+    if (igual(segmento, "6"_t))
+        return {"y.barra.cnpj"_t, Texto(trecho(definicao.registroB.getValorCampoString("CNPJ"_t), 1, 8)), 8,
+                "Primeiras 8 posições do CNPJ não confere com a identificação da empresa na barra"_t};
+    return {"y.barra.idFebraban"_t, Texto(ultimos(definicao.registroC.getValorCampoString("IdFebraban"_t), 4)), 4,
+            "Identifcador da Febraban informado no segmento 'C' difere da identificação da empresa na barra"_t};
+}
+
+/// The company's identification, and the free field behind it.
+void verificarEmpresaNaBarra(Conferencia& c, VistaTexto barra, const Definicao& definicao) {
+    constexpr std::size_t inicioDaEmpresa = 16;
+    c.passo([&] {
+        const EmpresaNaBarra empresa = empresaEsperada(definicao);
+        if (trecho(barra, inicioDaEmpresa, empresa.largura) != empresa.identificacao)
+            c.erro({empresa.id, {}, empresa.identificacao}, empresa.mensagem);
+        if (lerNumero(trecho(barra, inicioDaEmpresa + empresa.largura)) == 0)
+            c.erro({"y.barra.campoLivre"_t}, "Campo livre não pode estar preenchido somente por zeros"_t);
+    });
+}
+
+void verificarDataNaBarra(Conferencia& c, VistaTexto barra, const Definicao& definicao) {
+    if (definicao.PosicaoDataBarra < 1) return;
+    c.passo([&] {
+        const VistaTexto texto =
+            trecho(barra, static_cast<std::size_t>(definicao.PosicaoDataBarra), definicao.FormatoDataBarra.size());
+        const auto data = Diversos::String2Data(texto, definicao.FormatoDataBarra, anoDe(c.hoje()));
+        if (!data) {
+            c.erro({"y.barra.dataInvalida"_t, "DataVenc"_t}, "Data no código de barras inválida"_t);
+            return;
+        }
+        if (versaoComIndicadores(definicao) && !definicao.checarData) return;
+        if (diferente(c.valor("DataVenc"_t), *data))
+            c.erro({"y.barra.dataDiferente"_t, "DataVenc"_t}, "Data no código de barras difere da data no campo Y12"_t);
+    });
+}
+
+} // namespace
+
+bool verificarSegmentoY(Rodada& rodada, std::span<const RegistroRemessa> parcelasY, const Definicao& definicao) {
+    if (parcelasY.empty() || parcelasY.front().linha().empty()) {
+        // Speaks of a segment P: kept on purpose.
+        rodada.escreverErro(Achado{.id = "y.ausente"_t,
+                                   .gravidade = Gravidade::Erro,
+                                   .linha = 0,
+                                   .segmento = 'Y',
+                                   .campo = std::nullopt,
+                                   .mensagem = Texto("Registro 'P' - parcelas - não informado"_t)});
+        return false;
+    }
+    bool aceitas = true;
+    for (const RegistroRemessa& parcela : parcelasY) {
+        if (parcela.linha().empty()) break;
+        Conferencia c(rodada, parcela, 'Y', Conferencia::AoFalhar::PularPasso);
+        verificarParcela(c, definicao);
+        const Texto barra = verificarPartes(c, definicao);
+        verificarBarra(c, barra, definicao);
+        verificarEmpresaNaBarra(c, barra, definicao);
+        verificarDataNaBarra(c, barra, definicao);
+        aceitas = aceitas && c.aprovada();
+    }
+    return aceitas;
+}
+
+} // namespace quilatador

@@ -1,0 +1,180 @@
+#include "validator/checks/SegmentosABC.h"
+
+#include "common/Diversos.h"
+#include "common/DV.h"
+#include "common/Numero.h"
+
+#include <algorithm>
+#include <array>
+
+namespace quilatador {
+
+namespace {
+
+/// Whether a CNPJ's check digits are right; one with anything but digits is wrong, not a failure.
+bool cnpjValido(VistaTexto cnpj) {
+    try {
+        return DV::VerificarCNPJ(cnpj);
+    } catch (const Falha&) {
+        return false;
+    }
+}
+
+struct FormatoDeData {
+    VistaTexto codigo;
+    VistaTexto formato;
+};
+
+constexpr std::array formatosDeData{FormatoDeData{"1"_t, ""_t},         FormatoDeData{"2"_t, "DDMMAA"_t},
+                                    FormatoDeData{"3"_t, "AAMMDD"_t},   FormatoDeData{"4"_t, "AAAAMMDD"_t},
+                                    FormatoDeData{"5"_t, "ADDD"_t},     FormatoDeData{"6"_t, "DDDA"_t},
+                                    FormatoDeData{"7"_t, "DDMMAAAA"_t}, FormatoDeData{"9"_t, "AADDD"_t}};
+
+void verificarIDFebraban(Conferencia& c, std::int32_t segmento, const RegistroRemessa& registroB) {
+    if (c.texto("IdFebraban"_t) == "        "_t) {
+        c.erro({"c.idFebraban.ausente"_t, "IdFebraban"_t}, "Identificador Febraban inválido!"_t);
+        return;
+    }
+    const std::int32_t identificador = c.valor("IdFebraban"_t).paraLongo();
+    if (segmento != 6) {
+        if (identificador > 9999)
+            c.erro({"c.idFebraban.excedido"_t, "IdFebraban"_t},
+                   "Identificador Febraban inválido para o segmento: máximo 9999"_t);
+        return;
+    }
+    const Texto cnpj = registroB.getValorCampoString("CNPJ"_t);
+    const VistaTexto inicioDoCnpj = trecho(cnpj, 1, 8);
+    if (comZeros(identificador, 8) != inicioDoCnpj)
+        c.erro({"c.idFebraban.diferenteDoCnpj"_t, "IdFebraban"_t, Texto(inicioDoCnpj)},
+               "Identificador Febraban inválido para o segmento 6: deve ser o início do CNPJ"_t);
+}
+
+void verificarMoeda(Conferencia& c, std::int16_t& moeda) {
+    c.ecoDoTexto("Moeda          : "_t, "Moeda"_t);
+    moeda = c.valor("Moeda"_t).paraInteiro();
+    if (moeda < 6 || moeda > 9)
+        c.erro({"c.moeda.invalida"_t, "Moeda"_t},
+               "Moeda inválida: deve ser 6-real ou 7-moeda variável ou 8-real MOD11 ou 9-moeda variável MOD11"_t);
+
+    c.ecoDoTexto("Nro.Decimais   : "_t, "Decimais"_t);
+    const std::int16_t decimais = c.valor("Decimais"_t).paraInteiro();
+    const bool real = moeda == 6 || moeda == 8;
+    if (real && decimais != 2)
+        c.erro({"c.decimais.real"_t, "Decimais"_t, Texto("2"_t)}, "Número de decimais tem de ser 2 para moeda Real"_t);
+    if (!real && (decimais < 2 || decimais > 5))
+        c.erro({"c.decimais.invalido"_t, "Decimais"_t}, "Número de decimais inválido: deve ser entre 2 e 5"_t);
+}
+
+void verificarFormatoData(Conferencia& c, Texto& formatoDataBarra) {
+    const Texto codigo = c.texto("FormatoData"_t);
+    const auto formato = std::ranges::find(formatosDeData, codigo, &FormatoDeData::codigo);
+    if (formato != formatosDeData.end())
+        formatoDataBarra = formato->formato;
+    else
+        c.erro({"c.formatoData.invalido"_t, "FormatoData"_t},
+               "Formato de data do convênio inválido deve ser 1,2,3,4,5,6,7 ou 9"_t);
+    c.eco("Formato de data: "_t, junta(codigo, " - "_t, formatoDataBarra));
+}
+
+} // namespace
+
+// The tests of the three indicators search the text within the list: "34" passes as "3" does. Kept on purpose, the
+// sample a-tipo-form-dentro-da-lista holds it.
+void verificarSegmentoA(Rodada& rodada, const Definicao& definicao) {
+    Conferencia c(rodada, definicao.registroA, 'A');
+    const auto exigirNaLista = [&](const Assunto& assunto, VistaTexto lista, VistaTexto mensagem) {
+        if (lista.find(c.texto(assunto.campo)) == VistaTexto::npos) c.erro(assunto, mensagem);
+    };
+
+    if (c.texto("IdProduto"_t) != "8"_t)
+        c.erro({"a.idProduto.invalido"_t, "IdProduto"_t, Texto("8"_t)},
+               "Identificador do produto inválido. Esperado 8"_t);
+
+    c.ecoDoTexto("Remessa        : "_t, "NroRemessa"_t);
+    if (igual(c.valor("NroRemessa"_t), 0))
+        c.erro({"a.nroRemessa.zero"_t, "NroRemessa"_t}, "Número de remessa inválido"_t);
+    else
+        rodada.painel().rotulo(Rotulo::Remessa, junta("Remessa: "_t, c.texto("NroRemessa"_t)));
+
+    if (!Diversos::String2Data(c.texto("DataGeracao"_t), "AAAAMMDD"_t, anoDe(rodada.hoje())))
+        c.erro({"a.dataGeracao.invalida"_t, "DataGeracao"_t}, "Data da geração da remessa inválida"_t);
+
+    c.ecoDoTexto("Tipo Formulário: "_t, "TipoForm"_t);
+    exigirNaLista({"a.tipoForm.invalido"_t, "TipoForm"_t}, "12345"_t, "Tipo de formulário inválido; "_t);
+
+    c.ecoDoTexto("Tipo Remessa   : "_t, "TipoRemessa"_t);
+    exigirNaLista({"a.tipoRemessa.invalido"_t, "TipoRemessa"_t}, "12"_t, "Tipo de remessa inválido; "_t);
+
+    c.ecoDoTexto("Postagem KV    : "_t, "IndPostagem"_t);
+    exigirNaLista({"a.indPostagem.invalido"_t, "indPostagem"_t}, "SN"_t, "Indicador de postagem inválido; "_t);
+
+    const Texto cnpj = c.texto("CNPJ"_t);
+    if (lerNumero(cnpj) == 0)
+        c.erro({"a.cnpj.ausente"_t, "CNPJ"_t}, "CNPJ do convenente não informado no segmento 'A'"_t);
+    else if (!cnpjValido(cnpj))
+        c.erro({"a.cnpj.invalido"_t, "CNPJ"_t}, "CNPJ do convenente inválido no segmento 'A'"_t);
+}
+
+void verificarSegmentoB(Rodada& rodada, const Definicao& definicao) {
+    Conferencia c(rodada, definicao.registroB, 'B');
+    const auto ecoDoValor = [&](VistaTexto rotulo, VistaTexto campo) { c.eco(rotulo, c.valor(campo).texto()); };
+
+    const Texto cnpj = c.texto("CNPJ"_t);
+    c.eco("CNPJ           : "_t, comMascara(cnpj, "@@.@@@.@@@/@@@@-@@"_t));
+    if (!cnpjValido(cnpj)) c.erro({"b.cnpj.invalido"_t, "CNPJ"_t}, "CNPJ do convenente inválido"_t);
+    const Texto cnpjDoHeader = definicao.registroA.getValorCampoString("CNPJ"_t);
+    if (cnpj != cnpjDoHeader)
+        c.erro({"b.cnpj.diferente"_t, "CNPJ"_t, cnpjDoHeader},
+               "CNPJ do convenente diferente do informado no segmento 'A'"_t);
+
+    ecoDoValor("Convenente     : "_t, "Nome"_t);
+    const Valor nome = c.valor("Nome"_t);
+    if (semConteudo(nome))
+        c.erro({"b.nome.ausente"_t, "Nome"_t}, "Nome do convenente não foi informado"_t);
+    else
+        rodada.painel().rotulo(Rotulo::Empresa, junta("Convenente: "_t, nome.texto()));
+
+    ecoDoValor("Endereco       : "_t, "Endereco"_t);
+    c.exigir({"b.endereco.ausente"_t, "Endereco"_t}, "Endereco do convenente não foi informado"_t);
+
+    c.ecoDoTexto("CEP            : "_t, "cep"_t);
+    c.exigirNaoZero({"b.cep.ausente"_t, "cep"_t}, "CEP do convenente não foi informado"_t);
+
+    ecoDoValor("Cidade         : "_t, "Cidade"_t);
+    c.exigir({"b.cidade.ausente"_t, "Cidade"_t}, "Cidade do convenente não foi informado"_t);
+
+    ecoDoValor("Bairro         : "_t, "Bairro"_t);
+    c.exigir({"b.bairro.ausente"_t, "bairro"_t}, "Bairro do convenente não foi informado"_t);
+
+    ecoDoValor("UF             : "_t, "UF"_t);
+    c.exigir({"b.uf.ausente"_t, "UF"_t}, "UF do convenente não foi informado"_t);
+}
+
+void verificarSegmentoC(Rodada& rodada, Definicao& definicao) {
+    Conferencia c(rodada, definicao.registroC, 'C');
+
+    c.ecoDoTexto("Convenio       : "_t, "Convenio"_t);
+    c.exigirNaoZero({"c.convenio.zero"_t, "Convenio"_t}, "Campo 'Convênio' não pode ter valor zero"_t);
+
+    c.ecoDoTexto("Segm.Febraban  : "_t, "SegFebraban"_t);
+    const std::int32_t segmento = c.valor("SegFebraban"_t).paraLongo();
+    if (segmento < 1 || (segmento >= 7 && segmento != 9))
+        c.erro({"c.segFebraban.invalido"_t, "SegFebraban"_t}, "Segmento Febraban inválido deve ser entre 1 e 6 ou 9"_t);
+
+    c.ecoDoTexto("Id.Febraban    : "_t, "IDFebraban"_t);
+    if (segmento != 9) verificarIDFebraban(c, segmento, definicao.registroB);
+
+    static_cast<void>(c.valor("idServico"_t).paraLongo()); // not used, but one that is no number ends the run
+    static_cast<void>(c.valor("Finalidade"_t));
+
+    verificarMoeda(c, definicao.moeda);
+    verificarFormatoData(c, definicao.FormatoDataBarra);
+
+    c.ecoDoTexto("Receber apos v.: "_t, "indAposReceb"_t);
+    const Valor indicador = c.valor("IndAposReceb"_t);
+    if (diferente(indicador, "N"_t) && diferente(indicador, "S"_t))
+        c.erro({"c.indAposReceb.invalido"_t, "IndAposReceb"_t},
+               "Indicador de recebimento após o vencimento inválido (S/N)"_t);
+}
+
+} // namespace quilatador

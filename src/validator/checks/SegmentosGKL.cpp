@@ -1,0 +1,114 @@
+#include "validator/checks/SegmentosGKL.h"
+
+namespace quilatador {
+
+namespace {
+
+/// A definition that may stand several times, each with a number of its own: segments G and K.
+struct Numerada {
+    char segmento;
+    VistaTexto campo;                  ///< its number
+    std::optional<std::int32_t> linha; ///< of its errors; none for the record's own
+    VistaTexto rotulo;
+    Assunto faixa;
+    VistaTexto mensagemDaFaixa;
+    VistaTexto idDaDescricao;
+    VistaTexto mensagemDaDescricao;
+    Assunto duplicada;
+    VistaTexto mensagemDaDuplicada;
+};
+
+/// Checks one, keeps it among those accepted and echoes it.
+void verificarNumerada(const Numerada& regra, Rodada& rodada, const RegistroRemessa& registro,
+                       std::vector<RegistroRemessa>& aceitas) {
+    Conferencia c(rodada, registro, regra.segmento);
+    const Valor numero = c.valor(regra.campo);
+
+    // No number is both below 1 and above 9, so the range is not enforced: kept on purpose, the sample
+    // g-codigo-fora-da-faixa holds it.
+    const bool foraDaFaixa = menor(numero, 1) && maior(numero, 9);
+    if (foraDaFaixa) c.erro(regra.faixa, regra.mensagemDaFaixa, regra.linha);
+
+    if (semConteudo(c.valor("Denominacao"_t)))
+        c.erro({regra.idDaDescricao, "Denominacao"_t}, regra.mensagemDaDescricao, regra.linha);
+    if (foraDaFaixa) return;
+
+    bool duplicada = false;
+    for (const RegistroRemessa& aceita : aceitas) {
+        if (!igual(aceita.getValorCampo(regra.campo), numero)) continue;
+        c.erro(regra.duplicada, regra.mensagemDaDuplicada, regra.linha);
+        duplicada = true;
+    }
+    if (duplicada) return;
+
+    aceitas.push_back(registro.copia());
+    c.eco(regra.rotulo, junta(c.texto(regra.campo), " : "_t, c.valor("Denominacao"_t).texto()));
+}
+
+} // namespace
+
+void verificarSegmentoG(Rodada& rodada, const RegistroRemessa& registro, Definicao& definicao) {
+    // The errors carry line 0, not the record's: kept on purpose, the sample g-codigo-duplicado holds it.
+    verificarNumerada({.segmento = 'G',
+                       .campo = "Codigo"_t,
+                       .linha = 0,
+                       .rotulo = "Caracterist. "_t,
+                       .faixa = {"g.codigo.foraDaFaixa"_t, "Codigo"_t},
+                       .mensagemDaFaixa = "Codigo da caracteristica deve ficar entre 1 e 9"_t,
+                       .idDaDescricao = "g.denominacao.ausente"_t,
+                       .mensagemDaDescricao = "Denominação da característica deve ser informada"_t,
+                       .duplicada = {"g.codigo.duplicado"_t, "Codigo"_t},
+                       .mensagemDaDuplicada = "Codigo da caracteristica ja informado"_t},
+                      rodada, registro, definicao.caracteristicas);
+}
+
+void verificarSegmentoK(Rodada& rodada, const RegistroRemessa& registro, Definicao& definicao) {
+    verificarNumerada({.segmento = 'K',
+                       .campo = "Numero"_t,
+                       .linha = std::nullopt,
+                       .rotulo = "Receita      "_t,
+                       .faixa = {"k.numero.foraDaFaixa"_t, "Numero"_t},
+                       .mensagemDaFaixa = "Número da receita deve ficar entre 1 e 9"_t,
+                       .idDaDescricao = "k.denominacao.ausente"_t,
+                       .mensagemDaDescricao = "Descrição da receita deve ser informada"_t,
+                       .duplicada = {"k.numero.duplicado"_t, "Numero"_t},
+                       .mensagemDaDuplicada = "Numero de receita ja informado"_t},
+                      rodada, registro, definicao.receitas);
+}
+
+void verificarSegmentoL(Rodada& rodada, const RegistroRemessa& registro, Definicao& definicao) {
+    Conferencia c(rodada, registro, 'L');
+    bool rejeitada = false;
+    const auto rejeitar = [&](const Assunto& assunto, VistaTexto mensagem) {
+        c.erro(assunto, mensagem);
+        rejeitada = true;
+    };
+
+    const Valor tipo = c.valor("TipoPag"_t);
+    if (foraDe(tipo, "ACP"_t)) rejeitar({"l.tipoPag.invalido"_t, "TipoPag"_t}, "Tipo de pagamento inválido"_t);
+
+    if (!igual(tipo, "C"_t)) {
+        if (igual(c.valor("NroPag"_t), 0))
+            rejeitar({"l.nroPag.ausente"_t, "NroPag"_t}, "Número do pagamento não informado"_t);
+    } else if (c.texto("NroPag"_t) != "00"_t) {
+        rejeitar({"l.nroPag.cotaUnica"_t, "NroPag"_t, Texto("00"_t)},
+                 "Tipo de pagamento cota unica exige numero de pagamento 0"_t);
+    }
+
+    if (menor(c.valor("DataVenc"_t), rodada.hoje()))
+        c.erro({"l.dataVenc.vencida"_t, "DataVenc"_t}, "Data de vencimento inválida ou inferior a atual"_t);
+    c.exigir({"l.denominacao.ausente"_t, "Denominacao"_t}, "Denominacao do pagamento nao informado"_t);
+    if (rejeitada) return;
+
+    const Valor numero = c.valor("NroPag"_t);
+    for (const RegistroRemessa& opcao : definicao.opcoesPagamento)
+        if (igual(opcao.getValorCampo("TipoPag"_t), tipo) && igual(opcao.getValorCampo("NroPag"_t), numero))
+            rejeitar({"l.opcao.duplicada"_t, "NroPag"_t}, "Tipo e numero de parcela duplicados"_t);
+    if (rejeitada) return;
+
+    definicao.opcoesPagamento.push_back(registro.copia());
+    c.eco("Opcao Pag. "_t, junta(c.texto("TipoPag"_t), c.texto("NroPag"_t), " : "_t, c.valor("DataVenc"_t).texto(),
+                                 " - "_t, c.valor("Denominacao"_t).texto()));
+}
+
+} // namespace quilatador
