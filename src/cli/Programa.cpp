@@ -1,11 +1,11 @@
 #include "cli/Programa.h"
 
+#include "cli/PainelDoTerminal.h"
 #include "cli/RelatorJson.h"
-#include "cli/TelaDoTerminal.h"
-#include "frontend/window/frmImportacao.h"
-#include "run/NomesDeArquivo.h"
+#include "frontend/Trabalho.h"
 
 #include <algorithm>
+#include <atomic>
 #include <new>
 
 namespace quilatador {
@@ -18,18 +18,6 @@ class LancadorParado final : public Lancador {
     void abrirTexto(const std::filesystem::path&) override {}
     void abrirDocumento(const std::filesystem::path&) override {}
 };
-
-VistaTexto nomeDo(TipoArquivo tipo) {
-    switch (tipo) {
-    case TipoArquivo::ZUL702:
-        return "ZUL702";
-    case TipoArquivo::ZUL708:
-        return "ZUL708";
-    case TipoArquivo::TAV001:
-        return "TAV001";
-    }
-    return "";
-}
 
 int situacaoDe(const Resumo& resumo) {
     switch (resumo.desfecho) {
@@ -70,31 +58,31 @@ Texto achadosDe(TipoArquivo tipo, const Resumo& resumo) {
 }
 
 /// One command line at work.
-class Execucao {
+class Chamada {
   public:
-    Execucao(const Argumentos& argumentos, const Maquina& maquina)
+    Chamada(const Argumentos& argumentos, const Maquina& maquina)
         : argumentos_(argumentos)
         , maquina_(maquina)
-        , tela_(maquina.erros, maquina.relogio,
-                {.comProgresso = maquina.errosNoTerminal && !argumentos.silencioso,
-                 .largura = maquina.larguraDoTerminal,
-                 .primeiras = argumentos.primeiras,
-                 .aoAtender = [this] { atenderInterrupcao(); }})
-        , ambiente_{tela_,
+        , painel_(maquina.erros, maquina.relogio,
+                  {.comProgresso = maquina.errosNoTerminal && !argumentos.silencioso,
+                   .largura = maquina.larguraDoTerminal,
+                   .primeiras = argumentos.primeiras,
+                   .aoAtender = [this] { atenderInterrupcao(); }})
+        , ambiente_{painel_,
                     maquina.relogio,
                     maquina.localidade,
                     argumentos.abrir ? maquina.lancador : static_cast<Lancador&>(lancadorParado_),
                     maquina.arquivos,
                     argumentos.pasta.value_or(maquina.pastaDoPrograma)}
-        , formulario_(ambiente_, globais_, tela_)
+        , trabalho_(ambiente_, globais_, cancelado_)
         , json_(maquina.saida) {
-        if (argumentos_.json) formulario_.adicionarRelator(json_);
+        if (argumentos_.json) trabalho_.adicionarRelator(json_);
     }
-    Execucao(const Execucao&) = delete;
-    Execucao& operator=(const Execucao&) = delete;
+    Chamada(const Chamada&) = delete;
+    Chamada& operator=(const Chamada&) = delete;
 
     int analisarTodos() {
-        if (!formulario_.iniciar() || (argumentos_.comData && recusarPosicao())) return situacao::naoRodou;
+        if (!trabalho_.iniciar() || (argumentos_.comData && recusarPosicao())) return situacao::naoRodou;
         int maior = situacao::nadaEncontrado;
         for (const std::filesystem::path& arquivo : argumentos_.arquivos) {
             maior = std::max(maior, analisar(arquivo));
@@ -106,12 +94,12 @@ class Execucao {
 
   private:
     void atenderInterrupcao() {
-        if (maquina_.interrompido()) formulario_.interromper();
+        if (maquina_.interrompido()) cancelado_ = true;
     }
 
     bool recusarPosicao() {
         const auto motivo = recusaDaPosicao(argumentos_.posicao);
-        if (motivo) tela_.mensagem({.texto = *motivo, .titulo = Texto(tituloDoPrograma)});
+        if (motivo) painel_.mensagem({.texto = *motivo, .titulo = Texto(tituloDoPrograma)});
         return motivo.has_value();
     }
 
@@ -126,20 +114,25 @@ class Execucao {
         pedido.FormatoDataBarra = argumentos_.formato;
         pedido.PosicaoDataBarra = argumentos_.posicao;
         pedido.nomeArquivoLog = argumentos_.log;
-        const VistaTexto sufixoSemPonto = pedido.tipoArquivo == TipoArquivo::ZUL702 ? "log" : ".log";
-        const std::filesystem::path log = argumentos_.log.value_or(caminhoDoLog(arquivo, sufixoSemPonto));
-        if (argumentos_.json) json_.iniciar(arquivo, nomeDo(pedido.tipoArquivo), log);
-        const Resumo resumo = formulario_.analisar(pedido).value_or(naoRodou());
+        Rodada rodada = trabalho_.comecar(pedido);
+        if (argumentos_.json) json_.iniciar(rodada.nomeArquivo(), nomeDo(pedido.tipoArquivo), rodada.nomeArquivoLog());
+        const Resumo resumo = analisar(rodada, pedido);
         const int situacaoDoArquivo = situacaoDe(resumo);
         if (argumentos_.json)
             json_.terminar(resumo, situacaoDoArquivo);
         else if (!argumentos_.silencioso)
-            resumir(arquivo, pedido.tipoArquivo, log, resumo);
+            resumir(rodada, pedido.tipoArquivo, resumo);
         return situacaoDoArquivo;
     }
 
-    void resumir(const std::filesystem::path& arquivo, TipoArquivo tipo, const std::filesystem::path& log,
-                 const Resumo& resumo) {
+    Resumo analisar(Rodada& rodada, const Pedido& pedido) {
+        const auto motivo = Trabalho::recusa(pedido);
+        if (!motivo) return trabalho_.analisar(rodada, pedido);
+        painel_.mensagem({.texto = *motivo, .titulo = Texto(tituloDoPrograma)});
+        return naoRodou();
+    }
+
+    void resumir(const Rodada& rodada, TipoArquivo tipo, const Resumo& resumo) {
         Texto texto;
         switch (resumo.desfecho) {
         case Desfecho::Concluida:
@@ -156,17 +149,18 @@ class Execucao {
             break;
         }
         if (!resumo.descricao.empty()) texto += junta(": ", resumo.descricao);
-        maquina_.saida << paraTerminal(textoDoCaminho(arquivo)) << ": " << paraTerminal(texto) << '\n'
-                       << "  log: " << paraTerminal(textoDoCaminho(log)) << std::endl;
+        maquina_.saida << paraTerminal(textoDoCaminho(rodada.nomeArquivo())) << ": " << paraTerminal(texto) << '\n'
+                       << "  log: " << paraTerminal(textoDoCaminho(rodada.nomeArquivoLog())) << std::endl;
     }
 
     const Argumentos& argumentos_;
     const Maquina& maquina_;
     LancadorParado lancadorParado_;
     modVariaveis globais_;
-    TelaDoTerminal tela_;
+    std::atomic<bool> cancelado_ = false;
+    PainelDoTerminal painel_;
     Ambiente ambiente_;
-    frmImportacao formulario_;
+    Trabalho trabalho_;
     RelatorJson json_;
 };
 
@@ -184,7 +178,7 @@ int atender(const Argumentos& argumentos, const Maquina& maquina) {
     case Argumentos::Acao::Analisar:
         break;
     }
-    return Execucao(argumentos, maquina).analisarTodos();
+    return Chamada(argumentos, maquina).analisarTodos();
 }
 
 } // namespace

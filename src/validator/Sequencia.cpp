@@ -216,7 +216,7 @@ void Sequencia::anotarLetra(char letra) {
 }
 
 void Sequencia::pararNaLinha(VistaTexto id, char letra, VistaTexto mensagem) const {
-    throw ParadaEstrutural("Depurador "_t,
+    throw ParadaEstrutural(Texto("Depurador "_t),
                            Achado{.id = id,
                                   .gravidade = Gravidade::Estrutural,
                                   .linha = linhaAtual(),

@@ -1,8 +1,5 @@
 #include "frontend/window/frmImportacao.h"
 
-#include "returns/modTrataTAV001.h"
-#include "returns/modTrataZUL708.h"
-
 namespace quilatador {
 
 namespace {
@@ -27,49 +24,34 @@ constexpr Controle rotulosDeProgresso[] = {Controle::Label1,
 } // namespace
 
 frmImportacao::frmImportacao(Ambiente& ambiente, modVariaveis& globais, Tela& tela)
-    : ambiente_(ambiente), globais_(globais), tela_(tela) {}
+    : ambiente_(ambiente), tela_(tela), trabalho_(ambiente, globais, cancelado_) {}
 
-frmImportacao::~frmImportacao() {
-    globais_.bancoDeDados = nullptr;
-}
-
-void frmImportacao::adicionarRelator(Relator& relator) {
-    ouvintes_.push_back(&relator);
-    if (depurador_) depurador_->adicionarRelator(relator);
-}
-
-Depurador& frmImportacao::depurador() {
-    if (!depurador_) {
-        depurador_ = std::make_unique<Depurador>(ambiente_, globais_);
-        for (Relator* ouvinte : ouvintes_)
-            depurador_->adicionarRelator(*ouvinte);
-    }
-    return *depurador_;
-}
-
-bool frmImportacao::iniciar() {
-    try {
-        banco_ = std::make_unique<BancoDeDados>(ambiente_.arquivos, ambiente_.bancoDeDados());
-        globais_.bancoDeDados = banco_.get();
-        return true;
-    } catch (const Falha&) {
-        tela_.mensagem(
-            {.texto = Texto("Não foi possível abrir o arquivo TabelaErrosZUL.mdb! Reinstale o aplicativo."_t),
-             .titulo = Texto(tituloDeErro),
-             .icone = Mensagem::Icone::Exclamacao});
-        return false;
-    }
-}
-
-std::optional<Resumo> frmImportacao::analisar(const Pedido& pedido) {
+void frmImportacao::confirmar(const Pedido& pedido) {
     const bool remessa = pedido.tipoArquivo == TipoArquivo::ZUL702;
-    if (remessa && pedido.comData && recusar(recusaDoFormato(pedido.PosicaoDataBarra, pedido.FormatoDataBarra)))
-        return std::nullopt;
+    if (analisando_ || (remessa && posicaoRecusada(pedido))) return;
+    if (remessa) { // what the last analysis said of its file does not hold for this one
+        tela_.rotulo(Rotulo::Empresa, ""_t);
+        tela_.rotulo(Rotulo::Remessa, ""_t);
+    }
+    const bool analisado = analisar(pedido);
+    if (fecharNoFim_)
+        tela_.fechar();
+    else if (analisado)
+        tela_.focar(Controle::txtNomeArquivo);
+}
+
+/// False where the request was refused, which a message has said.
+bool frmImportacao::analisar(const Pedido& pedido) {
+    if (recusar(Trabalho::recusa(pedido))) return false;
+    const bool remessa = pedido.tipoArquivo == TipoArquivo::ZUL702;
     analisando_ = true;
-    cancelado_ = false;
-    const Resumo resumo = remessa ? analisarRemessa(pedido) : analisarRetorno(pedido);
+    Rodada rodada = trabalho_.comecar(pedido);
+    remessa ? mostrarRemessa() : mostrarRetorno();
+    trabalho_.analisar(rodada, pedido);
+    avisarFim();
+    remessa ? encerrarRemessa() : encerrarRetorno();
     analisando_ = false;
-    return resumo;
+    return true;
 }
 
 bool frmImportacao::recusar(const std::optional<Texto>& motivo) {
@@ -79,51 +61,44 @@ bool frmImportacao::recusar(const std::optional<Texto>& motivo) {
     return true;
 }
 
-Resumo frmImportacao::analisarRemessa(const Pedido& pedido) {
-    tela_.legenda(Controle::cmdCancela, "&Cancela");
+bool frmImportacao::posicaoRecusada(const Pedido& pedido) {
+    return pedido.comData && recusar(recusaDaPosicao(pedido.PosicaoDataBarra));
+}
+
+void frmImportacao::mostrarRemessa() {
+    tela_.legenda(Controle::cmdCancela, "&Cancela"_t);
     tela_.habilitar(Controle::cmdCancela, true);
     tela_.habilitar(Controle::cmdOK, false);
     alternarFaces(true);
     tela_.processarEventos();
+}
 
-    Depurador& validador = depurador();
-    if (pedido.comData) validador.FormatoDataBarra = pedido.FormatoDataBarra;
-    validador.PosicaoDataBarra = pedido.comData ? Valor(pedido.PosicaoDataBarra).paraInteiro() : std::int16_t{0};
-    Resumo resumo = validador.DepurarArquivo(pedido.nomeArquivo, pedido.nomeArquivoLog);
-
-    avisarFim();
-    tela_.legenda(Controle::cmdCancela, "&Fechar");
+void frmImportacao::encerrarRemessa() {
+    tela_.legenda(Controle::cmdCancela, "&Fechar"_t);
     alternarFaces(false);
     tela_.habilitar(Controle::cmdCancela, true);
     tela_.habilitar(Controle::cmdOK, true);
-    return resumo;
 }
 
-Resumo frmImportacao::analisarRetorno(const Pedido& pedido) {
-    tela_.rotulo(Rotulo::Empresa, "Empresa");
-    tela_.rotulo(Rotulo::Remessa, "Remessa");
+void frmImportacao::mostrarRetorno() {
+    tela_.rotulo(Rotulo::Empresa, "Empresa"_t);
+    tela_.rotulo(Rotulo::Remessa, "Remessa"_t);
     tela_.iniciarProgresso({});
     for (const Controle controle : rotulosDeProgresso)
         tela_.mostrar(controle, false);
     for (const Controle botao : botoes)
         tela_.habilitar(botao, false);
     alternarFaces(true);
-    tela_.rotulo(Rotulo::Operacao, "Aguarde. Analisando Arquivo...");
+    tela_.rotulo(Rotulo::Operacao, "Aguarde. Analisando Arquivo..."_t);
+}
 
-    retornoInterrompido_ = false;
-    const auto tratar = pedido.tipoArquivo == TipoArquivo::ZUL708 ? tratarRetornoZUL708 : tratarRetornoTAV001;
-    const ResultadoRetorno resultado = tratar(
-        ambiente_, globais_, {.nomeArquivo = pedido.nomeArquivo, .log = pedido.nomeArquivoLog, .ouvintes = ouvintes_},
-        retornoInterrompido_);
-
-    avisarFim();
-    tela_.legenda(Controle::cmdCancela, "&Fechar");
+void frmImportacao::encerrarRetorno() {
+    tela_.legenda(Controle::cmdCancela, "&Fechar"_t);
     alternarFaces(false);
     for (const Controle botao : botoes)
         tela_.habilitar(botao, true);
     for (const Controle controle : rotulosDeProgresso)
         tela_.mostrar(controle, true);
-    return resultado.resumo;
 }
 
 /// Shows the progress and hides the request, or the reverse.
@@ -134,7 +109,7 @@ void frmImportacao::alternarFaces(bool progresso) {
 
 void frmImportacao::avisarFim() {
     tela_.mensagem({.texto = Texto("Análise finalizada!"_t),
-                    .titulo = "Aviso!",
+                    .titulo = Texto("Aviso!"_t),
                     .icone = Mensagem::Icone::Exclamacao,
                     .assunto = Mensagem::Assunto::Aviso});
 }
@@ -142,12 +117,13 @@ void frmImportacao::avisarFim() {
 void frmImportacao::cancelar() {
     if (!analisando_) return tela_.fechar();
     cancelado_ = true;
-    interromper();
 }
 
-void frmImportacao::interromper() {
-    retornoInterrompido_ = true;
-    if (depurador_) depurador_->Cancelado = true;
+bool frmImportacao::podeFechar() {
+    if (!analisando_) return true;
+    fecharNoFim_ = true;
+    cancelar();
+    return false;
 }
 
 } // namespace quilatador

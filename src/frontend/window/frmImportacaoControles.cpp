@@ -34,7 +34,7 @@ bool frmImportacao::Form_Load() {
     escolherPrimeirasGuias(false);
     escolherTipo(TipoArquivo::ZUL702);
     mudarNomeArquivo(true);
-    return iniciar();
+    return trabalho_.iniciar();
 }
 
 void frmImportacao::escolherTipo(TipoArquivo tipo) {
@@ -66,10 +66,6 @@ void frmImportacao::sairDaPosicao(const Pedido& pedido) {
     static_cast<void>(posicaoRecusada(pedido));
 }
 
-bool frmImportacao::posicaoRecusada(const Pedido& pedido) {
-    return pedido.comData && recusar(recusaDaPosicao(pedido.PosicaoDataBarra));
-}
-
 void frmImportacao::mudarNomeArquivo(bool vazio) {
     tela_.habilitar(Controle::cmdOK, !vazio);
 }
@@ -96,31 +92,6 @@ void frmImportacao::abrirAjuda() {
 
 void frmImportacao::abrirLeiaute() {
     ambiente_.lancador.abrirDocumento(ambiente_.pastaDoPrograma / "Documentos" / "TAV" / "Layouts" / "layouts.html");
-}
-
-void frmImportacao::confirmar(const Pedido& pedido) {
-    const bool remessa = pedido.tipoArquivo == TipoArquivo::ZUL702;
-    if (analisando_ || (remessa && posicaoRecusada(pedido))) return;
-    if (remessa) { // what the last analysis said of its file does not hold for this one
-        tela_.rotulo(Rotulo::Empresa, "");
-        tela_.rotulo(Rotulo::Remessa, "");
-    }
-    const bool analisado = analisar(pedido).has_value();
-    if (fecharNoFim_)
-        tela_.fechar();
-    else if (analisado)
-        tela_.focar(Controle::txtNomeArquivo);
-}
-
-bool frmImportacao::podeFechar() {
-    if (!analisando_) return true;
-    fecharNoFim_ = true;
-    cancelar();
-    return false;
-}
-
-void frmImportacao::atender() {
-    if (cancelado_) interromper();
 }
 
 } // namespace quilatador

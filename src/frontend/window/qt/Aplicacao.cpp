@@ -11,7 +11,7 @@
 namespace quilatador {
 
 Aplicacao::Aplicacao(const Maquina& maquina)
-    : tela_(janela_, maquina.dialogos, maquina.relogio, [this] { formulario_.atender(); })
+    : tela_(janela_, maquina.dialogos, maquina.relogio)
     , ambiente_{tela_, maquina.relogio, maquina.localidade, maquina.lancador, maquina.arquivos, maquina.pastaDoPrograma}
     , formulario_(ambiente_, globais_, tela_)
     , sobre_(maquina.arquivos, maquina.localidade, maquina.pastaDoPrograma, maquina.programa)

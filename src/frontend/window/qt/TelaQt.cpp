@@ -22,8 +22,8 @@ constexpr std::int32_t registrosPorLeitura = 256;
 
 } // namespace
 
-TelaQt::TelaQt(JanelaPrincipal& janela, Dialogos& dialogos, const Relogio& relogio, std::function<void()> aoAtender)
-    : janela_(janela), dialogos_(dialogos), relogio_(relogio), aoAtender_(std::move(aoAtender)) {
+TelaQt::TelaQt(JanelaPrincipal& janela, Dialogos& dialogos, const Relogio& relogio)
+    : janela_(janela), dialogos_(dialogos), relogio_(relogio) {
     for (std::size_t i = 0; i < totalDeControles; ++i) {
         controles_[i] = janela.findChild<QWidget*>(paraQt(nomeDoControle(static_cast<Controle>(i))));
         assert(controles_[i] && "the window lacks a control that the rules know");
@@ -67,7 +67,6 @@ void TelaQt::concluirProgresso(const Progresso& progresso) {
 
 void TelaQt::processarEventos() {
     QCoreApplication::processEvents();
-    aoAtender_();
 }
 
 void TelaQt::mensagem(const Mensagem& mensagem) {

@@ -5,7 +5,6 @@
 #include "frontend/window/Tela.h"
 
 #include <array>
-#include <functional>
 #include <map>
 
 namespace quilatador {
@@ -14,8 +13,7 @@ namespace quilatador {
 /// about thirty times a second, whatever the size of the file.
 class TelaQt final : public Tela {
   public:
-    /// `aoAtender` is called behind each handling of events.
-    TelaQt(JanelaPrincipal& janela, Dialogos& dialogos, const Relogio& relogio, std::function<void()> aoAtender);
+    TelaQt(JanelaPrincipal& janela, Dialogos& dialogos, const Relogio& relogio);
 
     void rotulo(Rotulo qual, VistaTexto texto) override;
     void iniciarProgresso(const Progresso& progresso) override;
@@ -40,7 +38,6 @@ class TelaQt final : public Tela {
     JanelaPrincipal& janela_;
     Dialogos& dialogos_;
     const Relogio& relogio_;
-    std::function<void()> aoAtender_;
     std::array<QWidget*, totalDeControles> controles_{}; ///< by place in `Controle`
     std::map<Rotulo, Texto> rotulos_;                    ///< as shown
     Relogio::Instante proximoQuadro_{};                  ///< not before this time

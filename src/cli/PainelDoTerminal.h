@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frontend/window/Tela.h"
+#include "run/Painel.h"
 #include "run/Relogio.h"
 
 #include <functional>
@@ -10,8 +10,8 @@
 namespace quilatador {
 
 /// The display of the command line: problems and progress go to a stream as UTF-8, progress only where a person
-/// watches, on one line that is drawn again at most ten times a second. It has no controls.
-class TelaDoTerminal : public Tela {
+/// watches, on one line that is drawn again at most ten times a second.
+class PainelDoTerminal : public Painel {
   public:
     struct Opcoes {
         bool comProgresso = false;
@@ -20,7 +20,7 @@ class TelaDoTerminal : public Tela {
         std::function<void()> aoAtender; ///< called where waiting events are handled, once per line
     };
 
-    TelaDoTerminal(std::ostream& saida, const Relogio& relogio, Opcoes opcoes);
+    PainelDoTerminal(std::ostream& saida, const Relogio& relogio, Opcoes opcoes);
 
     void rotulo(Rotulo qual, VistaTexto texto) override;
     void iniciarProgresso(const Progresso& progresso) override;
@@ -29,14 +29,6 @@ class TelaDoTerminal : public Tela {
     void processarEventos() override;
     void mensagem(const Mensagem& mensagem) override;
     [[nodiscard]] std::optional<double> primeirasGuias() const override { return opcoes_.primeiras; }
-    void mostrar(Controle, bool) override {}
-    void habilitar(Controle, bool) override {}
-    void legenda(Controle, VistaTexto) override {}
-    void focar(Controle) override {}
-    void marcar(Controle, bool) override {}
-    void escrever(Controle, VistaTexto) override {}
-    void nomeArquivo(const std::filesystem::path&) override {}
-    void fechar() override {}
 
   private:
     void desenhar(const Progresso& progresso, Relogio::Instante agora);

@@ -1,4 +1,4 @@
-#include "cli/TelaDoTerminal.h"
+#include "cli/PainelDoTerminal.h"
 
 #include <algorithm>
 
@@ -26,37 +26,37 @@ std::string paraTerminal(VistaTexto texto) {
     return resultado;
 }
 
-TelaDoTerminal::TelaDoTerminal(std::ostream& saida, const Relogio& relogio, Opcoes opcoes)
+PainelDoTerminal::PainelDoTerminal(std::ostream& saida, const Relogio& relogio, Opcoes opcoes)
     : saida_(saida), relogio_(relogio), opcoes_(std::move(opcoes)) {}
 
-void TelaDoTerminal::rotulo(Rotulo, VistaTexto) {} // the log has what the labels say
+void PainelDoTerminal::rotulo(Rotulo, VistaTexto) {} // the log has what the labels say
 
-void TelaDoTerminal::iniciarProgresso(const Progresso& progresso) {
+void PainelDoTerminal::iniciarProgresso(const Progresso& progresso) {
     if (opcoes_.comProgresso) desenhar(progresso, progresso.inicio);
 }
 
-void TelaDoTerminal::avancar(const Progresso& progresso) {
+void PainelDoTerminal::avancar(const Progresso& progresso) {
     processarEventos();
     if (!opcoes_.comProgresso || progresso.registroAtual % registrosPorLeitura != 0) return;
     const auto agora = relogio_.agora();
     if (agora - ultimoDesenho_ >= intervaloDoDesenho) desenhar(progresso, agora);
 }
 
-void TelaDoTerminal::concluirProgresso(const Progresso&) {
+void PainelDoTerminal::concluirProgresso(const Progresso&) {
     apagar();
 }
 
-void TelaDoTerminal::processarEventos() {
+void PainelDoTerminal::processarEventos() {
     if (opcoes_.aoAtender) opcoes_.aoAtender();
 }
 
-void TelaDoTerminal::mensagem(const Mensagem& mensagem) {
+void PainelDoTerminal::mensagem(const Mensagem& mensagem) {
     if (mensagem.assunto == Mensagem::Assunto::Aviso) return; // that the analysis is over shows by itself
     apagar();
     saida_ << paraTerminal(mensagem.texto) << std::endl;
 }
 
-void TelaDoTerminal::desenhar(const Progresso& progresso, Relogio::Instante agora) {
+void PainelDoTerminal::desenhar(const Progresso& progresso, Relogio::Instante agora) {
     const std::int32_t total = std::max(progresso.totalRegistros, progresso.registroAtual);
     const std::int64_t porCento = total == 0 ? 0 : std::int64_t{100} * progresso.registroAtual / total;
     std::string linha =
@@ -69,7 +69,7 @@ void TelaDoTerminal::desenhar(const Progresso& progresso, Relogio::Instante agor
     desenhado_ = true;
 }
 
-void TelaDoTerminal::apagar() {
+void PainelDoTerminal::apagar() {
     if (desenhado_) saida_ << "\r\x1b[K" << std::flush;
     desenhado_ = false;
 }

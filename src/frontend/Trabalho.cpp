@@ -1,0 +1,62 @@
+#include "frontend/Trabalho.h"
+
+#include "returns/modTrataTAV001.h"
+#include "returns/modTrataZUL708.h"
+
+namespace quilatador {
+
+Trabalho::Trabalho(Ambiente& ambiente, modVariaveis& globais, std::atomic<bool>& cancelado)
+    : ambiente_(ambiente), globais_(globais), cancelado_(cancelado) {}
+
+Trabalho::~Trabalho() {
+    globais_.bancoDeDados = nullptr;
+}
+
+bool Trabalho::iniciar() {
+    try {
+        banco_ = std::make_unique<BancoDeDados>(ambiente_.arquivos, ambiente_.bancoDeDados());
+        globais_.bancoDeDados = banco_.get();
+        return true;
+    } catch (const Falha&) {
+        ambiente_.painel.mensagem(
+            {.texto = Texto("Não foi possível abrir o arquivo TabelaErrosZUL.mdb! Reinstale o aplicativo."_t),
+             .titulo = Texto(tituloDeErro),
+             .icone = Mensagem::Icone::Exclamacao});
+        return false;
+    }
+}
+
+std::optional<Texto> Trabalho::recusa(const Pedido& pedido) {
+    const bool temData = pedido.tipoArquivo == TipoArquivo::ZUL702 && pedido.comData;
+    return temData ? recusaDoFormato(pedido.PosicaoDataBarra, pedido.FormatoDataBarra) : std::nullopt;
+}
+
+Rodada Trabalho::comecar(const Pedido& pedido) {
+    return {ambiente_,
+            {.tipoArquivo = pedido.tipoArquivo,
+             .nomeArquivo = pedido.nomeArquivo,
+             .log = pedido.nomeArquivoLog,
+             .ouvintes = ouvintes_},
+            cancelado_};
+}
+
+Resumo Trabalho::analisar(Rodada& rodada, const Pedido& pedido) {
+    switch (pedido.tipoArquivo) {
+    case TipoArquivo::ZUL708:
+        return tratarRetornoZUL708(rodada, globais_);
+    case TipoArquivo::TAV001:
+        return tratarRetornoTAV001(rodada, globais_);
+    case TipoArquivo::ZUL702:
+        break;
+    }
+    return depurar(rodada, pedido);
+}
+
+Resumo Trabalho::depurar(Rodada& rodada, const Pedido& pedido) {
+    if (!depurador_) depurador_ = std::make_unique<Depurador>(ambiente_, globais_, cancelado_);
+    if (pedido.comData) depurador_->FormatoDataBarra = pedido.FormatoDataBarra;
+    depurador_->PosicaoDataBarra = pedido.comData ? Valor(pedido.PosicaoDataBarra).paraInteiro() : std::int16_t{0};
+    return depurador_->depurar(rodada);
+}
+
+} // namespace quilatador
