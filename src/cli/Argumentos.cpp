@@ -44,9 +44,8 @@ Situação ao terminar:
 )"_t;
 
 std::optional<TipoArquivo> tipoDeNome(std::string_view nome) {
-    if (nome == "ZUL702") return TipoArquivo::ZUL702;
-    if (nome == "ZUL708") return TipoArquivo::ZUL708;
-    if (nome == "TAV001") return TipoArquivo::TAV001;
+    for (const TipoArquivo tipo : {TipoArquivo::ZUL702, TipoArquivo::ZUL708, TipoArquivo::TAV001})
+        if (bytesDoTexto(nomeDo(tipo)) == nome) return tipo;
     return std::nullopt;
 }
 
@@ -67,7 +66,7 @@ Texto motivoDaRecusa(const CLI::ParseError& erro, const CLI::App& app) {
     const auto listar = [](const std::vector<std::string>& itens) {
         Texto lista;
         for (const std::string& item : itens)
-            lista += (lista.empty() ? "" : " ") + textoDeUtf8(item);
+            lista += junta(lista.empty() ? ""_t : " "_t, textoDeUtf8(item));
         return lista;
     };
     if (dynamic_cast<const CLI::ExtrasError*>(&erro)) return junta("Opção desconhecida: "_t, listar(app.remaining()));
@@ -79,19 +78,45 @@ Texto motivoDaRecusa(const CLI::ParseError& erro, const CLI::App& app) {
                  textoDeUtf8(texto.substr(nome, texto.find_first_of(": ", nome) - nome)));
 }
 
+/// Options whose values are read only once all are known; none where they were not given.
+struct Valores {
+    std::vector<std::string> arquivos;
+    std::optional<std::string> tipo;
+    std::optional<std::string> posicao;
+    std::optional<std::string> formato;
+    std::optional<std::string> primeiras;
+    std::optional<std::string> pasta;
+    std::optional<std::string> log;
+};
+
+/// What the user wants done with the files, as far as the values are right.
+Argumentos interpretar(const Valores& valores, Argumentos lidos) {
+    if (valores.arquivos.empty()) return recusa(Texto("Falta o nome do ARQUIVO."_t));
+    if (valores.tipo) lidos.tipo = tipoDeNome(*valores.tipo);
+    if (valores.tipo && !lidos.tipo)
+        return recusa(junta("Tipo de arquivo desconhecido: "_t, textoDeUtf8(*valores.tipo)));
+    if (valores.primeiras) {
+        const Texto primeiras = textoDeUtf8(*valores.primeiras);
+        if (!soDigitos(primeiras)) return recusa(junta("Quantidade de guias inválida: "_t, primeiras));
+        lidos.primeiras = lerNumero(primeiras);
+    }
+    if (valores.log && valores.arquivos.size() > 1) return recusa(Texto("--log vale somente com um ARQUIVO."_t));
+    lidos.posicao = lerNumero(valores.posicao ? textoDeUtf8(*valores.posicao) : Texto(posicaoInicial));
+    lidos.formato = valores.formato ? textoDeUtf8(*valores.formato) : Texto(formatoInicial);
+    if (valores.pasta) lidos.pasta = caminhoCompleto(*valores.pasta);
+    if (valores.log) lidos.log = caminhoCompleto(*valores.log);
+    for (const std::string& arquivo : valores.arquivos)
+        lidos.arquivos.push_back(caminhoCompleto(arquivo));
+    return lidos;
+}
+
 } // namespace
 
 Argumentos lerArgumentos(std::vector<std::string> argumentos) {
     Argumentos lidos;
+    Valores valores;
     bool mostrarAjuda = false;
     bool mostrarVersao = false;
-    std::vector<std::string> arquivos;
-    std::string tipo;
-    std::string posicao(posicaoInicial);
-    std::string formato(formatoInicial);
-    std::string primeiras;
-    std::string pasta;
-    std::string log;
 
     CLI::App app;
     app.set_help_flag();
@@ -101,40 +126,22 @@ Argumentos lerArgumentos(std::vector<std::string> argumentos) {
     app.add_flag("--abrir", lidos.abrir);
     app.add_flag("--json", lidos.json);
     app.add_flag("-q,--silencioso", lidos.silencioso);
-    const auto* opcaoTipo = app.add_option("--tipo", tipo);
-    app.add_option("--posicao", posicao);
-    app.add_option("--formato", formato);
-    const auto* opcaoPrimeiras = app.add_option("--primeiras", primeiras);
-    const auto* opcaoPasta = app.add_option("--pasta", pasta);
-    const auto* opcaoLog = app.add_option("--log", log);
-    app.add_option("ARQUIVO", arquivos);
+    app.add_option("--tipo", valores.tipo);
+    app.add_option("--posicao", valores.posicao);
+    app.add_option("--formato", valores.formato);
+    app.add_option("--primeiras", valores.primeiras);
+    app.add_option("--pasta", valores.pasta);
+    app.add_option("--log", valores.log);
+    app.add_option("ARQUIVO", valores.arquivos);
     try {
         std::ranges::reverse(argumentos); // the parser takes them from the back
         app.parse(argumentos);
     } catch (const CLI::ParseError& erro) {
         return recusa(motivoDaRecusa(erro, app));
     }
-    if (mostrarAjuda)
-        lidos.acao = Argumentos::Acao::MostrarAjuda;
-    else if (mostrarVersao)
-        lidos.acao = Argumentos::Acao::MostrarVersao;
-    if (lidos.acao != Argumentos::Acao::Analisar) return lidos;
-
-    if (arquivos.empty()) return recusa(Texto("Falta o nome do ARQUIVO."_t));
-    lidos.tipo = tipoDeNome(tipo);
-    if (*opcaoTipo && !lidos.tipo) return recusa(junta("Tipo de arquivo desconhecido: "_t, textoDeUtf8(tipo)));
-    if (*opcaoPrimeiras) {
-        if (!soDigitos(primeiras)) return recusa(junta("Quantidade de guias inválida: "_t, textoDeUtf8(primeiras)));
-        lidos.primeiras = lerNumero(primeiras);
-    }
-    if (*opcaoLog && arquivos.size() > 1) return recusa("--log vale somente com um ARQUIVO.");
-    lidos.posicao = lerNumero(textoDeUtf8(posicao));
-    lidos.formato = textoDeUtf8(formato);
-    if (*opcaoPasta) lidos.pasta = caminhoCompleto(pasta);
-    if (*opcaoLog) lidos.log = caminhoCompleto(log);
-    for (const std::string& arquivo : arquivos)
-        lidos.arquivos.push_back(caminhoCompleto(arquivo));
-    return lidos;
+    if (mostrarAjuda) lidos.acao = Argumentos::Acao::MostrarAjuda;
+    if (mostrarVersao && !mostrarAjuda) lidos.acao = Argumentos::Acao::MostrarVersao;
+    return lidos.acao == Argumentos::Acao::Analisar ? interpretar(valores, std::move(lidos)) : lidos;
 }
 
 VistaTexto textoDeAjuda() {
@@ -142,7 +149,7 @@ VistaTexto textoDeAjuda() {
 }
 
 Texto textoDaVersao() {
-    return "quilatador-cli " QUILATADOR_VERSAO "\n";
+    return Texto("quilatador-cli " QUILATADOR_VERSAO "\n"_t);
 }
 
 } // namespace quilatador

@@ -60,9 +60,9 @@ void PainelDoTerminal::desenhar(const Progresso& progresso, Relogio::Instante ag
     const std::int32_t total = std::max(progresso.totalRegistros, progresso.registroAtual);
     const std::int64_t porCento = total == 0 ? 0 : std::int64_t{100} * progresso.registroAtual / total;
     std::string linha =
-        paraTerminal(junta("Registro ", std::to_string(progresso.registroAtual), " de ", std::to_string(total), " (",
-                           std::to_string(porCento), "%)  decorrido ", formatarTempo(tempoDecorrido(progresso, agora)),
-                           "  restante ", formatarTempo(tempoRestante(progresso, agora))));
+        paraTerminal(junta("Registro "_t, textoDe(progresso.registroAtual), " de "_t, textoDe(total), " ("_t,
+                           textoDe(porCento), "%)  decorrido "_t, formatarTempo(tempoDecorrido(progresso, agora)),
+                           "  restante "_t, formatarTempo(tempoRestante(progresso, agora))));
     linha.resize(std::min(linha.size(), static_cast<std::size_t>(std::max(opcoes_.largura - 1, 0))));
     saida_ << '\r' << linha << "\x1b[K" << std::flush;
     ultimoDesenho_ = agora;

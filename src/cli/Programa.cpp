@@ -40,19 +40,19 @@ Resumo naoRodou() {
 }
 
 Texto contagem(std::int32_t numero, VistaTexto singular, VistaTexto plural) {
-    return junta(std::to_string(numero), " ", numero == 1 ? singular : plural);
+    return junta(textoDe(numero), " "_t, numero == 1 ? singular : plural);
 }
 
 /// What an analysis that came to its end has to say.
 Texto achadosDe(TipoArquivo tipo, const Resumo& resumo) {
     switch (tipo) {
     case TipoArquivo::ZUL702:
-        return junta(contagem(resumo.totalErros, "erro", "erros"), "; ",
-                     contagem(resumo.guiasDepuradas, "guia lida", "guias lidas"));
+        return junta(contagem(resumo.totalErros, "erro"_t, "erros"_t), "; "_t,
+                     contagem(resumo.guiasDepuradas, "guia lida"_t, "guias lidas"_t));
     case TipoArquivo::ZUL708:
         return contagem(resumo.totalErros, "registro com ocorrência"_t, "registros com ocorrência"_t);
     case TipoArquivo::TAV001:
-        return contagem(resumo.totalRegistros, "registro lido", "registros lidos");
+        return contagem(resumo.totalRegistros, "registro lido"_t, "registros lidos"_t);
     }
     return {};
 }
@@ -148,7 +148,7 @@ class Chamada {
             texto = "não foi possível analisar"_t;
             break;
         }
-        if (!resumo.descricao.empty()) texto += junta(": ", resumo.descricao);
+        if (!resumo.descricao.empty()) texto += junta(": "_t, resumo.descricao);
         maquina_.saida << paraTerminal(textoDoCaminho(rodada.nomeArquivo())) << ": " << paraTerminal(texto) << '\n'
                        << "  log: " << paraTerminal(textoDoCaminho(rodada.nomeArquivoLog())) << std::endl;
     }

@@ -26,6 +26,33 @@ std::int32_t sequencialDe(const RegistroRemessa& registro) {
     return registro.getValorCampo("Sequencial"_t).paraLongo();
 }
 
+/// Checks amount and rate of a revenue, and gives what it adds to the slip's amount: nothing where the rate is wrong.
+double verificarReceita(Conferencia& c, int qual, std::span<const RegistroRemessa> receitas, bool porValorTotal) {
+    const Texto numero = textoDe(qual);
+    const Texto campoDoValor = junta("ValorRec"_t, numero);
+    const Valor valor = c.valor(campoDoValor);
+    if (menor(valor, 0))
+        c.erro({"u.valorRec.negativo"_t, campoDoValor}, junta("Campo Valor da Receita "_t, numero, " inválido"_t));
+    else if (maior(valor, 0) && !definida(receitas, "Numero"_t, qual))
+        c.erro({"u.valorRec.semReceita"_t, campoDoValor},
+               junta("Campo Valor da Receita "_t, numero, " informado mas receita não informada no segmento K"_t));
+
+    const Texto campoDaAliquota = junta("Aliquota"_t, numero);
+    const Valor aliquota = c.valor(campoDaAliquota);
+    if (igual(aliquota, 0)) return valor.paraDuplo();
+    if (menor(aliquota, 0)) {
+        c.erro({"u.aliquota.negativa"_t, campoDaAliquota},
+               junta("Campo Aliquota da Receita "_t, numero, " inválido"_t));
+        return 0;
+    }
+    if (maior(aliquota, 0) && porValorTotal) {
+        c.erro({"u.aliquota.porValorTotal"_t, campoDaAliquota},
+               junta("Campo Aliquota da Receita "_t, numero, " não pode ser informado para cálculo por valor total"_t));
+        return 0;
+    }
+    return maior(aliquota, 0) ? valor.paraDuplo() * aliquota.paraDuplo() / 100 : 0;
+}
+
 } // namespace
 
 bool verificarGuia(Rodada& rodada, const GuiaEmMaos& guia, const Definicao& definicao) {
@@ -99,30 +126,8 @@ bool verificarSegmentoU(Rodada& rodada, const RegistroRemessa& registroU, const 
     }
     const bool porValorTotal = igual(c.valorDe(definicao.registroE, "FormaCalculo"_t), "T"_t);
     double soma = 0;
-    for (int i = 1; i <= maiorNumero; ++i) {
-        const Texto numero = textoDe(i);
-        const Texto campoDoValor = junta("ValorRec"_t, numero);
-        const Texto campoDaAliquota = junta("Aliquota"_t, numero);
-        const Valor valor = c.valor(campoDoValor);
-        if (menor(valor, 0))
-            c.erro({"u.valorRec.negativo"_t, campoDoValor}, junta("Campo Valor da Receita "_t, numero, " inválido"_t));
-        else if (maior(valor, 0) && !definida(definicao.receitas, "Numero"_t, i))
-            c.erro({"u.valorRec.semReceita"_t, campoDoValor},
-                   junta("Campo Valor da Receita "_t, numero, " informado mas receita não informada no segmento K"_t));
-
-        const Valor aliquota = c.valor(campoDaAliquota);
-        if (menor(aliquota, 0))
-            c.erro({"u.aliquota.negativa"_t, campoDaAliquota},
-                   junta("Campo Aliquota da Receita "_t, numero, " inválido"_t));
-        else if (maior(aliquota, 0) && porValorTotal)
-            c.erro({"u.aliquota.porValorTotal"_t, campoDaAliquota},
-                   junta("Campo Aliquota da Receita "_t, numero,
-                         " não pode ser informado para cálculo por valor total"_t));
-        else if (maior(aliquota, 0))
-            soma += valor.paraDuplo() * aliquota.paraDuplo() / 100;
-        else if (igual(aliquota, 0))
-            soma += valor.paraDuplo();
-    }
+    for (int i = 1; i <= maiorNumero; ++i)
+        soma += verificarReceita(c, i, definicao.receitas, porValorTotal);
     if (std::fabs(soma - c.valorDe(registroS, "ValorTotal"_t).paraDuplo()) > toleranciaDaSoma)
         c.erro({"u.soma.diferente"_t}, "Soma dos valores das receitas difere do valor total do recebimento"_t);
     return c.aprovada();

@@ -39,6 +39,22 @@ void verificarIdentificadorDoCliente(Conferencia& c, Definicao& definicao) {
     });
 }
 
+/// The two indicators of what barcodes are checked for: anything but "S" is no, "N" and "S" alone are right.
+void lerIndicadores(Conferencia& c, Definicao& definicao) {
+    const auto ler = [&](const Assunto& assunto, VistaTexto rotulo, VistaTexto mensagem) {
+        const Valor indicador = c.valor(assunto.campo);
+        if (diferente(indicador, "N"_t) && diferente(indicador, "S"_t))
+            c.erro(assunto, mensagem);
+        else
+            c.eco(rotulo, indicador.texto());
+        return igual(indicador, "S"_t);
+    };
+    definicao.checarData = ler({"e.checarData.invalido"_t, "Checar data"_t}, "Checar data....: "_t,
+                               "Campo 'Checar data' não informado ou Inválido!"_t);
+    definicao.checarValor = ler({"e.checarValor.invalido"_t, "Checar valor"_t}, "Checar valor...: "_t,
+                                "Campo 'Checar valor' não informado ou Inválido!"_t);
+}
+
 } // namespace
 
 void verificarSegmentoD(Rodada& rodada, Definicao& definicao) {
@@ -97,19 +113,7 @@ void verificarSegmentoE(Rodada& rodada, Definicao& definicao) {
              "Campo 'Titulo da composicao do recebimento' não informado"_t);
     ecoSeHouver("Den.Sequencial : "_t, "DenSequencial"_t);
 
-    if (!versaoComIndicadores(definicao)) return;
-    const auto lerIndicador = [&](const Assunto& assunto, VistaTexto rotulo, VistaTexto mensagem) {
-        const Valor indicador = c.valor(assunto.campo);
-        if (diferente(indicador, "N"_t) && diferente(indicador, "S"_t))
-            c.erro(assunto, mensagem);
-        else
-            c.eco(rotulo, indicador.texto());
-        return igual(indicador, "S"_t);
-    };
-    definicao.checarData = lerIndicador({"e.checarData.invalido"_t, "Checar data"_t}, "Checar data....: "_t,
-                                        "Campo 'Checar data' não informado ou Inválido!"_t);
-    definicao.checarValor = lerIndicador({"e.checarValor.invalido"_t, "Checar valor"_t}, "Checar valor...: "_t,
-                                         "Campo 'Checar valor' não informado ou Inválido!"_t);
+    if (versaoComIndicadores(definicao)) lerIndicadores(c, definicao);
 }
 
 bool versaoComIndicadores(const Definicao& definicao) {
