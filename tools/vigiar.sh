@@ -54,7 +54,7 @@ cobertura() {
     local programas=() programa
     for programa in build/coverage/bin/*_test build/coverage/bin/quilatador-cli; do programas+=(-object "$programa"); done
     llvm-cov-14 report "${programas[@]:1}" -instr-profile=build/coverage/perfil -show-branch-summary \
-        -show-region-summary=false src/common src/layout src/returns src/validator >build/coverage/cobertura.txt
+        -show-region-summary=false src/common src/run src/layout src/tables src/returns src/validator >build/coverage/cobertura.txt
     echo "Branches of the core that tests take: $(awk 'END { print $NF }' build/coverage/cobertura.txt)"
 }
 
