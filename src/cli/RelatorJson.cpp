@@ -24,9 +24,12 @@ const char* nomeDo(Desfecho desfecho) {
 
 const char* nomeDa(Gravidade gravidade) {
     switch (gravidade) {
-    case Gravidade::Erro: return "erro";
-    case Gravidade::Ocorrencia: return "ocorrencia";
-    case Gravidade::Estrutural: return "estrutural";
+    case Gravidade::Erro:
+        return "erro";
+    case Gravidade::Ocorrencia:
+        return "ocorrencia";
+    case Gravidade::Estrutural:
+        return "estrutural";
     }
     return "";
 }
