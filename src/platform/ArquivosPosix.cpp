@@ -91,7 +91,7 @@ class SaidaPosix final : public ArquivoSaida {
   public:
     explicit SaidaPosix(Descritor descritor) : descritor_(std::move(descritor)) {}
 
-    void escrever(VistaTexto bytes) override {
+    void escrever(std::string_view bytes) override {
         while (!bytes.empty()) {
             const auto quantos =
                 semInterrupcao([&] { return ::write(descritor_.numero(), bytes.data(), bytes.size()); });

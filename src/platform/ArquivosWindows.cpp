@@ -72,7 +72,7 @@ class SaidaWindows final : public ArquivoSaida {
   public:
     explicit SaidaWindows(Canal canal) : canal_(std::move(canal)) {}
 
-    void escrever(VistaTexto bytes) override {
+    void escrever(std::string_view bytes) override {
         if (std::fwrite(bytes.data(), 1, bytes.size(), canal_.get()) != bytes.size()) throw falhaDeTransferencia(errno);
     }
 
