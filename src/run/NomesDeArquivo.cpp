@@ -7,12 +7,12 @@ std::filesystem::path caminhoDoLog(const std::filesystem::path& arquivo, VistaTe
     const std::size_t ponto = nome.find(static_cast<std::filesystem::path::value_type>('.'));
     const bool temPonto = ponto != std::filesystem::path::string_type::npos;
     std::filesystem::path caminho(temPonto ? nome.substr(0, ponto + 1) : nome);
-    caminho += temPonto ? VistaTexto("log") : sufixoSemPonto;
+    caminho += bytesDoTexto(temPonto ? "log"_t : sufixoSemPonto);
     return caminho;
 }
 
 Texto tituloDoLog(const std::filesystem::path& arquivo, VistaTexto hoje) {
-    return junta("LOG DE DEPURAÇÃO DO ARQUIVO "_t, textoDoCaminho(arquivo), "  -   ", hoje);
+    return junta("LOG DE DEPURAÇÃO DO ARQUIVO "_t, textoDoCaminho(arquivo), "  -   "_t, hoje);
 }
 
 } // namespace quilatador
