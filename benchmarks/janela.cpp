@@ -71,7 +71,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     const std::filesystem::path remessa = std::filesystem::absolute(argv[2]);
-    const std::filesystem::path log = caminhoDoLog(remessa, "log");
+    const std::filesystem::path log = caminhoDoLog(remessa, "log"_t);
     RelogioDoSistema relogio;
     LocalidadeDoSistema localidade;
     LancadorParado lancador;

@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # Watches what the tests alone do not see, one job after the other or those that are named:
 #
-#   tools/vigiar.sh [sanitizadores|analise|fuzz|cobertura]...
+#   tools/vigiar.sh [formato|sanitizadores|analise|fuzz|cobertura]...
 #
+#   formato        clang-format over every source: a difference fails
 #   sanitizadores  every test, the window's too, under the address and undefined-behaviour sanitizers
 #   analise        clang-tidy and cppcheck over every source
 #   fuzz           every fuzz target for a short time (FUZZ_SECONDS, 30)
@@ -10,7 +11,7 @@
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/preparar.sh"
 
-pacotes_da_vigia=(clang libclang-rt-14-dev clang-tidy cppcheck llvm-14)
+pacotes_da_vigia=(clang clang-format libclang-rt-14-dev clang-tidy cppcheck llvm-14)
 export QT_QPA_PLATFORM=offscreen
 
 # Runs the tests of a preset; only their end is shown, or all where one fails.
@@ -18,6 +19,11 @@ testar() {
     local registro=$raiz/build/$1/testes.txt
     ctest --preset "$1" --output-log "$registro" >/dev/null 2>&1 || { cat "$registro"; return 1; }
     sed -n 's/^[0-9]*: \(.*no finding\)$/\1/p; /% tests passed/p' "$registro"
+}
+
+formato() {
+    git ls-files -z '*.h' '*.cpp' | xargs -0 clang-format --dry-run --Werror
+    echo "clang-format: no difference in $(git ls-files '*.h' '*.cpp' | wc -l) sources"
 }
 
 sanitizadores() {
@@ -59,12 +65,12 @@ cobertura() {
 }
 
 trabalhos=("$@")
-((${#trabalhos[@]})) || trabalhos=(sanitizadores analise fuzz cobertura)
+((${#trabalhos[@]})) || trabalhos=(formato sanitizadores analise fuzz cobertura)
 instalar "${pacotes_da_compilacao[@]}" "${pacotes_da_janela[@]}" "${pacotes_dos_testes[@]}" "${pacotes_da_vigia[@]}"
 cd "$raiz"
 for trabalho in "${trabalhos[@]}"; do
     case $trabalho in
-    sanitizadores | analise | fuzz | cobertura) ;;
+    formato | sanitizadores | analise | fuzz | cobertura) ;;
     *) avisar "Não há o trabalho \"$trabalho\"." && exit 2 ;;
     esac
     avisar "$trabalho..."

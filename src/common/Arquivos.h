@@ -1,13 +1,13 @@
 #pragma once
 
 #include "common/Data.h"
-#include "common/Texto.h"
 
 #include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <optional>
 #include <span>
+#include <string_view>
 
 namespace quilatador {
 
@@ -34,8 +34,8 @@ class ArquivoEntrada {
 class ArquivoSaida {
   public:
     virtual ~ArquivoSaida() = default;
-    /// Writes all of it. `Falha` 61 where the disk is full, 57 for any other fault.
-    virtual void escrever(VistaTexto bytes) = 0;
+    /// Writes all of it, bytes of whatever encoding. `Falha` 61 where the disk is full, 57 for any other fault.
+    virtual void escrever(std::string_view bytes) = 0;
     /// Closes the file; what is destroyed without it is closed without report. Fails as `escrever` does.
     virtual void fechar() = 0;
 };

@@ -15,12 +15,12 @@ int digitoOuZero(char c) noexcept {
 
 /// The digit at a position (0-based) of a CNPJ or CPF.
 int digitoExigido(VistaTexto digitos, std::size_t posicao) {
-    if (posicao >= digitos.size() || !modDepuracao::isDigito(digitos[posicao])) throw Falha::conversao("DV");
+    if (posicao >= digitos.size() || !modDepuracao::isDigito(digitos[posicao])) throw Falha::conversao("DV"_t);
     return digitos[posicao] - '0';
 }
 
 Texto umDigito(long long digito) {
-    return std::to_string(digito);
+    return textoDe(digito);
 }
 
 /// Sum of digit times weight from the right; the weights go from `primeiro` to `ultimo` by `passo`, again and again.
@@ -51,7 +51,7 @@ Texto digitoDeCadastro(VistaTexto digitos, std::size_t quantos, int maiorPeso) {
 
 Texto DV::CalcularMod11(VistaTexto digitos) {
     const long long resto = somaPonderada(digitos, 9, 2, -1) % 11;
-    return resto == 10 ? Texto("X") : umDigito(resto);
+    return resto == 10 ? Texto("X"_t) : umDigito(resto);
 }
 
 bool DV::VerificarMod11(VistaTexto digitos) {
@@ -67,7 +67,7 @@ Texto DV::CalculaMod1129(std::optional<VistaTexto> digitos) {
     for (std::size_t i = aparado.size(); i-- > 0;) {
         const int produto = digitoOuZero(aparado[i]) * peso;
         soma += produto / 10 + produto % 10;
-        if (soma > std::numeric_limits<std::int16_t>::max()) throw Falha(numeroDeFalha::estouro, "DV", "Estouro");
+        if (soma > std::numeric_limits<std::int16_t>::max()) throw Falha(numeroDeFalha::estouro, "DV"_t, "Estouro"_t);
         peso = peso == 9 ? 2 : peso + 1;
     }
     const int resto = soma % 11;
@@ -76,7 +76,7 @@ Texto DV::CalculaMod1129(std::optional<VistaTexto> digitos) {
 
 Texto DV::CalculaMod11Barra(VistaTexto digitos) {
     const long long resto = somaPonderada(digitos, 2, 9, 1) % 11;
-    if (resto == 10) return "1";
+    if (resto == 10) return Texto("1"_t);
     return umDigito(resto < 2 ? 0 : 11 - resto);
 }
 

@@ -53,7 +53,7 @@ Data somarDias(const Data& data, long long dias) {
         const Data soma = std::chrono::sys_days(data) + std::chrono::days(dias);
         if (anoDe(soma) >= menorAno && anoDe(soma) <= maiorAno) return soma;
     }
-    throw Falha(numeroDeFalha::estouro, "Data", "Estouro");
+    throw Falha(numeroDeFalha::estouro, "Data"_t, "Estouro"_t);
 }
 
 int numeroDeSerie(const Data& data) noexcept {
@@ -75,10 +75,10 @@ std::optional<Data> lerData(VistaTexto texto) {
 Texto formatarData(const Data& data, VistaTexto formato) {
     const auto ano = anoDe(data);
     const std::array<std::pair<VistaTexto, Texto>, 4> simbolos{
-        {{"YYYY", comZeros(ano, 4)},
-         {"YY", comZeros(ano % 100, 2)},
-         {"MM", comZeros(static_cast<int>(static_cast<unsigned>(data.month())), 2)},
-         {"DD", comZeros(static_cast<int>(static_cast<unsigned>(data.day())), 2)}}};
+        {{"YYYY"_t, comZeros(ano, 4)},
+         {"YY"_t, comZeros(ano % 100, 2)},
+         {"MM"_t, comZeros(static_cast<int>(static_cast<unsigned>(data.month())), 2)},
+         {"DD"_t, comZeros(static_cast<int>(static_cast<unsigned>(data.day())), 2)}}};
     Texto resultado;
     while (!formato.empty()) {
         bool achado = false;

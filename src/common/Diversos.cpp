@@ -42,9 +42,9 @@ constexpr std::array<char, 256> tabelaSimples = []() {
 
 /// The text that `Juliana2Data` takes, cut from one of the formats with a day of the year; none for other formats.
 std::optional<Texto> textoJuliano(VistaTexto texto, VistaTexto formato) {
-    if (formato == "ADDD") return Texto(texto);
-    if (formato == "DDDA") return junta(ultimos(texto, 1), trecho(texto, 1, 3));
-    if (formato == "AADDD") return Texto(trecho(texto, 2));
+    if (formato == "ADDD"_t) return Texto(texto);
+    if (formato == "DDDA"_t) return junta(ultimos(texto, 1), trecho(texto, 1, 3));
+    if (formato == "AADDD"_t) return Texto(trecho(texto, 2));
     return std::nullopt;
 }
 
@@ -55,12 +55,12 @@ Texto Diversos::VazioSeNulo(const Valor& valor) {
 }
 
 Texto Diversos::NuloSeVazio(VistaTexto texto) {
-    return texto.empty() ? Texto("null") : junta("'", texto, "'");
+    return texto.empty() ? Texto("null"_t) : junta("'"_t, texto, "'"_t);
 }
 
 Texto Diversos::NuloSeEmpty(const Valor& valor) {
-    if (valor.vazio()) return "Null";
-    if (const Data* data = valor.comoData()) return formatarData(*data, "#mm/dd/yyyy#");
+    if (valor.vazio()) return Texto("Null"_t);
+    if (const Data* data = valor.comoData()) return formatarData(*data, "#mm/dd/yyyy#"_t);
     return valor.texto();
 }
 
@@ -69,7 +69,7 @@ Valor Diversos::EmptySeNulo(const Valor& valor) {
 }
 
 Texto Diversos::NuloSeZero(const Valor& valor) {
-    return igual(valor, 0) ? Texto("null") : valor.texto();
+    return igual(valor, 0) ? Texto("null"_t) : valor.texto();
 }
 
 Valor Diversos::ZeroSeNulo(const Valor& valor) {
@@ -94,15 +94,15 @@ Texto Diversos::padR(VistaTexto texto, std::size_t tamanho, char caractere) {
 Texto Diversos::Data2Juliana(const Data& data, VistaTexto formato) {
     const Texto dia = comZeros(diaDoAno(data), 3);
     const Texto ano = comZeros(anoDe(data) % 100, 2);
-    if (formato == "YNNN") return junta(ultimos(ano, 1), dia);
-    if (formato == "YYNNN") return junta(ano, dia);
-    if (formato == "NNNY") return junta(dia, ultimos(ano, 1));
-    if (formato == "NNNYY") return junta(dia, ano);
+    if (formato == "YNNN"_t) return junta(ultimos(ano, 1), dia);
+    if (formato == "YYNNN"_t) return junta(ano, dia);
+    if (formato == "NNNY"_t) return junta(dia, ultimos(ano, 1));
+    if (formato == "NNNYY"_t) return junta(dia, ano);
     return {};
 }
 
 Data Diversos::Juliana2Data(VistaTexto texto, int anoCorrente) {
-    if (!soDigitos(texto)) throw Falha::conversao("Diversos");
+    if (!soDigitos(texto)) throw Falha::conversao("Diversos"_t);
     int ano = anoCorrente / 10 * 10 + (texto.front() - '0');
     if (ano < anoCorrente - anosDaJanela) ano += 10;
     if (ano > anoCorrente + anosDaJanela) ano -= 10;
@@ -116,10 +116,11 @@ Texto Diversos::FormatarData(const Data& data, VistaTexto formato) {
 }
 
 Texto Diversos::textoDeData(VistaTexto texto, VistaTexto formato) {
-    if (formato == "AAAAMMDD") return junta(ultimos(texto, 2), "/", trecho(texto, 5, 2), "/", trecho(texto, 1, 4));
-    if (formato == "AAMMDD") return junta(ultimos(texto, 2), "/", trecho(texto, 3, 2), "/", trecho(texto, 1, 2));
-    if (formato == "DDMMAAAA") return comMascara(texto, "@@/@@/@@@@");
-    if (formato == "DDMMAA") return comMascara(texto, "@@/@@/@@");
+    if (formato == "AAAAMMDD"_t)
+        return junta(ultimos(texto, 2), "/"_t, trecho(texto, 5, 2), "/"_t, trecho(texto, 1, 4));
+    if (formato == "AAMMDD"_t) return junta(ultimos(texto, 2), "/"_t, trecho(texto, 3, 2), "/"_t, trecho(texto, 1, 2));
+    if (formato == "DDMMAAAA"_t) return comMascara(texto, "@@/@@/@@@@"_t);
+    if (formato == "DDMMAA"_t) return comMascara(texto, "@@/@@/@@"_t);
     return {};
 }
 

@@ -32,7 +32,7 @@ class Diversos {
 
     /// The day of the year (three digits) with the last digit, or the last two, of the year: `formato` "YNNN",
     /// "YYNNN", "NNNY" or "NNNYY". Any other format gives "".
-    [[nodiscard]] static Texto Data2Juliana(const Data& data, VistaTexto formato = "YNNN");
+    [[nodiscard]] static Texto Data2Juliana(const Data& data, VistaTexto formato = "YNNN"_t);
     /// The date of a year digit followed by the day of the year. The year is the one of that digit in the current
     /// decade, moved by ten where it lies more than five years away. A day past the end of the year runs into the
     /// next. `Falha` 13 where the text is not all digits, 6 where the date is out of range.

@@ -1,29 +1,27 @@
 #include "common/Falha.h"
 
-#include <utility>
-
 namespace quilatador {
 
 namespace {
 constexpr int ultimoNumeroDeArquivo = 76; // "path not found", the last of the file-system conditions
 }
 
-Falha::Falha(int numero, Texto fonte, Texto descricao)
+Falha::Falha(int numero, VistaTexto fonte, VistaTexto descricao)
     : numero_(numero)
     , doAmbiente_((numero >= numeroDeFalha::nomeDeArquivoInvalido && numero <= ultimoNumeroDeArquivo) ||
                   numero >= numeroDeFalha::bancoDeDados)
-    , fonte_(std::move(fonte))
-    , descricao_(std::move(descricao))
+    , fonte_(fonte)
+    , descricao_(descricao)
     , what_(utf8DeTexto(descricao_)) {}
 
-Falha Falha::comContexto(Texto fonte, VistaTexto contexto) const {
-    Falha nova(numeroDeFalha::geral, std::move(fonte), junta(contexto, " - ", descricao_));
+Falha Falha::comContexto(VistaTexto fonte, VistaTexto contexto) const {
+    Falha nova(numeroDeFalha::geral, fonte, junta(contexto, " - "_t, descricao_));
     nova.doAmbiente_ = doAmbiente_;
     return nova;
 }
 
-Falha Falha::conversao(Texto fonte) {
-    return {numeroDeFalha::tiposIncompativeis, std::move(fonte), Texto("Tipos incompatíveis"_t)};
+Falha Falha::conversao(VistaTexto fonte) {
+    return {numeroDeFalha::tiposIncompativeis, fonte, "Tipos incompatíveis"_t};
 }
 
 } // namespace quilatador

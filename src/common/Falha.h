@@ -3,6 +3,7 @@
 #include "common/Texto.h"
 
 #include <exception>
+#include <string>
 
 namespace quilatador {
 
@@ -32,7 +33,7 @@ inline constexpr int bancoDeDados = 3000;
 /// the log. Faults in the data checked are no `Falha`: they are findings.
 class Falha : public std::exception {
   public:
-    Falha(int numero, Texto fonte, Texto descricao);
+    Falha(int numero, VistaTexto fonte, VistaTexto descricao);
 
     [[nodiscard]] int numero() const noexcept { return numero_; }
     /// The class that raised it, or "Gravacao" for files.
@@ -46,10 +47,10 @@ class Falha : public std::exception {
     [[nodiscard]] const char* what() const noexcept override { return what_.c_str(); }
 
     /// The same failure as raised by `fonte`, its number 1 and its description after "`contexto` - ".
-    [[nodiscard]] Falha comContexto(Texto fonte, VistaTexto contexto) const;
+    [[nodiscard]] Falha comContexto(VistaTexto fonte, VistaTexto contexto) const;
 
     /// 13, "Tipos incompatíveis": a value that cannot be converted.
-    [[nodiscard]] static Falha conversao(Texto fonte);
+    [[nodiscard]] static Falha conversao(VistaTexto fonte);
 
   private:
     int numero_;

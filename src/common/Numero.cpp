@@ -19,7 +19,7 @@ constexpr bool digito(char c) noexcept {
 /// What a number past the limits of a double becomes: the largest there is or, where it is too small, 0.
 double noLimite(VistaTexto numero) noexcept {
     const VistaTexto inteiros = numero.substr(0, numero.find('.'));
-    if (inteiros.find_first_of("123456789") == VistaTexto::npos) return 0;
+    if (inteiros.find_first_of("123456789"_t) == VistaTexto::npos) return 0;
     return numero.starts_with('-') ? std::numeric_limits<double>::lowest() : std::numeric_limits<double>::max();
 }
 
@@ -27,7 +27,7 @@ template <typename Inteiro>
 Inteiro arredondar(double numero) {
     const double inteiro = std::nearbyint(numero); // the default rounding mode takes halves to even
     if (!(inteiro >= std::numeric_limits<Inteiro>::min() && inteiro <= std::numeric_limits<Inteiro>::max()))
-        throw Falha(numeroDeFalha::estouro, "Numero", "Estouro");
+        throw Falha(numeroDeFalha::estouro, "Numero"_t, "Estouro"_t);
     return static_cast<Inteiro>(inteiro);
 }
 

@@ -1,6 +1,9 @@
 #include "common/Texto.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
+#include <limits>
 
 namespace quilatador {
 
@@ -113,11 +116,12 @@ Texto comMascara(VistaTexto texto, VistaTexto mascara) {
 }
 
 Texto textoDe(long long numero) {
-    return Texto(textoDosBytes(std::to_string(numero)));
+    std::array<char, std::numeric_limits<long long>::digits10 + 2> digitos; // one more digit, and the sign
+    return {digitos.data(), std::to_chars(digitos.data(), digitos.data() + digitos.size(), numero).ptr};
 }
 
 Texto comZeros(long long numero, std::size_t largura) {
-    Texto digitos = std::to_string(numero);
+    Texto digitos = textoDe(numero);
     const std::size_t sinal = numero < 0 ? 1 : 0;
     if (digitos.size() - sinal < largura) digitos.insert(sinal, largura - (digitos.size() - sinal), '0');
     return digitos;

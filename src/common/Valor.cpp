@@ -8,7 +8,7 @@ namespace quilatador {
 Texto Valor::texto() const {
     if (const Texto* texto = comoTexto()) return *texto;
     if (const double* numero = comoNumero()) return textoDoNumero(*numero);
-    if (const Data* data = comoData()) return formatarData(*data, "DD/MM/YYYY");
+    if (const Data* data = comoData()) return formatarData(*data, "DD/MM/YYYY"_t);
     return {};
 }
 
@@ -22,8 +22,8 @@ double Valor::paraDuplo() const {
     if (const double* numero = comoNumero()) return *numero;
     if (const Data* data = comoData()) return numeroDeSerie(*data);
     if (vazio()) return 0;
-    if (nulo()) throw Falha(numeroDeFalha::usoDeNulo, "Valor", Texto("Uso de Null inválido"_t));
-    if (!ehNumerico(*comoTexto())) throw Falha::conversao("Valor");
+    if (nulo()) throw Falha(numeroDeFalha::usoDeNulo, "Valor"_t, "Uso de Null inválido"_t);
+    if (!ehNumerico(*comoTexto())) throw Falha::conversao("Valor"_t);
     return lerNumero(*comoTexto());
 }
 

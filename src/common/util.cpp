@@ -17,8 +17,8 @@ void tentar(Controle& controle, VistaTexto propriedade, int valor) {
 } // namespace
 
 void SelecionarCampo(Controle& controle) {
-    tentar(controle, "SelStart", 0);
-    tentar(controle, "sellenght", controle.comprimento());
+    tentar(controle, "SelStart"_t, 0);
+    tentar(controle, "sellenght"_t, controle.comprimento());
 }
 
 } // namespace quilatador::util

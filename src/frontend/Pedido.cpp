@@ -13,9 +13,9 @@ constexpr int maiorPosicao = 41;
 
 std::optional<TipoArquivo> tipoDaLinha(VistaTexto linha) {
     const VistaTexto nome = trecho(linha, 12, 6);
-    if (nome == "ZUL702") return TipoArquivo::ZUL702;
-    if (nome == "ZUL708") return TipoArquivo::ZUL708;
-    if (linha.starts_with("A2")) return TipoArquivo::TAV001;
+    if (nome == "ZUL702"_t) return TipoArquivo::ZUL702;
+    if (nome == "ZUL708"_t) return TipoArquivo::ZUL708;
+    if (linha.starts_with("A2"_t)) return TipoArquivo::TAV001;
     return std::nullopt;
 }
 
@@ -30,7 +30,7 @@ std::optional<Texto> recusaDoFormato(double posicao, VistaTexto formato) {
     const auto tamanho = static_cast<int>(formato.size());
     if (posicao + tamanho <= tamanhoDaBarra) return std::nullopt;
     return junta("Posição da data no código de barras para este formato não pode ser maior que "_t,
-                 std::to_string(tamanhoDaBarra - tamanho));
+                 textoDe(tamanhoDaBarra - tamanho));
 }
 
 std::optional<TipoArquivo> reconhecerTipo(const std::filesystem::path& arquivo, Arquivos& arquivos) {

@@ -10,10 +10,11 @@
 namespace quilatador {
 
 /// Formats of the due date in the barcode that are offered; the user may give another.
-inline constexpr VistaTexto formatosOferecidos[] = {"AAAAMMDD", "AAMMDD", "DDMMAAAA", "DDMMAA", "DDDA", "AADDD"};
-inline constexpr VistaTexto formatoInicial = "ADDD";
-inline constexpr VistaTexto posicaoInicial = "20";
-inline constexpr VistaTexto numeroDeGuiasInicial = "50";
+inline constexpr VistaTexto formatosOferecidos[] = {"AAAAMMDD"_t, "AAMMDD"_t, "DDMMAAAA"_t,
+                                                    "DDMMAA"_t,   "DDDA"_t,   "AADDD"_t};
+inline constexpr VistaTexto formatoInicial = "ADDD"_t;
+inline constexpr VistaTexto posicaoInicial = "20"_t;
+inline constexpr VistaTexto numeroDeGuiasInicial = "50"_t;
 
 /// One analysis as the user asks for it. Which slips to check is not part of it: the run asks the display.
 struct Pedido {

@@ -13,25 +13,25 @@ constexpr int chaveDuplicada = 457;
 
 /// A file failure as this class raises it: known conditions have a fixed text.
 Falha falhaDeArquivo(const Falha& falha) {
-    const auto descricao = [&]() -> Texto {
+    const auto descricao = [&]() -> VistaTexto {
         switch (falha.numero()) {
         case numeroDeFalha::nomeDeArquivoInvalido:
-            return Texto("Nome de arquivo inválido!"_t);
+            return "Nome de arquivo inválido!"_t;
         case numeroDeFalha::arquivoNaoEncontrado:
-            return Texto("Arquivo não encontrado!"_t);
+            return "Arquivo não encontrado!"_t;
         case numeroDeFalha::modoDeArquivoInvalido:
-            return Texto("Modo de arquivo inválido!"_t);
+            return "Modo de arquivo inválido!"_t;
         case numeroDeFalha::arquivoJaAberto:
-            return Texto("Arquivo já está aberto!"_t);
+            return "Arquivo já está aberto!"_t;
         case numeroDeFalha::discoCheio:
-            return "Disco cheio!";
+            return "Disco cheio!"_t;
         case numeroDeFalha::erroDeDispositivo:
-            return "Disco com defeito!";
+            return "Disco com defeito!"_t;
         default:
             return falha.descricao();
         }
     };
-    return {falha.numero(), "Gravacao", descricao()};
+    return {falha.numero(), "Gravacao"_t, descricao()};
 }
 
 /// Does what may fail on a file, and raises its failures as `falhaDeArquivo`.
@@ -51,7 +51,7 @@ ArquivoRemessa::ArquivoRemessa(Arquivos& arquivos) : arquivos_(arquivos) {}
 std::shared_ptr<RegistroRemessa> ArquivoRemessa::criarRegistro(VistaTexto nome) {
     const auto tipo = std::ranges::find_if(tipos_, [&](const auto& t) { return iguaisSemCaixa(t->nome(), nome); });
     if (tipo == tipos_.end())
-        throw Falha(numeroDeFalha::argumentoInvalido, "ArquivoRemessa",
+        throw Falha(numeroDeFalha::argumentoInvalido, "ArquivoRemessa"_t,
                     junta("Registro inexistente no leiaute: "_t, nome));
     auto registro = criarCopias_ ? std::make_shared<RegistroRemessa>((*tipo)->copia()) : *tipo;
     registro->ArquivoRemessa(this);
@@ -60,7 +60,7 @@ std::shared_ptr<RegistroRemessa> ArquivoRemessa::criarRegistro(VistaTexto nome) 
 
 void ArquivoRemessa::addTipoRegistro(std::shared_ptr<RegistroRemessa> registro) {
     if (std::ranges::any_of(tipos_, [&](const auto& t) { return iguaisSemCaixa(t->nome(), registro->nome()); }))
-        throw Falha(chaveDuplicada, "ArquivoRemessa", junta("Registro em duplicidade: "_t, registro->nome()));
+        throw Falha(chaveDuplicada, "ArquivoRemessa"_t, junta("Registro em duplicidade: "_t, registro->nome()));
     registro->ArquivoRemessa(this);
     tipos_.push_back(std::move(registro));
     marcasProntas_ = false;
@@ -73,9 +73,9 @@ void ArquivoRemessa::abrirArquivoEntrada(const std::filesystem::path& caminho, L
 }
 
 RegistroRemessa& ArquivoRemessa::lerRegistro(bool lerCampos) {
-    if (!leitor_) throw falhaDeArquivo(Falha(numeroDeFalha::nomeDeArquivoInvalido, "ArquivoRemessa", {}));
+    if (!leitor_) throw falhaDeArquivo(Falha(numeroDeFalha::nomeDeArquivoInvalido, "ArquivoRemessa"_t, {}));
     const auto comLinha = [&](const Falha& falha) {
-        return falha.comContexto("RegistroRemessa", junta("Linha: ", comZeros(contador_, 6)));
+        return falha.comContexto("RegistroRemessa"_t, junta("Linha: "_t, comZeros(contador_, 6)));
     };
     ++contador_;
     std::optional<VistaTexto> linha;
@@ -89,7 +89,7 @@ RegistroRemessa& ArquivoRemessa::lerRegistro(bool lerCampos) {
         return semRegistro();
     }
     const auto tipo = reconhecer(*linha);
-    if (!tipo) throw Falha(numeroDeFalha::geral, "ArquivoRemessa", Texto("Tipo de registro não identificado!"_t));
+    if (!tipo) throw Falha(numeroDeFalha::geral, "ArquivoRemessa"_t, "Tipo de registro não identificado!"_t);
     tipoEmMaos_ = *tipo;
     if (criarCopias_) copiaEmMaos_ = criarRegistro(tipos_[*tipo]->nome());
     emMaos_ = criarCopias_ ? copiaEmMaos_.get() : tipos_[*tipo].get();
@@ -157,9 +157,9 @@ void ArquivoRemessa::fecharArquivoSaida() {
 
 void ArquivoRemessa::addRegistro(RegistroRemessa& registro) {
     ++contador_;
-    const Texto linha = junta(Diversos::ConverteASC2EBCDIC(registro.gerarLinha()), "\r\n");
-    if (!saida_) throw falhaDeArquivo(Falha(numeroDeFalha::nomeDeArquivoInvalido, "ArquivoRemessa", {}));
-    comTraducao([&] { saida_->escrever(linha); });
+    const Texto linha = junta(Diversos::ConverteASC2EBCDIC(registro.gerarLinha()), "\r\n"_t);
+    if (!saida_) throw falhaDeArquivo(Falha(numeroDeFalha::nomeDeArquivoInvalido, "ArquivoRemessa"_t, {}));
+    comTraducao([&] { saida_->escrever(bytesDoTexto(linha)); });
 }
 
 void ArquivoRemessa::addRegistros(std::span<RegistroRemessa*> registros) {

@@ -6,6 +6,7 @@
 #include <limits>
 #include <new>
 #include <pugixml.hpp>
+#include <string_view>
 #include <vector>
 
 namespace quilatador {
@@ -17,17 +18,17 @@ constexpr std::uint64_t maiorDescricao = 1024 * 1024; // in bytes
 constexpr int maiorProfundidade = 16;
 
 Falha falhaDoLeiaute(VistaTexto descricao) {
-    return {numeroDeFalha::geral, "ArquivoRemessaBD", junta("Leiaute inválido: "_t, descricao)};
+    return {numeroDeFalha::geral, "ArquivoRemessaBD"_t, junta("Leiaute inválido: "_t, descricao)};
 }
 
 std::vector<char> lerTudo(const std::filesystem::path& caminho, Arquivos& arquivos) {
-    if (arquivos.tamanho(caminho) > maiorDescricao) throw falhaDoLeiaute("arquivo grande demais");
+    if (arquivos.tamanho(caminho) > maiorDescricao) throw falhaDoLeiaute("arquivo grande demais"_t);
     const auto arquivo = arquivos.abrirEntrada(caminho);
     std::vector<char> conteudo;
     constexpr std::size_t parte = 64 * 1024;
     for (std::size_t lidos = parte; lidos > 0;) {
         const std::size_t tamanho = conteudo.size();
-        if (tamanho > maiorDescricao) throw falhaDoLeiaute("arquivo grande demais");
+        if (tamanho > maiorDescricao) throw falhaDoLeiaute("arquivo grande demais"_t);
         conteudo.resize(tamanho + parte);
         lidos = arquivo->ler(std::span(conteudo).subspan(tamanho));
         conteudo.resize(tamanho + lidos);
@@ -42,7 +43,7 @@ struct Elemento {
 
     [[nodiscard]] Texto texto(const char* atributo) const {
         const pugi::xml_attribute valor = no.attribute(atributo);
-        if (!valor) throw falhaDoLeiaute(junta(onde, " sem o atributo \"", atributo, "\""));
+        if (!valor) throw falhaDoLeiaute(junta(onde, " sem o atributo \""_t, textoDosBytes(atributo), "\""_t));
         return textoDeUtf8(valor.value());
     }
 
@@ -52,14 +53,15 @@ struct Elemento {
         const Texto lido = texto(atributo);
         const double numero = std::nearbyint(lerNumero(lido));
         if (numero < menor || numero > maior || (inteiro && !ehNumerico(lido)))
-            throw falhaDoLeiaute(junta(onde, ", atributo \"", atributo, "\": valor inválido \""_t, lido, "\""));
+            throw falhaDoLeiaute(
+                junta(onde, ", atributo \""_t, textoDosBytes(atributo), "\": valor inválido \""_t, lido, "\""_t));
         return numero;
     }
 };
 
 Elemento exigirElemento(pugi::xml_node no, VistaTexto onde) {
     if (no.type() != pugi::node_element) throw falhaDoLeiaute(junta(onde, ": há um nó que não é elemento"_t));
-    return {no, junta(onde, " \"", textoDeUtf8(no.attribute("Nome").value()), "\"")};
+    return {no, junta(onde, " \""_t, textoDeUtf8(no.attribute("Nome").value()), "\""_t)};
 }
 
 CampoRemessa lerCampo(const Elemento& elemento, std::int16_t tamanhoDoRegistro) {
@@ -81,7 +83,7 @@ CampoRemessa lerCampo(const Elemento& elemento, std::int16_t tamanhoDoRegistro) 
 void conferirTipo(const RegistroRemessa& registro, VistaTexto onde) {
     if (!registro.indiceDoCampo(registro.identificador()))
         throw falhaDoLeiaute(
-            junta(onde, ", atributo \"Identificador\": não há o campo \""_t, registro.identificador(), "\""));
+            junta(onde, ", atributo \"Identificador\": não há o campo \""_t, registro.identificador(), "\""_t));
 }
 
 std::shared_ptr<RegistroRemessa> lerTipo(const Elemento& elemento) {
@@ -91,13 +93,14 @@ std::shared_ptr<RegistroRemessa> lerTipo(const Elemento& elemento) {
         static_cast<std::int16_t>(elemento.numero("Tamanho", 1, std::numeric_limits<std::int16_t>::max(), true)));
     registro->identificador(elemento.texto("Identificador"));
     for (const pugi::xml_node no : elemento.no.children()) {
-        const Elemento campo = exigirElemento(no, junta(elemento.onde, ", Campo"));
+        const Elemento campo = exigirElemento(no, junta(elemento.onde, ", Campo"_t));
         try {
             const CampoRemessa& lido = registro->add(lerCampo(campo, registro->Tamanho()));
-            if (lido.Fim() > registro->Tamanho()) throw falhaDoLeiaute(junta(campo.onde, ": passa do fim do registro"));
+            if (lido.Fim() > registro->Tamanho())
+                throw falhaDoLeiaute(junta(campo.onde, ": passa do fim do registro"_t));
         } catch (const Falha& falha) {
-            if (falha.fonte() == "ArquivoRemessaBD") throw;
-            throw falhaDoLeiaute(junta(campo.onde, ": ", falha.descricao()));
+            if (falha.fonte() == "ArquivoRemessaBD"_t) throw;
+            throw falhaDoLeiaute(junta(campo.onde, ": "_t, falha.descricao()));
         }
     }
     conferirTipo(*registro, elemento.onde);
@@ -122,10 +125,10 @@ void conferirDocumento(pugi::xml_document& documento) {
 /// The second node of the document, where the root must stand.
 pugi::xml_node obterRaiz(const pugi::xml_document& documento, Painel& painel) {
     const pugi::xml_node raiz = documento.first_child().next_sibling();
-    if (VistaTexto(raiz.name()) == "ArquivoRemessa") return raiz;
+    if (raiz.name() == std::string_view("ArquivoRemessa")) return raiz;
     constexpr VistaTexto motivo = "Arquivo XML não corresponde a um arquivo de remessa!"_t;
     painel.mensagem({.texto = Texto(motivo), .titulo = Texto(tituloDoPrograma)});
-    throw FalhaMostrada(numeroDeFalha::geral, "ArquivoRemessaBD", Texto(motivo));
+    throw FalhaMostrada(numeroDeFalha::geral, "ArquivoRemessaBD"_t, motivo);
 }
 
 } // namespace
@@ -133,7 +136,7 @@ pugi::xml_node obterRaiz(const pugi::xml_document& documento, Painel& painel) {
 std::unique_ptr<ArquivoRemessa> ArquivoRemessaBD::obterArquivoRemessa(const std::filesystem::path& caminho,
                                                                       Arquivos& arquivos, Painel& painel) {
     if (!arquivos.existe(caminho)) {
-        painel.mensagem({.texto = "Arquivo nao encontrado!", .titulo = Texto(tituloDoPrograma)});
+        painel.mensagem({.texto = Texto("Arquivo nao encontrado!"_t), .titulo = Texto(tituloDoPrograma)});
         return nullptr;
     }
     const std::vector<char> conteudo = lerTudo(caminho, arquivos);
@@ -142,12 +145,12 @@ std::unique_ptr<ArquivoRemessa> ArquivoRemessaBD::obterArquivoRemessa(const std:
         pugi::parse_default | pugi::parse_declaration | pugi::parse_comments | pugi::parse_pi | pugi::parse_doctype;
     const auto lido = documento.load_buffer(conteudo.data(), conteudo.size(), opcoes);
     if (lido.status == pugi::status_out_of_memory) throw std::bad_alloc();
-    if (!lido) throw falhaDoLeiaute(junta("não é XML (byte "_t, std::to_string(lido.offset), ")"));
+    if (!lido) throw falhaDoLeiaute(junta("não é XML (byte "_t, textoDe(lido.offset), ")"_t));
     auto arquivo = std::make_unique<ArquivoRemessa>(arquivos);
     const pugi::xml_node raiz = obterRaiz(documento, painel);
     conferirDocumento(documento);
     for (const pugi::xml_node no : raiz.children())
-        arquivo->addTipoRegistro(lerTipo(exigirElemento(no, "Registro")));
+        arquivo->addTipoRegistro(lerTipo(exigirElemento(no, "Registro"_t)));
     return arquivo;
 }
 

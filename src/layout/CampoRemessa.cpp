@@ -20,18 +20,18 @@ double potenciaDeDez(std::uint8_t expoente) noexcept {
 }
 
 Falha falhaDoCampo(VistaTexto nome, VistaTexto motivo) {
-    return {numeroDeFalha::geral, "CampoRemessa", junta("Campo=", nome, " - ", motivo)};
+    return {numeroDeFalha::geral, "CampoRemessa"_t, junta("Campo="_t, nome, " - "_t, motivo)};
 }
 
 } // namespace
 
 void CampoRemessa::natureza(Texto natureza) {
     natureza_ = std::move(natureza);
-    tipo_ = natureza_ == "S"   ? Tipo::DeTexto
-            : natureza_ == "N" ? Tipo::DeNumero
-            : natureza_ == "D" ? Tipo::DeData
-            : natureza_ == "R" ? Tipo::DeContador
-                               : Tipo::SemConversao;
+    tipo_ = natureza_ == "S"_t   ? Tipo::DeTexto
+            : natureza_ == "N"_t ? Tipo::DeNumero
+            : natureza_ == "D"_t ? Tipo::DeData
+            : natureza_ == "R"_t ? Tipo::DeContador
+                                 : Tipo::SemConversao;
 }
 
 Valor CampoRemessa::interpretar(VistaTexto texto, int anoCorrente) const {
@@ -60,12 +60,12 @@ Valor CampoRemessa::interpretarData(VistaTexto texto, int anoCorrente) const {
     const bool zerada = texto.size() == formato_.size() && std::ranges::all_of(texto, [](char c) { return c == '0'; });
     if (zerada || semBrancos(texto).empty()) return Valor::Nulo();
     std::optional<Data> data;
-    if (formato_ != "ADDD") {
+    if (formato_ != "ADDD"_t) {
         data = lerData(Diversos::textoDeData(texto, formato_));
     } else if (const auto juliana = Diversos::String2Data(texto, formato_, anoCorrente)) {
         // Written month first and read day first, so that up to the 12th day and month change places. Kept on
         // purpose, the test `dataJulianaTrocaDiaEMes` holds it.
-        data = lerData(formatarData(*juliana, "MM/DD/YYYY"));
+        data = lerData(formatarData(*juliana, "MM/DD/YYYY"_t));
     }
     if (!data) throw falhaDoCampo(nome_, "Campo data inválido"_t);
     return *data;
@@ -93,22 +93,22 @@ Texto CampoRemessa::gerarNumero() {
     const Texto* texto = valor_.comoTexto();
     if (valor_.nulo() || valor_.comoData() || (texto && !ehNumerico(*texto))) valor_ = 0;
     const double inteiro = std::floor(valor_.paraDuplo() * potenciaDeDez(numeroDecimais_));
-    if (!std::isfinite(inteiro)) throw Falha(numeroDeFalha::estouro, "CampoRemessa", "Estouro");
+    if (!std::isfinite(inteiro)) throw Falha(numeroDeFalha::estouro, "CampoRemessa"_t, "Estouro"_t);
     return textoDoNumero(inteiro + 0.0); // + 0.0: never "-0"
 }
 
 Texto CampoRemessa::gerarData() const {
     const Data* data = valor_.comoData();
     if (!data) return Texto(formato_.size(), '0');
-    if (formato_ == "ADDD") return Diversos::Data2Juliana(*data);
+    if (formato_ == "ADDD"_t) return Diversos::Data2Juliana(*data);
     return formatarData(*data, substituirCaractere(formato_, 'A', 'Y'));
 }
 
 Texto CampoRemessa::gerarContador() const {
     const ArquivoRemessa* arquivo = registroPai_ ? registroPai_->ArquivoRemessa() : nullptr;
-    const Texto contador = std::to_string(arquivo ? arquivo->contador() : 0);
+    const Texto contador = textoDe(arquivo ? arquivo->contador() : 0);
     if (contador.size() > static_cast<std::size_t>(std::max<std::int16_t>(tamanho_, 0)))
-        throw Falha(numeroDeFalha::argumentoInvalido, "CampoRemessa", Texto("Argumento inválido"_t));
+        throw Falha(numeroDeFalha::argumentoInvalido, "CampoRemessa"_t, "Argumento inválido"_t);
     return Diversos::padL(contador, static_cast<std::size_t>(tamanho_), '0');
 }
 

@@ -38,13 +38,13 @@ void RegistroRemessa::adotarCampos() noexcept {
 CampoRemessa& RegistroRemessa::add(CampoRemessa campo) {
     const int fim = tamanhoAtual_ + campo.Tamanho();
     if (fim > std::numeric_limits<std::int16_t>::max())
-        throw Falha(numeroDeFalha::estouro, "RegistroRemessa", "Estouro");
+        throw Falha(numeroDeFalha::estouro, "RegistroRemessa"_t, "Estouro"_t);
     campo.inicio(static_cast<std::int16_t>(tamanhoAtual_ + 1));
     campo.Fim(static_cast<std::int16_t>(fim));
     campo.registroPai(this);
     tamanhoAtual_ = static_cast<std::int16_t>(fim);
     if (indiceDoCampo(campo.nome()))
-        throw Falha(chaveDuplicada, "RegistroRemessa", junta("Campo em duplicidade: "_t, campo.nome()));
+        throw Falha(chaveDuplicada, "RegistroRemessa"_t, junta("Campo em duplicidade: "_t, campo.nome()));
     return *campos_.emplace_back(std::make_unique<CampoRemessa>(std::move(campo)));
 }
 
@@ -56,7 +56,7 @@ bool RegistroRemessa::isRegistroTipo(VistaTexto linha) const {
 void RegistroRemessa::lerLinha(VistaTexto linha) {
     try {
         if (linha.size() != static_cast<std::size_t>(tamanho_))
-            throw Falha(numeroDeFalha::geral, "RegistroRemessa", Texto("Tamanho de linha incompatível!"_t));
+            throw Falha(numeroDeFalha::geral, "RegistroRemessa"_t, "Tamanho de linha incompatível!"_t);
         std::size_t posicao = 1;
         for (const auto& campo : campos_) {
             const auto largura = static_cast<std::size_t>(campo->Tamanho());
@@ -64,7 +64,7 @@ void RegistroRemessa::lerLinha(VistaTexto linha) {
             posicao += largura;
         }
     } catch (const Falha& falha) {
-        throw falha.comContexto("RegistroRemessa", junta("Segmento=", obterCampo(identificador_).Valor().texto()));
+        throw falha.comContexto("RegistroRemessa"_t, junta("Segmento="_t, obterCampo(identificador_).Valor().texto()));
     }
 }
 
@@ -109,7 +109,7 @@ std::optional<std::size_t> RegistroRemessa::indiceDoCampo(VistaTexto nomeCampo) 
 
 CampoRemessa& RegistroRemessa::campo(VistaTexto nomeCampo) const {
     if (const auto indice = indiceDoCampo(nomeCampo)) return *campos_[*indice];
-    throw Falha(numeroDeFalha::argumentoInvalido, "RegistroRemessa",
+    throw Falha(numeroDeFalha::argumentoInvalido, "RegistroRemessa"_t,
                 junta("Campo inexistente no leiaute: "_t, nomeCampo));
 }
 

@@ -91,7 +91,7 @@ class SaidaPosix final : public ArquivoSaida {
   public:
     explicit SaidaPosix(Descritor descritor) : descritor_(std::move(descritor)) {}
 
-    void escrever(VistaTexto bytes) override {
+    void escrever(std::string_view bytes) override {
         while (!bytes.empty()) {
             const auto quantos =
                 semInterrupcao([&] { return ::write(descritor_.numero(), bytes.data(), bytes.size()); });
@@ -111,7 +111,8 @@ bool ehNulo(const struct stat& situacao) noexcept {
     return S_ISCHR(situacao.st_mode) && ::stat("/dev/null", &nulo) == 0 && situacao.st_rdev == nulo.st_rdev;
 }
 
-/// Deletes an old log. One that the user protected against writing stays, and its opening fails as it should.
+/// Deletes an old log, since cutting a huge one to nothing takes longer. One that the user protected against writing
+/// stays, and its opening fails as it should.
 void apagarAntigo(const std::filesystem::path& caminho) noexcept {
     struct stat situacao {};
     if (::lstat(caminho.c_str(), &situacao) != 0 || !S_ISREG(situacao.st_mode)) return;

@@ -5,9 +5,11 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cwchar>
 #include <io.h>
 #include <sys/stat.h>
 #include <sys/types.h>
+#include <utility>
 #include <windows.h>
 
 namespace quilatador {
@@ -19,7 +21,6 @@ struct Fechador {
 };
 using Canal = std::unique_ptr<std::FILE, Fechador>;
 
-/// Opens without a buffer: the callers read and write whole blocks.
 Canal abrir(const std::filesystem::path& caminho, const wchar_t* modo) {
     if (!nomePossivel(caminho)) throw falhaDeArquivo(EINVAL);
     std::error_code erro;
@@ -28,6 +29,16 @@ Canal abrir(const std::filesystem::path& caminho, const wchar_t* modo) {
     if (!canal) throw falhaDeArquivo(errno);
     std::setvbuf(canal.get(), nullptr, _IONBF, 0);
     return canal;
+}
+
+HANDLE identificador(const Canal& canal) noexcept {
+    return reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(canal.get())));
+}
+
+/// Whether it is sure to end: a file of a disk, or the null device. A pipe, the console or a serial line is not.
+bool temFim(const Canal& canal, const std::filesystem::path& caminho) {
+    const DWORD tipo = GetFileType(identificador(canal));
+    return tipo == FILE_TYPE_DISK || (tipo == FILE_TYPE_CHAR && _wcsicmp(caminho.filename().c_str(), L"NUL") == 0);
 }
 
 std::uint64_t juntarMetades(DWORD alta, DWORD baixa) noexcept {
@@ -46,8 +57,7 @@ class EntradaWindows final : public ArquivoEntrada {
 
     [[nodiscard]] VersaoDoArquivo versao() const noexcept override {
         BY_HANDLE_FILE_INFORMATION dados{};
-        const auto arquivo = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(canal_.get())));
-        if (!GetFileInformationByHandle(arquivo, &dados)) return {};
+        if (!GetFileInformationByHandle(identificador(canal_), &dados)) return {};
         return {.arquivo = juntarMetades(dados.nFileIndexHigh, dados.nFileIndexLow),
                 .tamanho = juntarMetades(dados.nFileSizeHigh, dados.nFileSizeLow),
                 .modificado = static_cast<std::int64_t>(
@@ -62,7 +72,7 @@ class SaidaWindows final : public ArquivoSaida {
   public:
     explicit SaidaWindows(Canal canal) : canal_(std::move(canal)) {}
 
-    void escrever(VistaTexto bytes) override {
+    void escrever(std::string_view bytes) override {
         if (std::fwrite(bytes.data(), 1, bytes.size(), canal_.get()) != bytes.size()) throw falhaDeTransferencia(errno);
     }
 
@@ -76,10 +86,12 @@ class SaidaWindows final : public ArquivoSaida {
 
 } // namespace
 
-ArquivosDoSistema::ArquivosDoSistema() = default; // this system ends no process for the size of a file
+ArquivosDoSistema::ArquivosDoSistema() = default; // this system ends no process for a failed write
 
 std::unique_ptr<ArquivoEntrada> ArquivosDoSistema::abrirEntrada(const std::filesystem::path& caminho) {
-    return std::make_unique<EntradaWindows>(abrir(caminho, L"rbN"));
+    Canal canal = abrir(caminho, L"rbN");
+    if (!temFim(canal, caminho)) throw falhaDeArquivo(EISDIR);
+    return std::make_unique<EntradaWindows>(std::move(canal));
 }
 
 std::unique_ptr<ArquivoSaida> ArquivosDoSistema::criarSaida(const std::filesystem::path& caminho) {

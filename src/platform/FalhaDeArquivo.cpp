@@ -47,13 +47,13 @@ VistaTexto descricaoDoNumero(int numero) noexcept {
     case numeroDeFalha::arquivoJaAberto:
         return "Arquivo já está aberto"_t;
     case numeroDeFalha::discoCheio:
-        return "Disco cheio";
+        return "Disco cheio"_t;
     case numeroDeFalha::permissaoNegada:
         return "Permissão negada"_t;
     case numeroDeFalha::acessoAoCaminho:
-        return "Erro de acesso ao caminho/arquivo";
+        return "Erro de acesso ao caminho/arquivo"_t;
     default:
-        return "Erro de E/S do dispositivo";
+        return "Erro de E/S do dispositivo"_t;
     }
 }
 
@@ -61,7 +61,7 @@ VistaTexto descricaoDoNumero(int numero) noexcept {
 
 Falha falhaDeArquivo(int erro) {
     const int numero = numeroDoErro(erro);
-    return {numero, "Gravacao", Texto(descricaoDoNumero(numero))};
+    return {numero, "Gravacao"_t, descricaoDoNumero(numero)};
 }
 
 Falha falhaDeTransferencia(int erro) {

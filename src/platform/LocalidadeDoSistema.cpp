@@ -6,9 +6,9 @@ namespace quilatador {
 
 namespace {
 
-constexpr std::array<VistaTexto, 12> mesesBrasileiros{"janeiro",  "fevereiro", "março"_t,  "abril",
-                                                      "maio",     "junho",     "julho",    "agosto",
-                                                      "setembro", "outubro",   "novembro", "dezembro"};
+constexpr std::array<VistaTexto, 12> mesesBrasileiros{"janeiro"_t,  "fevereiro"_t, "março"_t,    "abril"_t,
+                                                      "maio"_t,     "junho"_t,     "julho"_t,    "agosto"_t,
+                                                      "setembro"_t, "outubro"_t,   "novembro"_t, "dezembro"_t};
 
 /// The text in the code page, or none where that lacks one of its characters. The narrow no-break space of some
 /// languages is the wide one there.
@@ -31,7 +31,7 @@ LocalidadeDoSistema::LocalidadeDoSistema(const TextosDoSistema& textos) {
         separadorDecimal_ = *decimal;
     }
     for (std::size_t i = 0; i < meses_.size(); ++i) {
-        meses_[i] = representavel(textos.meses[i]).value_or("");
+        meses_[i] = representavel(textos.meses[i]).value_or(Texto());
         if (meses_[i].empty()) meses_[i] = mesesBrasileiros[i];
     }
 }

@@ -26,8 +26,8 @@ class LocalidadeDoSistema final : public Localidade {
     [[nodiscard]] Texto nomeDoMes(unsigned mes) const override { return meses_.at(mes - 1); }
 
   private:
-    Texto separadorDeMilhar_ = ".";
-    Texto separadorDecimal_ = ",";
+    Texto separadorDeMilhar_{"."_t};
+    Texto separadorDecimal_{","_t};
     std::array<Texto, 12> meses_;
 };
 

@@ -13,7 +13,7 @@ std::filesystem::path caminhoDoLog(const std::filesystem::path& arquivo, TipoArq
 }
 
 Texto tituloDoLog(const std::filesystem::path& arquivo, VistaTexto hoje) {
-    return junta("LOG DE DEPURAÇÃO DO ARQUIVO "_t, textoDoCaminho(arquivo), "  -   ", hoje);
+    return junta("LOG DE DEPURAÇÃO DO ARQUIVO "_t, textoDoCaminho(arquivo), "  -   "_t, hoje);
 }
 
 } // namespace quilatador

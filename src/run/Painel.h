@@ -22,8 +22,8 @@ struct Mensagem {
     Assunto assunto = Assunto::Problema;
 };
 
-inline constexpr VistaTexto tituloDoPrograma = "Solvara - Quilatador de Leiaute";
-inline constexpr VistaTexto tituloDeErro = "Solvara - Quilatador de Leiaute - Erro!";
+inline constexpr VistaTexto tituloDoPrograma = "Solvara - Quilatador de Leiaute"_t;
+inline constexpr VistaTexto tituloDeErro = "Solvara - Quilatador de Leiaute - Erro!"_t;
 /// What an analysis says, in place of its end, where the system has no more memory for it.
 inline constexpr VistaTexto memoriaInsuficiente = "Memória insuficiente!"_t;
 /// What an analysis says, in place of its end, of a file that somebody changed meanwhile.

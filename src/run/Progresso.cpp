@@ -16,8 +16,8 @@ Relogio::Instante tempoRestante(const Progresso& progresso, Relogio::Instante ag
 Texto formatarTempo(Relogio::Instante tempo) {
     const bool negativo = tempo < Relogio::Instante::zero();
     const auto segundos = std::chrono::duration_cast<std::chrono::seconds>(negativo ? -tempo : tempo).count();
-    return junta(negativo && segundos > 0 ? "-" : "", comZeros(segundos / 3600, 2), ":",
-                 comZeros(segundos / 60 % 60, 2), ":", comZeros(segundos % 60, 2));
+    return junta(negativo && segundos > 0 ? "-"_t : ""_t, comZeros(segundos / 3600, 2), ":"_t,
+                 comZeros(segundos / 60 % 60, 2), ":"_t, comZeros(segundos % 60, 2));
 }
 
 } // namespace quilatador

@@ -17,14 +17,14 @@ void RelatorLog::linha(VistaTexto texto) {
 
 void RelatorLog::achado(const Achado& achado) {
     if (achado.gravidade == Gravidade::Erro)
-        escrever("** ERRO -> Linha ", comZeros(achado.linha, 6), " - ", achado.mensagem);
+        escrever("** ERRO -> Linha "_t, comZeros(achado.linha, 6), " - "_t, achado.mensagem);
     else
         escrever(achado.mensagem);
 }
 
 template <typename... Pedacos>
 void RelatorLog::escrever(const Pedacos&... pedacos) {
-    constexpr VistaTexto fimDeLinha = "\r\n";
+    constexpr VistaTexto fimDeLinha = "\r\n"_t;
     Bloco::Caneta caneta = comecar((VistaTexto(pedacos).size() + ...) + fimDeLinha.size());
     caneta.append(pedacos..., fimDeLinha);
     terminar(caneta);
@@ -34,7 +34,7 @@ void RelatorLog::resumo(const Resumo&) {} // the run's own plain lines are the l
 
 void RelatorLog::gravarBlocos() {
     while (pendente_.texto().size() >= bloco) {
-        gravar([&] { arquivo_->escrever(pendente_.texto().substr(0, bloco)); });
+        gravar([&] { arquivo_->escrever(bytesDoTexto(pendente_.texto().substr(0, bloco))); });
         pendente_.descartar(bloco);
     }
 }
@@ -44,12 +44,13 @@ void RelatorLog::gravar(Operacao operacao) {
     try {
         operacao();
     } catch (const Falha& falha) {
-        throw FalhaDoLog(falha.numero(), "RelatorLog", falha.descricao());
+        throw FalhaDoLog(falha.numero(), "RelatorLog"_t, falha.descricao());
     }
 }
 
 void RelatorLog::fechar() {
-    if (const VistaTexto resto = pendente_.texto(); !resto.empty()) gravar([&] { arquivo_->escrever(resto); });
+    if (const VistaTexto resto = pendente_.texto(); !resto.empty())
+        gravar([&] { arquivo_->escrever(bytesDoTexto(resto)); });
     pendente_.descartar(pendente_.texto().size());
     gravar([&] { arquivo_->fechar(); });
 }

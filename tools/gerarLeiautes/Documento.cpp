@@ -13,7 +13,7 @@ constexpr std::string_view inicioDoLugar = "<!-- registro ";
 constexpr std::string_view fimDoLugar = " -->";
 
 Falha falhaDoDocumento(VistaTexto descricao) {
-    return {numeroDeFalha::geral, "gerarLeiautes", Texto(descricao)};
+    return {numeroDeFalha::geral, "gerarLeiautes"_t, descricao};
 }
 
 std::string emHtml(VistaTexto texto) {
@@ -38,12 +38,12 @@ std::string emHtml(VistaTexto texto) {
 
 Texto tipoDo(const CampoRemessa& campo) {
     const Texto& natureza = campo.natureza();
-    if (natureza == "S") return Texto("Texto");
-    if (natureza == "D") return junta("Data ", campo.formato());
-    if (natureza == "R") return Texto("Número do registro"_t);
-    if (natureza != "N") return natureza;
+    if (natureza == "S"_t) return Texto("Texto"_t);
+    if (natureza == "D"_t) return junta("Data "_t, campo.formato());
+    if (natureza == "R"_t) return Texto("Número do registro"_t);
+    if (natureza != "N"_t) return natureza;
     const int decimais = campo.numeroDecimais();
-    return decimais == 0 ? Texto("Número"_t) : junta("Número, "_t, std::to_string(decimais), " decimais");
+    return decimais == 0 ? Texto("Número"_t) : junta("Número, "_t, textoDe(decimais), " decimais"_t);
 }
 
 std::string linhaDo(const CampoRemessa& campo) {

@@ -30,7 +30,7 @@ class PainelDeErros final : public Painel {
 
 std::string lerModelo(const std::filesystem::path& caminho) {
     std::ifstream arquivo(caminho, std::ios::binary);
-    if (!arquivo) throw Falha(numeroDeFalha::arquivoNaoEncontrado, "Gravacao", Texto("Modelo não encontrado!"_t));
+    if (!arquivo) throw Falha(numeroDeFalha::arquivoNaoEncontrado, "Gravacao"_t, "Modelo não encontrado!"_t);
     return {std::istreambuf_iterator<char>(arquivo), {}};
 }
 
@@ -39,7 +39,7 @@ void gerar(const std::filesystem::path& descricao, const std::filesystem::path& 
     ArquivosDoSistema arquivos;
     PainelDeErros painel;
     const auto leiaute = ArquivoRemessaBD::obterArquivoRemessa(descricao, arquivos, painel);
-    if (!leiaute) throw Falha(numeroDeFalha::arquivoNaoEncontrado, "Gravacao", textoDoCaminho(descricao));
+    if (!leiaute) throw Falha(numeroDeFalha::arquivoNaoEncontrado, "Gravacao"_t, textoDoCaminho(descricao));
     const std::string documento = leiautes::preencher(lerModelo(modelo), *leiaute);
     std::filesystem::create_directories(saida.parent_path());
     const auto arquivo = arquivos.criarSaida(saida);

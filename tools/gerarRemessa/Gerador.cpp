@@ -10,12 +10,12 @@ namespace quilatador::gerador {
 namespace {
 
 void exigir(bool condicao, VistaTexto descricao) {
-    if (!condicao) throw Falha(numeroDeFalha::argumentoInvalido, "Gerador", Texto(descricao));
+    if (!condicao) throw Falha(numeroDeFalha::argumentoInvalido, "Gerador"_t, descricao);
 }
 
 void exigirEntre(std::optional<std::uint32_t> numero, std::uint32_t menor, std::uint32_t maior, VistaTexto oQue) {
     exigir(!numero || (*numero >= menor && *numero <= maior),
-           junta(oQue, " de "_t, std::to_string(menor), " a "_t, std::to_string(maior), "!"_t));
+           junta(oQue, " de "_t, textoDe(menor), " a "_t, textoDe(maior), "!"_t));
 }
 
 } // namespace

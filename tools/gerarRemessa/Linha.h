@@ -6,13 +6,14 @@
 #include <cstdint>
 #include <initializer_list>
 #include <span>
+#include <string_view>
 
 namespace quilatador::gerador {
 
-/// Where a field lies in its line: `inicio` is 1-based.
+/// Where a field lies in its line: `inicio` is 1-based. The name only tells it from the others.
 struct Campo {
     char segmento;
-    VistaTexto nome;
+    std::string_view nome;
     std::size_t inicio;
     std::size_t tamanho;
 };
@@ -32,7 +33,7 @@ class Linha {
     /// The character at a position, 1-based.
     [[nodiscard]] char caractere(std::size_t posicao) const noexcept { return bytes_[posicao - 1]; }
     /// The line with its end.
-    [[nodiscard]] VistaTexto bytes() const noexcept { return {bytes_.data(), bytes_.size()}; }
+    [[nodiscard]] std::string_view bytes() const noexcept { return {bytes_.data(), bytes_.size()}; }
 
   private:
     std::array<char, tamanho + 2> bytes_;

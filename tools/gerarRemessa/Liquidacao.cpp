@@ -44,21 +44,21 @@ constexpr Campo valor{'Z', "ValorTotal", 8, 17};
 } // namespace trailer
 
 /// Collection channels and payment forms, in both letter cases, and one of each that no table has.
-constexpr VistaTexto canais = "1234567ABCDEFabc9?";
-constexpr VistaTexto formas = "1122331X";
+constexpr VistaTexto canais = "1234567ABCDEFabc9?"_t;
+constexpr VistaTexto formas = "1122331X"_t;
 constexpr int moedaReal = 6;
 
 void escreverCabecalho(Sorteio& sorteio, SaidaEmBlocos& saida) {
     Linha linha;
-    linha.texto(cabecalho::tipo, {"A"});
-    linha.texto(cabecalho::remessa, {"2"});
+    linha.texto(cabecalho::tipo, {"A"_t});
+    linha.texto(cabecalho::remessa, {"2"_t});
     linha.numero(cabecalho::convenio, sorteio.entre(100'000, 999'999));
     linha.texto(cabecalho::empresa, {"MUNICÍPIO V. SERENA"_t});
-    linha.texto(cabecalho::codigoDoBanco, {"999"});
+    linha.texto(cabecalho::codigoDoBanco, {"999"_t});
     linha.texto(cabecalho::nomeDoBanco, {"BANCO FICTÍCIO"_t});
-    linha.texto(cabecalho::geracao, {"20260702"});
+    linha.texto(cabecalho::geracao, {"20260702"_t});
     linha.numero(cabecalho::sequencial, sorteio.entre(1, 999'999));
-    linha.texto(cabecalho::versao, {"03"});
+    linha.texto(cabecalho::versao, {"03"_t});
     saida.acrescentar(linha.bytes());
 }
 
@@ -73,7 +73,7 @@ CodigoDeBarras sortearBarras(Sorteio& sorteio, std::uint64_t valor, std::uint32_
     return fazerCodigoDeBarras({.segmento = '1',
                                 .moeda = moedaReal,
                                 .valor = valor,
-                                .empresa = "4321",
+                                .empresa = "4321"_t,
                                 .campoLivre = {campoLivre.data(), campoLivre.size()}});
 }
 
@@ -100,10 +100,10 @@ std::uint64_t gerarLiquidacao(const Opcoes& opcoes, SaidaEmBlocos& saida) {
     escreverCabecalho(sorteio, saida);
 
     Linha linha;
-    linha.texto(detalhe::tipo, {"G"});
-    linha.texto(detalhe::agenciaConta, {"1234-5 / 0098765-4"});
-    linha.texto(detalhe::pagamento, {"20260630"});
-    linha.texto(detalhe::credito, {"20260702"});
+    linha.texto(detalhe::tipo, {"G"_t});
+    linha.texto(detalhe::agenciaConta, {"1234-5 / 0098765-4"_t});
+    linha.texto(detalhe::pagamento, {"20260630"_t});
+    linha.texto(detalhe::credito, {"20260702"_t});
     std::uint64_t total = 0;
     for (std::uint32_t numero = 1; numero <= pagamentos; ++numero) {
         total += preencherPagamento(linha, sorteio, numero);
@@ -111,7 +111,7 @@ std::uint64_t gerarLiquidacao(const Opcoes& opcoes, SaidaEmBlocos& saida) {
     }
 
     Linha fim;
-    fim.texto(trailer::tipo, {"Z"});
+    fim.texto(trailer::tipo, {"Z"_t});
     fim.numero(trailer::registros, pagamentos + 2ULL);
     fim.numero(trailer::valor, total);
     saida.acrescentar(fim.bytes());

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <string_view>
 
 /// The positions of a ZUL702, known when the program is compiled. They repeat those of `data/Arquivo_ZUL702.xml`: the
 /// generator stands on its own, so that it cannot share a fault of the layout engine; a test holds the two together.
@@ -142,14 +143,14 @@ inline constexpr Campo camposProprios[] = {
 };
 
 /// A field that every record type has.
-consteval Campo campo(VistaTexto nome) {
+consteval Campo campo(std::string_view nome) {
     const auto achado = std::ranges::find(camposComuns, nome, &Campo::nome);
     if (achado == std::end(camposComuns)) throw "no such field is common to all record types";
     return *achado;
 }
 
 /// A field of a record type; one that does not exist does not compile.
-consteval Campo campo(char segmento, VistaTexto nome) {
+consteval Campo campo(char segmento, std::string_view nome) {
     const auto achado =
         std::ranges::find_if(camposProprios, [=](const Campo& c) { return c.segmento == segmento && c.nome == nome; });
     if (achado != std::end(camposProprios)) return *achado;

@@ -17,7 +17,7 @@ constexpr std::uint32_t guiasPadrao = 3;
 
 /// The optional records of the definition part, in the order in which a longer file gets them. Those that every file
 /// has are A B C D E F G K L and the trailer.
-constexpr VistaTexto definicoesOpcionais = "LLLGGKKHIJ";
+constexpr VistaTexto definicoesOpcionais = "LLLGGKKHIJ"_t;
 constexpr std::uint32_t definicoesExigidas = 10;
 /// A slip has S T U V W and Y at least; three more Y, then three X are optional.
 constexpr std::uint32_t menorGuia = 6;
@@ -32,14 +32,14 @@ struct OpcaoDePagamento {
     VistaTexto vencimento; ///< AAAAMMDD
     VistaTexto denominacao;
 };
-constexpr std::array<OpcaoDePagamento, 4> opcoesDePagamento{{{'C', 0, "20990210", "COTA UNICA COM DESCONTO"},
-                                                             {'P', 1, "20990310", "PRIMEIRA PARCELA"},
-                                                             {'P', 2, "20990410", "SEGUNDA PARCELA"},
-                                                             {'P', 3, "20990510", "TERCEIRA PARCELA"}}};
+constexpr std::array<OpcaoDePagamento, 4> opcoesDePagamento{{{'C', 0, "20990210"_t, "COTA UNICA COM DESCONTO"_t},
+                                                             {'P', 1, "20990310"_t, "PRIMEIRA PARCELA"_t},
+                                                             {'P', 2, "20990410"_t, "SEGUNDA PARCELA"_t},
+                                                             {'P', 3, "20990510"_t, "TERCEIRA PARCELA"_t}}};
 
-constexpr std::array<VistaTexto, 3> caracteristicas{"AREA DO TERRENO (M2)", "AREA CONSTRUIDA (M2)",
-                                                    "ANO DA CONSTRUCAO"};
-constexpr std::array<VistaTexto, 3> receitas{"IMPOSTO PREDIAL", "TAXA DE COLETA DE LIXO", "TAXA DE ILUMINACAO"};
+constexpr std::array<VistaTexto, 3> caracteristicas{"AREA DO TERRENO (M2)"_t, "AREA CONSTRUIDA (M2)"_t,
+                                                    "ANO DA CONSTRUCAO"_t};
+constexpr std::array<VistaTexto, 3> receitas{"IMPOSTO PREDIAL"_t, "TAXA DE COLETA DE LIXO"_t, "TAXA DE ILUMINACAO"_t};
 /// Rate of the first revenue, in hundredths of a per cent.
 constexpr std::uint64_t aliquota = 150;
 
@@ -51,10 +51,11 @@ constexpr std::array camposParte{campo('Y', "Parte1"), campo('Y', "Parte2"), cam
 constexpr std::array camposDV{campo('Y', "DV1"), campo('Y', "DV2"), campo('Y', "DV3"), campo('Y', "DV4")};
 
 /// What the bank answers to every tenth record: one to three codes, known ones and one that no table has.
-constexpr std::array<VistaTexto, 7> respostas{"010000", "050000", "071220", "002000", "980000", "99    ", "202122"};
+constexpr std::array<VistaTexto, 7> respostas{"010000"_t, "050000"_t, "071220"_t, "002000"_t,
+                                              "980000"_t, "99    "_t, "202122"_t};
 
 VistaTexto ocorrencias(std::uint32_t sequencial) {
-    return sequencial % 10 == 0 ? respostas[sequencial / 10 % respostas.size()] : VistaTexto("000000");
+    return sequencial % 10 == 0 ? respostas[sequencial / 10 % respostas.size()] : "000000"_t;
 }
 
 class Remessa {
@@ -144,26 +145,26 @@ void Remessa::definicoes() {
 }
 
 void Remessa::identificacao() {
-    const Texto raiz = comZeros(sorteio_.entre(10'000'000, 99'999'999), 8) + "0001";
+    const Texto raiz = junta(comZeros(sorteio_.entre(10'000'000, 99'999'999), 8), "0001"_t);
     const Texto digitos = DV::CalcularCNPJ(raiz);
 
     Linha& a = linha('A');
-    a.texto(campo('A', "NomeArquivo"), {opcoes_.tipo == Tipo::ZUL708 ? "ZUL708" : "ZUL702"});
-    a.texto(campo('A', "VersaoLayout"), {"1.00.01"});
-    a.texto(campo('A', "DataGeracao"), {"20260701"});
+    a.texto(campo('A', "NomeArquivo"), {opcoes_.tipo == Tipo::ZUL708 ? "ZUL708"_t : "ZUL702"_t});
+    a.texto(campo('A', "VersaoLayout"), {"1.00.01"_t});
+    a.texto(campo('A', "DataGeracao"), {"20260701"_t});
     a.numero(campo('A', "NroRemessa"), sorteio_.entre(1, 999'999));
     a.texto(campo('A', "CNPJ"), {raiz, digitos});
-    a.texto(campo('A', "IdProduto"), {"8"});
-    a.texto(campo('A', "TipoRemessa"), {"1"});
-    a.texto(campo('A', "TipoForm"), {"3"});
-    a.texto(campo('A', "IndPostagem"), {"S"});
+    a.texto(campo('A', "IdProduto"), {"8"_t});
+    a.texto(campo('A', "TipoRemessa"), {"1"_t});
+    a.texto(campo('A', "TipoForm"), {"3"_t});
+    a.texto(campo('A', "IndPostagem"), {"S"_t});
     escrever('A');
 
     Linha& b = linha('B');
     b.texto(campo('B', "CNPJ"), {raiz, digitos});
-    b.texto(campo('B', "Nome"), {"PREFEITURA MUNICIPAL DE ", ficcao::cidade});
-    b.texto(campo('B', "Endereco"), {"PRACA DO PACO MUNICIPAL, 1"});
-    b.texto(campo('B', "Bairro"), {"CENTRO"});
+    b.texto(campo('B', "Nome"), {"PREFEITURA MUNICIPAL DE "_t, ficcao::cidade});
+    b.texto(campo('B', "Endereco"), {"PRACA DO PACO MUNICIPAL, 1"_t});
+    b.texto(campo('B', "Bairro"), {"CENTRO"_t});
     b.texto(campo('B', "Cidade"), {ficcao::cidade});
     b.texto(campo('B', "UF"), {ficcao::uf});
     b.numero(campo('B', "CEP"), 13'999'000);
@@ -173,48 +174,48 @@ void Remessa::identificacao() {
 void Remessa::convenio() {
     Linha& c = linha('C');
     c.numero(campo('C', "SegFebraban"), 1);
-    c.texto(campo('C', "IDFebraban"), {"0000", VistaTexto(empresa_.data(), empresa_.size())});
+    c.texto(campo('C', "IDFebraban"), {"0000"_t, VistaTexto(empresa_.data(), empresa_.size())});
     c.numero(campo('C', "Moeda"), static_cast<std::uint64_t>(moeda_));
     c.numero(campo('C', "Decimais"), 2);
-    c.texto(campo('C', "FormatoData"), {"4"}); // AAAAMMDD
-    c.texto(campo('C', "indAposReceb"), {"N"});
+    c.texto(campo('C', "FormatoData"), {"4"_t}); // AAAAMMDD
+    c.texto(campo('C', "indAposReceb"), {"N"_t});
     c.numero(campo('C', "idServico"), 1);
-    c.texto(campo('C', "Finalidade"), {"ARRECADACAO DE TRIBUTOS MUNICIPAIS"});
+    c.texto(campo('C', "Finalidade"), {"ARRECADACAO DE TRIBUTOS MUNICIPAIS"_t});
     escrever('C');
 }
 
 void Remessa::recebimento() {
     Linha& d = linha('D');
-    d.texto(campo('D', "Denominacao"), {"CONTRIBUINTE"});
-    d.texto(campo('D', "SiglaID"), {"CPF"});
-    d.texto(campo('D', "Significado"), {"CADASTRO DE PESSOAS FISICAS"});
-    d.texto(campo('D', "TipoID"), {"N"});
+    d.texto(campo('D', "Denominacao"), {"CONTRIBUINTE"_t});
+    d.texto(campo('D', "SiglaID"), {"CPF"_t});
+    d.texto(campo('D', "Significado"), {"CADASTRO DE PESSOAS FISICAS"_t});
+    d.texto(campo('D', "TipoID"), {"N"_t});
     d.numero(campo('D', "TamanhoID"), 11);
-    d.texto(campo('D', "Transmitente"), {"SECRETARIA DE FINANCAS"});
+    d.texto(campo('D', "Transmitente"), {"SECRETARIA DE FINANCAS"_t});
     escrever('D');
 
     Linha& e = linha('E');
-    e.texto(campo('E', "Nome"), {"IMPOSTO PREDIAL E TERRITORIAL URBANO"});
-    e.texto(campo('E', "Sigla"), {"IPTU"});
-    e.texto(campo('E', "UnidadeConv"), {"REAL"});
-    e.texto(campo('E', "DenExercicio"), {"EXERCICIO"});
-    e.texto(campo('E', "Exercicio"), {"2099"});
-    e.texto(campo('E', "TitComposicao"), {"COMPOSICAO DO VALOR"});
-    e.texto(campo('E', "DenSequencial"), {"NUMERO DA GUIA"});
+    e.texto(campo('E', "Nome"), {"IMPOSTO PREDIAL E TERRITORIAL URBANO"_t});
+    e.texto(campo('E', "Sigla"), {"IPTU"_t});
+    e.texto(campo('E', "UnidadeConv"), {"REAL"_t});
+    e.texto(campo('E', "DenExercicio"), {"EXERCICIO"_t});
+    e.texto(campo('E', "Exercicio"), {"2099"_t});
+    e.texto(campo('E', "TitComposicao"), {"COMPOSICAO DO VALOR"_t});
+    e.texto(campo('E', "DenSequencial"), {"NUMERO DA GUIA"_t});
     e.numero(campo('E', "NroOpcoes"), quantos('L'));
     e.numero(campo('E', "Parcelamento"), quantos('L') - 1);
-    e.texto(campo('E', "FormaCalculo"), {"A"});
-    e.texto(campo('E', "Checar data"), {"S"});
-    e.texto(campo('E', "Checar valor"), {"S"});
+    e.texto(campo('E', "FormaCalculo"), {"A"_t});
+    e.texto(campo('E', "Checar data"), {"S"_t});
+    e.texto(campo('E', "Checar valor"), {"S"_t});
     escrever('E');
 
     Linha& f = linha('F');
-    f.texto(campo('F', "Denominacao"), {"IMOVEL"});
-    f.texto(campo('F', "SiglaID"), {"INSCRICAO"});
-    f.texto(campo('F', "SignificadoID"), {"INSCRICAO IMOBILIARIA"});
-    f.texto(campo('F', "TipoID"), {"N"});
+    f.texto(campo('F', "Denominacao"), {"IMOVEL"_t});
+    f.texto(campo('F', "SiglaID"), {"INSCRICAO"_t});
+    f.texto(campo('F', "SignificadoID"), {"INSCRICAO IMOBILIARIA"_t});
+    f.texto(campo('F', "TipoID"), {"N"_t});
     f.numero(campo('F', "TamanhoID"), 12);
-    f.texto(campo('F', "TituloCaract"), {"CARACTERISTICAS DO IMOVEL"});
+    f.texto(campo('F', "TituloCaract"), {"CARACTERISTICAS DO IMOVEL"_t});
     escrever('F');
 }
 
@@ -224,9 +225,9 @@ void Remessa::repetidos() {
         linha('G').texto(campo('G', "Denominacao"), {caracteristicas[i - 1]});
         escrever('G', i);
     }
-    linha('H').texto(campo('H', "Texto"), {"PAGAVEL EM QUALQUER AGENCIA ATE O VENCIMENTO"});
-    linha('I').texto(campo('I', "Texto"), {"INFORMACOES AO CONTRIBUINTE"});
-    linha('J').texto(campo('J', "Texto"), {"GUIA EMITIDA POR PROCESSAMENTO ELETRONICO"});
+    linha('H').texto(campo('H', "Texto"), {"PAGAVEL EM QUALQUER AGENCIA ATE O VENCIMENTO"_t});
+    linha('I').texto(campo('I', "Texto"), {"INFORMACOES AO CONTRIBUINTE"_t});
+    linha('J').texto(campo('J', "Texto"), {"GUIA EMITIDA POR PROCESSAMENTO ELETRONICO"_t});
     for (const char segmento : {'H', 'I', 'J'})
         if (quantos(segmento) > 1) escrever(segmento, 1);
     for (std::uint32_t i = 1; i <= quantos('K'); ++i) {
@@ -268,12 +269,12 @@ void Remessa::guia(std::uint32_t tamanho) {
 
     Linha& s = linha('S');
     s.numero(campo('S', "IdGuia"), guia_);
-    s.texto(campo('S', "DataEmissao"), {"20260701"});
-    s.texto(campo('S', "DataValidade"), {"20991231"});
+    s.texto(campo('S', "DataEmissao"), {"20260701"_t});
+    s.texto(campo('S', "DataValidade"), {"20991231"_t});
     s.numero(campo('S', "ValorTotal"), total);
     s.numero(campo('S', "nroOpcoesPag"), pagamentos);
     s.numero(campo('S', "Parcelamento"), pagamentos - 1);
-    s.texto(campo('S', "indEndereco"), {sorteio_.abaixoDe(4) == 0 ? "O" : "C"});
+    s.texto(campo('S', "indEndereco"), {sorteio_.abaixoDe(4) == 0 ? "O"_t : "C"_t});
     escrever('S');
     contribuinte();
     escrever('U');
@@ -294,9 +295,9 @@ void Remessa::contribuinte() {
     const Texto digitos = DV::CalcularCPF(cpf);
     Linha& t = linha('T');
     t.texto(campo('T', "Identificacao"), {VistaTexto(cpf).substr(0, 9), digitos});
-    t.texto(campo('T', "Nome"), {sorteio_.umDe(ficcao::nomes), " ", sorteio_.umDe(ficcao::sobrenomes), " ",
+    t.texto(campo('T', "Nome"), {sorteio_.umDe(ficcao::nomes), " "_t, sorteio_.umDe(ficcao::sobrenomes), " "_t,
                                  sorteio_.umDe(ficcao::sobrenomes)});
-    t.texto(campo('T', "Endereco"), {sorteio_.umDe(ficcao::ruas), ", ", comZeros(sorteio_.entre(1, 2000), 1)});
+    t.texto(campo('T', "Endereco"), {sorteio_.umDe(ficcao::ruas), ", "_t, comZeros(sorteio_.entre(1, 2000), 1)});
     t.texto(campo('T', "Cidade"), {ficcao::cidade});
     t.texto(campo('T', "UF"), {ficcao::uf});
     t.numero(campo('T', "CEP"), sorteio_.entre(13'999'000, 13'999'999));
@@ -321,7 +322,7 @@ void Remessa::objeto() {
     Linha& v = linha('V');
     v.texto(campo('V', "Identificacao"), {comZeros(guia_ * 1'000LL + sorteio_.abaixoDe(1'000), 12)});
     v.texto(campo('V', "Descricao"), {sorteio_.umDe(ficcao::descricoes)});
-    v.texto(campo('V', "Endereco"), {sorteio_.umDe(ficcao::ruas), ", ", comZeros(sorteio_.entre(1, 2000), 1)});
+    v.texto(campo('V', "Endereco"), {sorteio_.umDe(ficcao::ruas), ", "_t, comZeros(sorteio_.entre(1, 2000), 1)});
     v.texto(campo('V', "Cidade"), {ficcao::cidade});
     v.texto(campo('V', "UF"), {ficcao::uf});
     v.numero(campo('V', "CEP"), sorteio_.entre(13'999'000, 13'999'999));

@@ -10,8 +10,7 @@ SaidaEmBlocos::SaidaEmBlocos(std::ostream& destino) : destino_(destino) {
 
 void SaidaEmBlocos::descarregar() {
     destino_.write(bloco_.data(), static_cast<std::streamsize>(bloco_.size())).flush();
-    if (!destino_)
-        throw Falha(numeroDeFalha::erroDeDispositivo, "Gravacao", Texto("Não foi possível gravar o arquivo!"_t));
+    if (!destino_) throw Falha(numeroDeFalha::erroDeDispositivo, "Gravacao"_t, "Não foi possível gravar o arquivo!"_t);
     bloco_.clear();
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "common/Texto.h"
-
 #include <ostream>
+#include <string>
+#include <string_view>
 
 namespace quilatador::gerador {
 
@@ -11,7 +11,7 @@ class SaidaEmBlocos {
   public:
     explicit SaidaEmBlocos(std::ostream& destino);
 
-    void acrescentar(VistaTexto bytes) {
+    void acrescentar(std::string_view bytes) {
         if (bloco_.size() + bytes.size() > tamanhoDoBloco) descarregar();
         bloco_.append(bytes);
     }
@@ -22,7 +22,7 @@ class SaidaEmBlocos {
     static constexpr std::size_t tamanhoDoBloco = 256 * 1024;
 
     std::ostream& destino_;
-    Texto bloco_;
+    std::string bloco_;
 };
 
 } // namespace quilatador::gerador

@@ -32,7 +32,7 @@ std::string mensagemDeUso(const CLI::App*, const CLI::Error& erro) {
 void gravar(const gerador::Opcoes& opcoes, const std::filesystem::path& caminho) {
     gerador::conferir(opcoes); // before a file is replaced for nothing
     std::ofstream arquivo(caminho, std::ios::binary);
-    if (!arquivo) throw Falha(numeroDeFalha::acessoAoCaminho, "Gravacao", Texto("Não foi possível criar o arquivo!"_t));
+    if (!arquivo) throw Falha(numeroDeFalha::acessoAoCaminho, "Gravacao"_t, "Não foi possível criar o arquivo!"_t);
     gerador::gerar(opcoes, arquivo);
 }
 

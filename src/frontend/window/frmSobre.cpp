@@ -1,7 +1,5 @@
 #include "frontend/window/frmSobre.h"
 
-#include <string>
-
 namespace quilatador {
 
 frmSobre::frmSobre(const Arquivos& arquivos, const Localidade& localidade, std::filesystem::path pastaDoPrograma,
@@ -13,21 +11,21 @@ frmSobre::frmSobre(const Arquivos& arquivos, const Localidade& localidade, std::
 
 Texto frmSobre::versao() const {
     const auto doisDigitos = [](int numero) {
-        Texto texto = std::to_string(numero);
+        Texto texto = textoDe(numero);
         return Zeros(texto, 2);
     };
-    Texto linha = junta("Versão "_t, std::to_string(QUILATADOR_VERSAO_MAIOR), ".", doisDigitos(QUILATADOR_VERSAO_MENOR),
-                        ".", doisDigitos(QUILATADOR_REVISAO), " - ");
+    Texto linha = junta("Versão "_t, textoDe(QUILATADOR_VERSAO_MAIOR), "."_t, doisDigitos(QUILATADOR_VERSAO_MENOR),
+                        "."_t, doisDigitos(QUILATADOR_REVISAO), " - "_t);
     std::optional<Data> data = DataHoraDoArquivo(pastaDoPrograma_ / "Quilatador.exe");
     if (!data) data = DataHoraDoArquivo(programa_);
     if (data)
-        linha += junta(localidade_.nomeDoMes(static_cast<unsigned>(data->month())), "/", comZeros(anoDe(*data), 4));
+        linha += junta(localidade_.nomeDoMes(static_cast<unsigned>(data->month())), "/"_t, comZeros(anoDe(*data), 4));
     return linha;
 }
 
 Texto frmSobre::Zeros(Texto& texto, std::int16_t tamanho) {
     for (auto n = static_cast<std::int64_t>(semBrancos(texto).size()); n < tamanho; ++n)
-        texto = junta("0", semBrancos(texto));
+        texto = junta("0"_t, semBrancos(texto));
     return texto;
 }
 
