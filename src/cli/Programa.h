@@ -5,6 +5,7 @@
 #include "run/Lancador.h"
 #include "run/Localidade.h"
 #include "run/Relogio.h"
+#include "run/Situacao.h"
 
 #include <functional>
 #include <ostream>
@@ -12,14 +13,6 @@
 #include <vector>
 
 namespace quilatador {
-
-/// Statuses that the command line ends with.
-namespace situacao {
-inline constexpr int nadaEncontrado = 0;
-inline constexpr int haAchados = 1;
-inline constexpr int naoRodou = 2;
-inline constexpr int interrompido = 130;
-} // namespace situacao
 
 /// What the command line needs of the machine.
 struct Maquina {

@@ -25,6 +25,7 @@ inline constexpr int memoriaInsuficiente = 71;
 inline constexpr int acessoAoCaminho = 75;
 inline constexpr int usoDeNulo = 94;
 inline constexpr int objetoSemPropriedade = 438;
+inline constexpr int chaveDuplicada = 457;
 inline constexpr int bancoDeDados = 3000;
 } // namespace numeroDeFalha
 

@@ -6,7 +6,7 @@ namespace quilatador::util {
 
 namespace {
 
-void tentar(Controle& controle, VistaTexto propriedade, int valor) {
+void tentar(ControlePorNome& controle, VistaTexto propriedade, int valor) {
     try {
         controle.definir(propriedade, valor);
     } catch (const Falha&) {
@@ -16,7 +16,7 @@ void tentar(Controle& controle, VistaTexto propriedade, int valor) {
 
 } // namespace
 
-void SelecionarCampo(Controle& controle) {
+void SelecionarCampo(ControlePorNome& controle) {
     tentar(controle, "SelStart"_t, 0);
     tentar(controle, "sellenght"_t, controle.comprimento());
 }

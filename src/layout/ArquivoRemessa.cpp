@@ -9,8 +9,6 @@ namespace quilatador {
 
 namespace {
 
-constexpr int chaveDuplicada = 457;
-
 /// A file failure as this class raises it: known conditions have a fixed text.
 Falha falhaDeArquivo(const Falha& falha) {
     const auto descricao = [&]() -> VistaTexto {
@@ -60,7 +58,8 @@ std::shared_ptr<RegistroRemessa> ArquivoRemessa::criarRegistro(VistaTexto nome) 
 
 void ArquivoRemessa::addTipoRegistro(std::shared_ptr<RegistroRemessa> registro) {
     if (std::ranges::any_of(tipos_, [&](const auto& t) { return iguaisSemCaixa(t->nome(), registro->nome()); }))
-        throw Falha(chaveDuplicada, "ArquivoRemessa"_t, junta("Registro em duplicidade: "_t, registro->nome()));
+        throw Falha(numeroDeFalha::chaveDuplicada, "ArquivoRemessa"_t,
+                    junta("Registro em duplicidade: "_t, registro->nome()));
     registro->ArquivoRemessa(this);
     tipos_.push_back(std::move(registro));
     marcasProntas_ = false;

@@ -8,12 +8,6 @@
 
 namespace quilatador {
 
-namespace {
-
-constexpr int chaveDuplicada = 457;
-
-} // namespace
-
 RegistroRemessa::RegistroRemessa(RegistroRemessa&& outro) noexcept {
     *this = std::move(outro);
 }
@@ -44,7 +38,8 @@ CampoRemessa& RegistroRemessa::add(CampoRemessa campo) {
     campo.registroPai(this);
     tamanhoAtual_ = static_cast<std::int16_t>(fim);
     if (indiceDoCampo(campo.nome()))
-        throw Falha(chaveDuplicada, "RegistroRemessa"_t, junta("Campo em duplicidade: "_t, campo.nome()));
+        throw Falha(numeroDeFalha::chaveDuplicada, "RegistroRemessa"_t,
+                    junta("Campo em duplicidade: "_t, campo.nome()));
     return *campos_.emplace_back(std::make_unique<CampoRemessa>(std::move(campo)));
 }
 

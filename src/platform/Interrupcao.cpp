@@ -1,5 +1,7 @@
 #include "platform/Interrupcao.h"
 
+#include "run/Situacao.h"
+
 #include <atomic>
 #include <csignal>
 #include <cstdlib>
@@ -8,14 +10,12 @@ namespace quilatador {
 
 namespace {
 
-constexpr int situacaoDeInterrompido = 130;
-
 /// The one thing that a signal handler can reach.
 std::atomic<bool> chegou = false;
 static_assert(std::atomic<bool>::is_always_lock_free, "a signal handler must not wait for a lock");
 
 extern "C" void aoChegar(int sinal) {
-    if (chegou.exchange(true)) std::_Exit(situacaoDeInterrompido);
+    if (chegou.exchange(true)) std::_Exit(situacao::interrompido);
     std::signal(sinal, aoChegar); // some systems go back to the default after the first
 }
 

@@ -10,12 +10,12 @@
 
 namespace quilatador {
 
-Aplicacao::Aplicacao(const Maquina& maquina)
-    : tela_(janela_, maquina.dialogos, maquina.relogio)
-    , ambiente_{tela_, maquina.relogio, maquina.localidade, maquina.lancador, maquina.arquivos, maquina.pastaDoPrograma}
+Aplicacao::Aplicacao(const Meios& meios)
+    : tela_(janela_, meios.dialogos, meios.relogio)
+    , ambiente_{tela_, meios.relogio, meios.localidade, meios.lancador, meios.arquivos, meios.pastaDoPrograma}
     , formulario_(ambiente_, globais_, tela_)
-    , sobre_(maquina.arquivos, maquina.localidade, maquina.pastaDoPrograma, maquina.programa)
-    , dialogos_(maquina.dialogos) {
+    , sobre_(meios.arquivos, meios.localidade, meios.pastaDoPrograma, meios.programa)
+    , dialogos_(meios.dialogos) {
     ligarPedido();
     ligarBotoes();
 }

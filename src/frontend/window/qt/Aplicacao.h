@@ -16,7 +16,7 @@ namespace quilatador {
 class Aplicacao final {
   public:
     /// What the window needs of the machine.
-    struct Maquina {
+    struct Meios {
         Relogio& relogio;
         Localidade& localidade;
         Lancador& lancador;
@@ -26,7 +26,7 @@ class Aplicacao final {
         std::filesystem::path programa;        ///< the running program's own file
     };
 
-    explicit Aplicacao(const Maquina& maquina);
+    explicit Aplicacao(const Meios& meios);
     Aplicacao(const Aplicacao&) = delete;
     Aplicacao& operator=(const Aplicacao&) = delete;
     ~Aplicacao();

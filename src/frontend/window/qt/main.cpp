@@ -7,6 +7,7 @@
 #include "platform/LocalidadeDoSistema.h"
 #include "platform/Pastas.h"
 #include "platform/RelogioDoSistema.h"
+#include "run/Situacao.h"
 
 #include <QApplication>
 #include <QDir>
@@ -43,7 +44,6 @@ int main(int argc, char** argv) {
         aplicacao.receber(caminhoDeQt(QDir::toNativeSeparators(QFileInfo(argumentos[1]).absoluteFilePath())));
     const Interrupcao interrupcao;
     aplicacao.encerrarQuando([&] { return interrupcao.pedida(); });
-    constexpr int interrompido = 130;
-    const int situacao = QApplication::exec();
-    return interrupcao.pedida() ? interrompido : situacao;
+    const int fim = QApplication::exec();
+    return interrupcao.pedida() ? situacao::interrompido : fim;
 }
