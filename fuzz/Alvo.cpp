@@ -1,9 +1,6 @@
 #include "Alvo.h"
 
-#include "returns/modTrataTAV001.h"
-#include "returns/modTrataZUL708.h"
-#include "tables/BancoDeDados.h"
-#include "validator/Depurador.h"
+#include "frontend/Trabalho.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -28,9 +25,9 @@ std::int64_t linhasDe(VistaTexto arquivo) {
     return 1 + std::ranges::count_if(arquivo, [](char c) { return c == '\r' || c == '\n'; });
 }
 
-bool terminado(const Rodada& rodada, Analise tipo) {
-    if (tipo == Analise::ZUL702) return rodada.log.ends_with(junta("Depuração terminada!"_t, "\r\n"));
-    return rodada.log.empty() || rodada.log.ends_with("\r\n");
+bool terminado(const Resultado& resultado, TipoArquivo tipo) {
+    if (tipo == TipoArquivo::ZUL702) return resultado.log.ends_with(junta("Depuração terminada!"_t, "\r\n"));
+    return resultado.log.empty() || resultado.log.ends_with("\r\n");
 }
 
 } // namespace
@@ -41,7 +38,7 @@ void exigir(bool promessa, const char* qual) {
     std::abort();
 }
 
-Texto textoDe(const std::uint8_t* dados, std::size_t tamanho) {
+Texto entrada(const std::uint8_t* dados, std::size_t tamanho) {
     return {reinterpret_cast<const char*>(dados), tamanho};
 }
 
@@ -55,56 +52,50 @@ const Texto& tabelasDoPrograma() {
     return tabelas;
 }
 
-bool Rodada::igualA(const Rodada& outra) const {
-    return log == outra.log && resumo.desfecho == outra.resumo.desfecho &&
-           resumo.totalErros == outra.resumo.totalErros && achados.size() == outra.achados.size() &&
-           mensagens.size() == outra.mensagens.size();
+bool Resultado::igualA(const Resultado& outro) const {
+    return log == outro.log && resumo.desfecho == outro.resumo.desfecho &&
+           resumo.totalErros == outro.resumo.totalErros && achados.size() == outro.achados.size() &&
+           mensagens.size() == outro.mensagens.size();
 }
 
-Rodada analisar(Analise tipo, VistaTexto arquivo, VistaTexto leiaute, VistaTexto tabelas) {
+Resultado analisar(TipoArquivo tipo, VistaTexto arquivo, VistaTexto leiaute, VistaTexto tabelas) {
     testes::MundoFalso mundo;
     mundo.arquivos.conteudo["/programa/Arquivo_ZUL702.xml"] = leiaute;
     mundo.arquivos.conteudo["/programa/TabelaErrosZUL.mdb"] = tabelas;
     mundo.arquivos.conteudo[arquivoAnalisado] = arquivo;
     testes::RelatorMemoria relator;
-    modVariaveis globais;
-    Rodada rodada;
-    if (tipo == Analise::ZUL702) {
-        Depurador depurador(mundo.ambiente, globais);
-        depurador.adicionarRelator(relator);
-        depurador.PosicaoDataBarra = 20;
-        depurador.FormatoDataBarra = "AAAAMMDD";
-        rodada.resumo = depurador.DepurarArquivo(arquivoAnalisado);
-    } else {
-        std::unique_ptr<BancoDeDados> banco;
-        try {
-            banco = std::make_unique<BancoDeDados>(mundo.arquivos, "/programa/TabelaErrosZUL.mdb");
-        } catch (const Falha&) {
-            banco = nullptr; // the analysis must stand that, too
-        }
-        globais.bancoDeDados = banco.get();
-        Relator* const ouvintes[] = {&relator};
-        const std::atomic<bool> cancelado = false;
-        const auto tratar = tipo == Analise::ZUL708 ? tratarRetornoZUL708 : tratarRetornoTAV001;
-        rodada.resumo =
-            tratar(mundo.ambiente, globais, {.nomeArquivo = arquivoAnalisado, .ouvintes = ouvintes}, cancelado).resumo;
+    Resultado resultado;
+    {
+        std::atomic<bool> cancelado = false;
+        modVariaveis globais;
+        Trabalho trabalho(mundo.ambiente, globais, cancelado);
+        trabalho.adicionarRelator(relator);
+        // The analyses of returns must stand a database that cannot be opened, too.
+        if (tipo != TipoArquivo::ZUL702 && !trabalho.iniciar()) mundo.painel.mensagens.clear();
+        Pedido pedido;
+        pedido.tipoArquivo = tipo;
+        pedido.nomeArquivo = arquivoAnalisado;
+        pedido.comData = true;
+        pedido.FormatoDataBarra = "AAAAMMDD"_t;
+        Rodada rodada = trabalho.comecar(pedido);
+        resultado.resumo = trabalho.analisar(rodada, pedido);
     }
     exigir(mundo.arquivos.conteudo[arquivoAnalisado] == arquivo, "the input is not touched");
     exigir(mundo.arquivos.tudoFechado(), "every file is closed");
-    rodada.log = mundo.arquivos.conteudo["/e.log"];
-    rodada.achados = std::move(relator.achados);
-    rodada.mensagens = std::move(mundo.painel.mensagens);
-    return rodada;
+    resultado.log = mundo.arquivos.conteudo["/e.log"];
+    resultado.achados = std::move(relator.achados);
+    resultado.mensagens = std::move(mundo.painel.mensagens);
+    return resultado;
 }
 
-void conferirPromessas(Analise tipo, VistaTexto arquivo, VistaTexto leiaute, VistaTexto tabelas) {
-    const Rodada primeira = analisar(tipo, arquivo, leiaute, tabelas);
-    exigir(primeira.igualA(analisar(tipo, arquivo, leiaute, tabelas)), "two runs give the same");
-    exigir(terminado(primeira, tipo), "the log has its ending");
+void conferirPromessas(TipoArquivo tipo, VistaTexto arquivo, VistaTexto leiaute, VistaTexto tabelas) {
+    const Resultado primeiro = analisar(tipo, arquivo, leiaute, tabelas);
+    exigir(primeiro.igualA(analisar(tipo, arquivo, leiaute, tabelas)), "two runs give the same");
+    exigir(terminado(primeiro, tipo), "the log has its ending");
     const std::int64_t linhas = linhasDe(arquivo);
     // A line number comes from the record's own sequence number, which the first pass has held against the count; but
     // for the header's, which no rule compares.
-    for (const Achado& achado : primeira.achados)
+    for (const Achado& achado : primeiro.achados)
         exigir(achado.segmento == 'A' || (achado.linha >= 0 && achado.linha <= linhas),
                "line numbers lie within the file");
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "run/TipoArquivo.h"
 #include "support/Falsos.h"
 
 #include <cstdint>
@@ -10,29 +11,28 @@ namespace quilatador::fuzz {
 /// Ends the process where a promise is broken, which is how the fuzzer learns of it.
 void exigir(bool promessa, const char* qual);
 
-[[nodiscard]] Texto textoDe(const std::uint8_t* dados, std::size_t tamanho);
+[[nodiscard]] Texto entrada(const std::uint8_t* dados, std::size_t tamanho);
 
 /// Bytes of a file named by an environment variable's default path; read once.
 [[nodiscard]] const Texto& leiauteDoPrograma();
 [[nodiscard]] const Texto& tabelasDoPrograma();
 
 /// What a run left behind.
-struct Rodada {
+struct Resultado {
     Texto log;
     Resumo resumo;
     std::vector<Achado> achados;
     std::vector<Mensagem> mensagens;
 
     /// Whether two runs cannot be told apart.
-    [[nodiscard]] bool igualA(const Rodada& outra) const;
+    [[nodiscard]] bool igualA(const Resultado& outro) const;
 };
 
-/// Analyses "/e.arq" as the front end would, in a world of memory: the type is told by `tipo`.
-enum class Analise { ZUL702, ZUL708, TAV001 };
-[[nodiscard]] Rodada analisar(Analise tipo, VistaTexto arquivo, VistaTexto leiaute, VistaTexto tabelas);
+/// Analyses "/e.arq" as the front end would, in a world of memory.
+[[nodiscard]] Resultado analisar(TipoArquivo tipo, VistaTexto arquivo, VistaTexto leiaute, VistaTexto tabelas);
 
 /// Runs twice and holds what every run promises: an ending in the log, line numbers within the file, the same bytes
 /// again, an input that is not touched.
-void conferirPromessas(Analise tipo, VistaTexto arquivo, VistaTexto leiaute, VistaTexto tabelas);
+void conferirPromessas(TipoArquivo tipo, VistaTexto arquivo, VistaTexto leiaute, VistaTexto tabelas);
 
 } // namespace quilatador::fuzz

@@ -29,7 +29,7 @@ Texto consultar(VistaTexto banco) {
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dados, std::size_t tamanho) {
-    const Texto banco = textoDe(dados, tamanho);
+    const Texto banco = entrada(dados, tamanho);
     exigir(consultar(banco) == consultar(banco), "two openings give the same");
     return 0;
 }

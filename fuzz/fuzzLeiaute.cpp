@@ -20,9 +20,9 @@ const Texto& remessaValida() {
 
 /// The input is the layout description; a valid remittance is read through whatever comes of it.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dados, std::size_t tamanho) {
-    const Texto leiaute = textoDe(dados, tamanho);
-    const Rodada primeira = analisar(Analise::ZUL702, remessaValida(), leiaute, {});
-    exigir(primeira.igualA(analisar(Analise::ZUL702, remessaValida(), leiaute, {})), "two runs give the same");
-    exigir(primeira.log.ends_with(junta("Depuração terminada!"_t, "\r\n")), "the log has its ending");
+    const Texto leiaute = entrada(dados, tamanho);
+    const Resultado primeiro = analisar(TipoArquivo::ZUL702, remessaValida(), leiaute, {});
+    exigir(primeiro.igualA(analisar(TipoArquivo::ZUL702, remessaValida(), leiaute, {})), "two runs give the same");
+    exigir(primeiro.log.ends_with(junta("Depuração terminada!"_t, "\r\n")), "the log has its ending");
     return 0;
 }

@@ -65,6 +65,6 @@ extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* dados, std::size_t 
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dados, std::size_t tamanho) {
-    conferirPromessas(Analise::ZUL702, textoDe(dados, tamanho), leiauteDoPrograma(), {});
+    conferirPromessas(TipoArquivo::ZUL702, entrada(dados, tamanho), leiauteDoPrograma(), {});
     return 0;
 }

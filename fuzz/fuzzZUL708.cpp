@@ -1,8 +1,9 @@
 #include "Alvo.h"
 
+using namespace quilatador;
 using namespace quilatador::fuzz;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dados, std::size_t tamanho) {
-    conferirPromessas(Analise::ZUL708, textoDe(dados, tamanho), leiauteDoPrograma(), tabelasDoPrograma());
+    conferirPromessas(TipoArquivo::ZUL708, entrada(dados, tamanho), leiauteDoPrograma(), tabelasDoPrograma());
     return 0;
 }
