@@ -1,5 +1,5 @@
 // The kernels of a run, each on generated input: lines per second are the figure to look at. Not run by the tests.
-#include "cli/TelaDoTerminal.h"
+#include "cli/PainelDoTerminal.h"
 #include "common/DV.h"
 #include "common/Falha.h"
 #include "common/modDepuracao.h"
@@ -81,8 +81,9 @@ struct Mundo {
     LocalidadeDoSistema localidade;
     LancadorParado lancador;
     ArquivosDaMedida arquivos;
-    TelaDoTerminal tela{tela_, relogio, {.primeiras = std::nullopt, .aoAtender = {}}};
+    PainelDoTerminal tela{tela_, relogio, {.primeiras = std::nullopt, .aoAtender = {}}};
     modVariaveis globais;
+    std::atomic<bool> cancelado = false;
     Ambiente ambiente{tela, relogio, localidade, lancador, arquivos, pastaDoExecutavel()};
 };
 
@@ -166,7 +167,7 @@ BENCHMARK(digitosVerificadores);
 void umaGuia(benchmark::State& estado) {
     const std::string entrada = gerado(gerador::Tipo::ZUL702, gerador::menorRemessa);
     Mundo mundo(entrada);
-    Depurador depurador(mundo.ambiente, mundo.globais);
+    Depurador depurador(mundo.ambiente, mundo.globais, mundo.cancelado);
     for (auto _ : estado)
         benchmark::DoNotOptimize(depurador.DepurarArquivo("entrada"));
     contarLinhas(estado, gerador::menorRemessa);
@@ -177,7 +178,7 @@ void remessaInteira(benchmark::State& estado) {
     const auto registros = static_cast<std::uint32_t>(estado.range(0));
     const std::string entrada = gerado(gerador::Tipo::ZUL702, registros);
     Mundo mundo(entrada);
-    Depurador depurador(mundo.ambiente, mundo.globais);
+    Depurador depurador(mundo.ambiente, mundo.globais, mundo.cancelado);
     for (auto _ : estado)
         benchmark::DoNotOptimize(depurador.DepurarArquivo("entrada"));
     contarLinhas(estado, registros);
@@ -190,10 +191,10 @@ void relatorioDePagamentos(benchmark::State& estado) {
     Mundo mundo(entrada);
     BancoDeDados banco(mundo.arquivos, mundo.ambiente.pastaDoPrograma / BancoDeDados::nomeDoArquivo);
     mundo.globais.bancoDeDados = &banco;
-    const std::atomic<bool> cancelado = false;
-    for (auto _ : estado)
-        benchmark::DoNotOptimize(
-            tratarRetornoTAV001(mundo.ambiente, mundo.globais, {.nomeArquivo = "entrada"}, cancelado));
+    for (auto _ : estado) {
+        Rodada rodada(mundo.ambiente, {.tipoArquivo = TipoArquivo::TAV001, .nomeArquivo = "entrada"}, mundo.cancelado);
+        benchmark::DoNotOptimize(tratarRetornoTAV001(rodada, mundo.globais));
+    }
     contarLinhas(estado, pagamentos);
 }
 BENCHMARK(relatorioDePagamentos)->Arg(1'000)->Arg(100'000)->Unit(benchmark::kMillisecond);

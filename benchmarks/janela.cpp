@@ -71,7 +71,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     const std::filesystem::path remessa = std::filesystem::absolute(argv[2]);
-    const std::filesystem::path log = caminhoDoLog(remessa, "log"_t);
+    const std::filesystem::path log = caminhoDoLog(remessa, TipoArquivo::ZUL702);
     RelogioDoSistema relogio;
     LocalidadeDoSistema localidade;
     LancadorParado lancador;
