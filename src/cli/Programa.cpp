@@ -85,11 +85,11 @@ class Chamada {
         if (!trabalho_.iniciar() || (argumentos_.comData && recusarPosicao())) return situacao::naoRodou;
         int maior = situacao::nadaEncontrado;
         for (const std::filesystem::path& arquivo : argumentos_.arquivos) {
+            if (maquina_.interrompido()) break;
             maior = std::max(maior, analisar(arquivo));
-            if (maquina_.interrompido()) return situacao::interrompido;
             if (!maquina_.saida.good()) return situacao::naoRodou; // nobody reads what the others would have to say
         }
-        return maior;
+        return maquina_.interrompido() ? situacao::interrompido : maior;
     }
 
   private:
