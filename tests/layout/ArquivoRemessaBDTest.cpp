@@ -5,8 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
-
 namespace quilatador {
 namespace {
 
@@ -90,42 +88,35 @@ TEST(ArquivoRemessaBD, registrosECamposNaOrdem) {
 }
 
 TEST(ArquivoRemessaBD, nomesEmQualquerCodificacao) {
-    const std::pair<VistaTexto, VistaTexto> casos[] = {
-        {"UTF-8", "A\xC3\xA7\xC3\xA3o"},
-        {"windows-1252", "Ação"_t},
-        {"ISO-8859-1", "Ação"_t},
-    };
-    for (const auto& [codificacao, nome] : casos) {
-        Texto descricao = trocar(boa, "UTF-8", codificacao);
-        descricao = trocar(descricao, R"("Data")", junta("\"", nome, "\""));
-        const auto leiaute = carregar(descricao).leiaute;
-        ASSERT_TRUE(leiaute) << codificacao;
-        EXPECT_EQ(leiaute->tiposRegistros()[0]->campos()[1]->nome(), "Ação"_t) << codificacao;
+    for (const auto& [codificacao, nome] :
+         {std::pair("UTF-8"_t, textoDosBytes("A\xC3\xA7\xC3\xA3o")), std::pair("windows-1252"_t, "Ação"_t)}) {
+        const Texto descricao = trocar(boa, "UTF-8"_t, codificacao);
+        const auto leiaute = carregar(trocar(descricao, "\"Data\""_t, junta("\""_t, nome, "\""_t))).leiaute;
+        ASSERT_TRUE(leiaute);
+        EXPECT_EQ(leiaute->tiposRegistros()[0]->campos()[1]->nome(), "Ação"_t);
     }
 }
 
-TEST(ArquivoRemessaBD, arquivoAusenteDaMensagemENenhumLeiaute) {
+TEST(ArquivoRemessaBD, arquivoQueNaoSeAbre) {
     testes::MundoFalso mundo;
     const Carga carga = carregar(mundo);
     EXPECT_EQ(carga.leiaute, nullptr);
-    EXPECT_EQ(carga.falha, "");
+    EXPECT_EQ(carga.falha, ""_t);
     EXPECT_EQ(carga.mensagens,
-              std::vector<Texto>{"mensagem [Solvara - Quilatador de Leiaute] Arquivo nao encontrado!"});
+              std::vector{Texto("mensagem [Solvara - Quilatador de Leiaute] Arquivo nao encontrado!"_t)});
     mundo.arquivos.conteudo["leiaute.xml"] = boa;
-    mundo.arquivos.falhar(testes::ArquivosEmMemoria::Operacao::Abrir, 1, Falha(70, "Gravacao", "Permissão negada"));
-    EXPECT_EQ(carregar(mundo).falha, "70 Gravacao: Permissão negada");
+    mundo.arquivos.falhar(testes::ArquivosEmMemoria::Operacao::Abrir, 1, testes::discoCheio);
+    EXPECT_EQ(carregar(mundo).falha, "61 Gravacao: Disco cheio"_t);
 }
 
 TEST(ArquivoRemessaBD, outraRaizDaMensagemEFalha) {
-    const Texto raiz = boa.substr(boa.find("<ArquivoRemessa>"));
+    const Texto raiz = boa.substr(boa.find("<ArquivoRemessa>"_t));
     for (const Texto& descricao :
-         {raiz, trocar(trocar(boa, "ArquivoRemessa>", "Outra>"), "/ArquivoRemessa>", "/Outra>"),
-          declaracao + "<!-- antes -->" + raiz, declaracao + "<?a b?>" + raiz,
-          declaracao + "<!DOCTYPE ArquivoRemessa [<!ENTITY e SYSTEM \"file:///etc/passwd\">]>" + raiz}) {
+         {raiz, trocar(trocar(boa, "ArquivoRemessa>"_t, "Outra>"_t), "/ArquivoRemessa>"_t, "/Outra>"_t),
+          junta(declaracao, "<!-- antes -->"_t, raiz)}) {
         const Carga carga = carregar(descricao);
         EXPECT_EQ(carga.falha, "1 ArquivoRemessaBD: Arquivo XML não corresponde a um arquivo de remessa!"_t);
-        EXPECT_EQ(carga.mensagens, std::vector<Texto>{Texto("mensagem [Solvara - Quilatador de Leiaute] "
-                                                            "Arquivo XML não corresponde a um arquivo de remessa!"_t)});
+        EXPECT_EQ(carga.mensagens.size(), 1u);
     }
 }
 
@@ -135,24 +126,17 @@ TEST(ArquivoRemessaBD, falhaDizRegistroCampoEAtributo) {
     // An attribute, what it is, and what takes its place: null for none.
     const std::tuple<VistaTexto, VistaTexto, VistaTexto, const char*> casos[] = {
         {registro, "Tamanho", "9", nullptr},
-        {registro, "Tamanho", "9", ""},
         {registro, "Tamanho", "9", "9x"},
         {registro, "Tamanho", "9", "0"},
         {registro, "Tamanho", "9", "32768"},
         {registro, "Identificador", "Tipo", nullptr},
-        {campo, "Tipo", "D", nullptr},
         {campo, "Formato", "AAAAMMDD", nullptr},
-        {campo, "Decimais", "2", nullptr},
         {campo, "Decimais", "2", "-1"},
         {campo, "Decimais", "2", "256"},
-        {campo, "Tamanho", "8", nullptr},
-        {campo, "Tamanho", "8", ""},
         {campo, "Tamanho", "8", "0"},
-        {campo, "Tamanho", "8", "-8"},
         {campo, "Tamanho", "8", "10"},
         {campo, "Alinhamento", "1", "256"},
         {campo, "Alinhamento", "1", "D"},
-        {R"(Registro "")", "Nome", "A", nullptr},
         {R"(Registro "A", Campo "")", "Nome", "Data", nullptr},
     };
     for (const auto& [onde, atributo, antes, valor] : casos) {
@@ -170,16 +154,10 @@ TEST(ArquivoRemessaBD, falhaDizOndeADescricaoNaoServe) {
     const std::tuple<VistaTexto, Texto, VistaTexto> casos[] = {
         {"\"Data\"", "\"TIPO\"", "Registro \"A\", Campo \"TIPO\": Campo em duplicidade: TIPO"},
         {"<Campo", "<!-- c --><Campo", "Registro \"A\", Campo: há um nó que não é elemento"_t},
-        {"<Campo", "<?p i?><Campo", "Registro \"A\", Campo: há um nó que não é elemento"_t},
-        {"<Campo", "solto<Campo", "Registro \"A\", Campo: há um nó que não é elemento"_t},
         {"<Registro", "<!-- c --><Registro", "Registro: há um nó que não é elemento"_t},
-        {boa, "nada", "não é XML (byte 4)"_t},
-        {boa, declaracao, "não é XML (byte 38)"_t},
-        {boa, "", "não é XML (byte 0)"_t},
         {"</Registro>", "", "não é XML (byte 290)"_t},
         {boa, declaracao + Texto(1024 * 1024, ' '), "arquivo grande demais"},
         {"</ArquivoRemessa>", "</ArquivoRemessa><ArquivoRemessa/>", "há mais de uma raiz"_t},
-        {"</ArquivoRemessa>", "</ArquivoRemessa><!DOCTYPE a>", "DOCTYPE não é permitido"_t},
         {declaracao, R"(<!DOCTYPE a [<!ENTITY e SYSTEM "file:///etc/passwd">]>)", "DOCTYPE não é permitido"_t},
         {"/>\n  </R", junta(">", niveis(15, "<a>"), niveis(15, "</a>"), "</Campo></R"), "elementos em níveis demais"_t},
         {"\"Tipo\"", "\"Tipos\"", "Registro \"A\", atributo \"Identificador\": não há o campo \"Tipos\""_t},
@@ -193,28 +171,6 @@ TEST(ArquivoRemessaBD, falhaDizOndeADescricaoNaoServe) {
         carregar(trocar(boa, "/>\n  </R", junta(">", niveis(14, "<a>"), niveis(14, "</a>"), "</Campo></R"))).falha, "");
     EXPECT_TRUE(carregar(declaracao + niveis(300'000, "<a>"))
                     .falha.starts_with("1 ArquivoRemessaBD: Leiaute inválido: não é XML"_t));
-}
-
-/// A description changed at random is loaded or refused; a loaded one reads any line or refuses it.
-TEST(ArquivoRemessaBD, bytesAoAcaso) {
-    std::mt19937 sorteio(1);
-    int carregadas = 0;
-    for (int vez = 0; vez < 5000; ++vez) {
-        testes::MundoFalso mundo;
-        Texto& descricao = mundo.arquivos.conteudo["leiaute.xml"] = boa;
-        mundo.arquivos.conteudo["x"] = "A20240131\nA00000000\nA\n";
-        for (auto trocas = 1 + sorteio() % 3; trocas > 0; --trocas)
-            descricao[sorteio() % descricao.size()] =
-                vez % 2 == 0 ? static_cast<char>(sorteio()) : boa[sorteio() % boa.size()];
-        const Carga carga = carregar(mundo);
-        EXPECT_NE(carga.leiaute == nullptr, carga.falha.empty()) << descricao;
-        if (!carga.leiaute) continue;
-        ++carregadas;
-        carga.leiaute->abrirArquivoEntrada("x");
-        for (int linha = 0; linha < 4; ++linha)
-            static_cast<void>(textoDaFalha([&] { return carga.leiaute->lerRegistro(true).gerarLinha(); }));
-    }
-    EXPECT_GT(carregadas, 100);
 }
 
 } // namespace

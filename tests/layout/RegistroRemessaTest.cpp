@@ -1,9 +1,7 @@
 #include "layout/RegistroRemessa.h"
 
-#include "layout/ArquivoRemessa.h"
 #include "layout/Leiautes.h"
 #include "support/Falhas.h"
-#include "support/Falsos.h"
 
 #include <gtest/gtest.h>
 
@@ -24,18 +22,6 @@ Texto valores(const RegistroRemessa& registro) {
     return resultado;
 }
 
-TEST(RegistroRemessa, camposUmAtrasDoOutro) {
-    const RegistroRemessa lido = registro();
-    Texto posicoes;
-    for (const auto& c : lido.campos()) {
-        posicoes += junta(c->nome(), " ", std::to_string(c->inicio()), "-", std::to_string(c->Fim()), "; ");
-        EXPECT_EQ(c->registroPai(), &lido);
-    }
-    EXPECT_EQ(posicoes, "Tipo 1-1; Numero 2-4; Data 5-12; Texto 13-16; ");
-    EXPECT_EQ(lido.tamanhoAtual(), 16);
-    EXPECT_EQ(lido.obterPosicaoCampo("Data"), 0);
-}
-
 TEST(RegistroRemessa, addRecusaNomeRepetidoELinhaComprida) {
     RegistroRemessa repetido = registro();
     EXPECT_EQ(textoDaFalha([&] { repetido.add(campo("DATA", {.natureza = "S", .tamanho = 5})); }),
@@ -54,13 +40,10 @@ TEST(RegistroRemessa, reconheceALinhaPeloIdentificador) {
     EXPECT_EQ(textoDaFalha([&] { return tipo.isRegistroTipo("xxB2"); }),
               "5 RegistroRemessa: Campo inexistente no leiaute: ");
     tipo.identificador("TIPO");
-    for (const auto& [linha, esperado] : {std::pair<VistaTexto, bool>{"xxB2", true},
-                                          {"xxB2 e mais", true},
-                                          {"xxb2", false},
-                                          {"xxB", false},
-                                          {"B2", false},
-                                          {"", false}})
-        EXPECT_EQ(tipo.isRegistroTipo(linha), esperado) << linha;
+    for (const VistaTexto sim : {"xxB2"_t, "xxB2 e mais"_t})
+        EXPECT_TRUE(tipo.isRegistroTipo(sim));
+    for (const VistaTexto nao : {"xxb2"_t, "xxB"_t, "B2"_t, ""_t})
+        EXPECT_FALSE(tipo.isRegistroTipo(nao));
     tipo.setValorCampo("Tipo", Valor::Nulo());
     EXPECT_FALSE(tipo.isRegistroTipo("xx  "));
     EXPECT_FALSE(tipo.isRegistroTipo(""));
@@ -69,10 +52,7 @@ TEST(RegistroRemessa, reconheceALinhaPeloIdentificador) {
 TEST(RegistroRemessa, lerLinhaParaNoPrimeiroErro) {
     const std::tuple<VistaTexto, VistaTexto, VistaTexto> casos[] = {
         {boa, "", "B;12;31/01/2024;AB;"},
-        {"B00000000000    ", "", "B;0;nulo;;"},
         {"B01220240131AB ", "1 RegistroRemessa: Segmento=B - Tamanho de linha incompatível!"_t, "B;nulo;nulo;nulo;"},
-        {"B01220240131AB   ", "1 RegistroRemessa: Segmento=B - Tamanho de linha incompatível!"_t, "B;nulo;nulo;nulo;"},
-        {"", "1 RegistroRemessa: Segmento=B - Tamanho de linha incompatível!"_t, "B;nulo;nulo;nulo;"},
         {"B   20240131AB  ", "1 RegistroRemessa: Segmento=B - Campo=Numero - Campo numérico inválido"_t,
          "B;nulo;nulo;nulo;"},
         {"B01220240230AB  ", "1 RegistroRemessa: Segmento=B - Campo=Data - Campo data inválido"_t, "B;12;nulo;nulo;"},
@@ -98,38 +78,27 @@ TEST(RegistroRemessa, preguicosoLeOCampoQuandoPedido) {
     EXPECT_EQ(lido.getValorCampoString("Texto"), "A "); // as much as the line has, untrimmed
     EXPECT_EQ(lido.getValorCampoString("numero"), "0 2");
     EXPECT_EQ(valores(lido), "B;nulo;nulo;nulo;"); // nothing read is stored
+    EXPECT_EQ(textoDaFalha([&] { lido.setValorCampo("CEP"_t, 1); }),
+              "5 RegistroRemessa: Campo inexistente no leiaute: CEP"_t);
     lido.linha("");
     lido.setValorCampo("numero", 7);
     EXPECT_EQ(lido.getValorCampo("Numero"), Valor(7));
     EXPECT_EQ(lido.getValorCampoString("Numero"), "007");
 }
 
-TEST(RegistroRemessa, campoDesconhecidoFalha) {
-    RegistroRemessa lido = registro();
-    constexpr VistaTexto esperada = "5 RegistroRemessa: Campo inexistente no leiaute: CEP";
-    EXPECT_EQ(textoDaFalha([&] { return lido.getValorCampo("CEP"); }), esperada);
-    EXPECT_EQ(textoDaFalha([&] { return lido.getValorCampoString("CEP"); }), esperada);
-    EXPECT_EQ(textoDaFalha([&] { return &lido.obterCampo("CEP"); }), esperada);
-    EXPECT_EQ(textoDaFalha([&] { lido.setValorCampo("CEP", 1); }), esperada);
-}
-
 TEST(RegistroRemessa, copiaNaoMudaComOOriginal) {
-    testes::ArquivosEmMemoria arquivos;
-    const ArquivoRemessa arquivo(arquivos);
     RegistroRemessa original = registro();
-    original.ArquivoRemessa(&arquivo);
     original.linha(boa);
     const RegistroRemessa copia = original.copia();
-    original.linha("outra");
-    original.setValorCampo("Texto", "outro");
-    EXPECT_EQ(valores(copia), "B;nulo;nulo;nulo;");
+    original.linha("outra"_t);
+    original.setValorCampo("Texto"_t, "outro"_t);
+    EXPECT_EQ(valores(copia), "B;nulo;nulo;nulo;"_t);
     EXPECT_EQ(std::tuple(copia.nome(), copia.linha(), copia.identificador(), copia.Tamanho(), copia.tamanhoAtual()),
-              std::tuple("B", boa, "Tipo", 16, 16));
-    EXPECT_EQ(copia.ArquivoRemessa(), &arquivo);
-    EXPECT_EQ(copia.obterCampo("Texto").registroPai(), &copia);
-    EXPECT_EQ(copia.obterCampo("Texto").inicio(), 13);
+              std::tuple("B"_t, boa, "Tipo"_t, 16, 16));
+    EXPECT_EQ(copia.obterCampo("Texto"_t).registroPai(), &copia);
+    EXPECT_EQ(copia.obterCampo("Texto"_t).inicio(), 13);
     const RegistroRemessa mudada = std::move(original);
-    EXPECT_EQ(mudada.obterCampo("Texto").registroPai(), &mudada);
+    EXPECT_EQ(mudada.obterCampo("Texto"_t).registroPai(), &mudada);
 }
 
 TEST(RegistroRemessa, copiarLevaALinhaOuOsValores) {

@@ -44,7 +44,19 @@ struct Bancada {
         return todo.starts_with(titulo) ? todo.substr(titulo.size()) : junta("(sem título) "_t, todo);
     }
 
+    /// Lets `ouvinte` hear the runs from here on.
+    void ouvir() { pedido.ouvintes = ouvintes; }
+    /// What the panel was asked for, a line each, without blanks at the end.
+    [[nodiscard]] Texto chamadas() const {
+        Texto todas;
+        for (const Texto& chamada : mundo.painel.chamadas)
+            todas += junta(semBrancosADireita(chamada), "\n"_t);
+        return todas;
+    }
+
     MundoFalso mundo;
+    RelatorMemoria ouvinte;
+    std::vector<Relator*> ouvintes{&ouvinte};
     BancoDeDados banco = abrirBanco(escreverJet(tabelasDeCodigos()));
     modVariaveis globais;
     Analise analise;

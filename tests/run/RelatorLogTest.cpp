@@ -1,6 +1,5 @@
 #include "run/RelatorLog.h"
 
-#include "support/Falhas.h"
 #include "support/Falsos.h"
 
 #include <gtest/gtest.h>
@@ -9,25 +8,21 @@ namespace quilatador {
 namespace {
 
 using testes::ArquivosEmMemoria;
-using testes::MundoFalso;
 using Operacao = ArquivosEmMemoria::Operacao;
-
-const Falha cheio(numeroDeFalha::discoCheio, "Gravacao", "Disco cheio");
 
 TEST(RelatorLog, linhasEAchadosComCrLf) {
     ArquivosEmMemoria arquivos;
     RelatorLog log(arquivos.criarSaida("x.log"));
     log.linha("Título"_t);
     log.achado({"a.b", Gravidade::Erro, 15, 'B', std::nullopt, Texto("CNPJ inválido"_t)});
-    log.achado({"c.d", Gravidade::Estrutural, 16, 'C', std::nullopt, "Fora de ordem"});
-    log.linha("");
-    log.resumo({});
-    Bloco::Caneta caneta = log.comecar(6);
-    caneta.append("a\r\n", "b\r\n");
+    log.achado({"c.d", Gravidade::Estrutural, 16, 'C', std::nullopt, Texto("Fora de ordem"_t)});
+    Bloco::Caneta caneta = log.comecar(3);
+    caneta.append("a"_t, VistaTexto(), "\r\n"_t); // all that was asked for
+    EXPECT_THROW(caneta.append("d"_t), std::length_error);
     log.terminar(caneta);
     log.fechar();
-    EXPECT_EQ(arquivos.conteudo["x.log"], "Título\r\n** ERRO -> Linha 000015 - CNPJ inválido\r\nFora de ordem\r\n\r\n"
-                                          "a\r\nb\r\n"_t);
+    EXPECT_EQ(arquivos.conteudo["x.log"],
+              "Título\r\n** ERRO -> Linha 000015 - CNPJ inválido\r\nFora de ordem\r\na\r\n"_t);
     EXPECT_TRUE(arquivos.tudoFechado());
 }
 
@@ -47,46 +42,22 @@ TEST(RelatorLog, blocosGrandesNaOrdemETudoGravado) {
     EXPECT_LT(arquivos.vezes(Operacao::Escrever), 20); // 66 lines, of 12 million characters
 }
 
-TEST(RelatorLog, maisDoQueOTracoPediuERecusado) {
-    ArquivosEmMemoria arquivos;
-    RelatorLog log(arquivos.criarSaida("x.log"));
-    Bloco::Caneta caneta = log.comecar(3);
-    caneta.append("ab", VistaTexto(), "c"); // all that was asked for
-    EXPECT_THROW(caneta.append("d"), std::length_error);
-    log.terminar(caneta);
-    log.fechar();
-    EXPECT_EQ(arquivos.conteudo["x.log"], "abc");
-}
-
-TEST(RelatorLog, falhaAoGravarNuncaSeCala) {
-    for (const Operacao operacao : {Operacao::Escrever, Operacao::Fechar}) {
-        ArquivosEmMemoria arquivos;
-        arquivos.falhar(operacao, 1, cheio);
-        RelatorLog log(arquivos.criarSaida("x.log"));
-        log.linha("a");
-        EXPECT_EQ(testes::numeroDaFalha([&] { return log.fechar(), 0; }), 61);
-    }
-}
-
 TEST(criarLog, recusaOQueNaoPodeSer) {
-    MundoFalso mundo;
-    mundo.arquivos.conteudo["/a.log"] = "dados";
-    EXPECT_EQ(criarLog(mundo.ambiente, "/a.log", "/a.log", "Erro!"), nullptr);
-    mundo.arquivos.conteudo["/programa/Arquivo_ZUL702.xml"] = "leiaute";
-    mundo.arquivos.conteudo["/programa/TabelaErrosZUL.mdb"] = "banco";
-    EXPECT_EQ(criarLog(mundo.ambiente, "/a.log", "/programa/Arquivo_ZUL702.xml", "Erro!"), nullptr);
-    EXPECT_EQ(criarLog(mundo.ambiente, "/a.log", "/programa/TabelaErrosZUL.mdb", "Erro!"), nullptr);
+    testes::MundoFalso mundo;
+    const auto recusado = [&](const char* log) {
+        EXPECT_EQ(criarLog(mundo.ambiente, "/a.log", log, tituloDeErro), nullptr);
+        return mundo.painel.chamadas.back();
+    };
+    for (const char* nome : {"/a.log", "/programa/Arquivo_ZUL702.xml", "/programa/TabelaErrosZUL.mdb"})
+        mundo.arquivos.conteudo[nome] = Texto("dados"_t);
     const auto antes = mundo.arquivos.conteudo;
-    mundo.arquivos.falhar(Operacao::Criar, 1, cheio);
-    EXPECT_EQ(criarLog(mundo.ambiente, "/a.log", "/b.log", tituloDeErro), nullptr);
-    EXPECT_EQ(mundo.painel.chamadas,
-              (std::vector<Texto>{
-                  Texto("mensagem [Erro!] O arquivo de log seria o próprio arquivo analisado: /a.log"_t),
-                  Texto("mensagem [Erro!] O arquivo de log seria um arquivo do próprio programa: "
-                        "/programa/Arquivo_ZUL702.xml"_t),
-                  Texto("mensagem [Erro!] O arquivo de log seria um arquivo do próprio programa: "
-                        "/programa/TabelaErrosZUL.mdb"_t),
-                  "mensagem [Solvara - Quilatador de Leiaute - Erro!] Erro na criacao do arquivo de log: /b.log"}));
+    mundo.arquivos.falhar(Operacao::Criar, 1, testes::discoCheio);
+    constexpr VistaTexto caixa = "mensagem [Solvara - Quilatador de Leiaute - Erro!] "_t;
+    constexpr VistaTexto doPrograma = "O arquivo de log seria um arquivo do próprio programa: "_t;
+    EXPECT_EQ(recusado("/a.log"), junta(caixa, "O arquivo de log seria o próprio arquivo analisado: /a.log"_t));
+    for (const char* nome : {"/programa/Arquivo_ZUL702.xml", "/programa/TabelaErrosZUL.mdb"})
+        EXPECT_EQ(recusado(nome), junta(caixa, doPrograma, textoDosBytes(nome)));
+    EXPECT_EQ(recusado("/b.log"), junta(caixa, "Erro na criacao do arquivo de log: /b.log"_t));
     EXPECT_EQ(mundo.arquivos.conteudo, antes);
     EXPECT_NE(criarLog(mundo.ambiente, "/a.log", "/b.log", tituloDeErro), nullptr);
 }

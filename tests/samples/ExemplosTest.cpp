@@ -1,4 +1,6 @@
+#include "support/Comparacao.h"
 #include "support/Falsos.h"
+#include "support/PastaTemporaria.h"
 
 #include "cli/Programa.h"
 
@@ -14,11 +16,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-Texto lerArquivo(const fs::path& caminho) {
-    std::ifstream arquivo(caminho, std::ios::binary);
-    return {std::istreambuf_iterator<char>(arquivo), {}};
-}
-
 std::vector<std::string> palavras(const std::string& texto) {
     std::istringstream fluxo(texto);
     return {std::istream_iterator<std::string>(fluxo), {}};
@@ -28,8 +25,8 @@ std::vector<std::string> palavras(const std::string& texto) {
 class Exemplo : public testing::TestWithParam<fs::path> {
   protected:
     Exemplo() {
-        mundo_.arquivos.conteudo["/programa/Arquivo_ZUL702.xml"] = lerArquivo(QUILATADOR_LEIAUTE);
-        mundo_.arquivos.conteudo["/programa/TabelaErrosZUL.mdb"] = lerArquivo(QUILATADOR_TABELAS);
+        mundo_.arquivos.conteudo["/programa/Arquivo_ZUL702.xml"] = textoDosBytes(lerTudo(QUILATADOR_LEIAUTE));
+        mundo_.arquivos.conteudo["/programa/TabelaErrosZUL.mdb"] = textoDosBytes(lerTudo(QUILATADOR_TABELAS));
     }
 
     [[nodiscard]] static fs::path entrada() {
@@ -39,8 +36,8 @@ class Exemplo : public testing::TestWithParam<fs::path> {
     }
 
     void analisar() {
-        mundo_.arquivos.conteudo[fs::path("/exemplo") / entrada().filename()] = lerArquivo(entrada());
-        std::vector<std::string> argumentos = palavras(lerArquivo(GetParam() / "opcoes.txt"));
+        mundo_.arquivos.conteudo[fs::path("/exemplo") / entrada().filename()] = textoDosBytes(lerTudo(entrada()));
+        std::vector<std::string> argumentos = palavras(lerTudo(GetParam() / "opcoes.txt"));
         argumentos.emplace_back("--json");
         argumentos.push_back((fs::path("/exemplo") / entrada().filename()).string());
         std::ostringstream erros;
@@ -69,8 +66,8 @@ TEST_P(Exemplo, daOLogEOJsonEsperados) {
         std::ofstream(log, std::ios::binary) << log_;
         std::ofstream(json, std::ios::binary) << json_.str();
     }
-    EXPECT_EQ(utf8DeTexto(log_), utf8DeTexto(lerArquivo(log)));
-    EXPECT_EQ(json_.str(), lerArquivo(json));
+    EXPECT_EQ(diferenca(utf8DeTexto(log_), utf8DeTexto(textoDosBytes(lerTudo(log)))), "");
+    EXPECT_EQ(diferenca(json_.str(), lerTudo(json)), "");
 }
 
 std::vector<fs::path> exemplos() {

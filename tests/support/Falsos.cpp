@@ -50,44 +50,26 @@ void PainelFalso::anotar(VistaTexto operacao, const Progresso& progresso) {
                              std::to_string(progresso.totalRegistros), " guias ", std::to_string(progresso.guias)));
 }
 
-/// Counts a file as open for as long as it lives, or until it is closed.
-class ArquivosEmMemoria::Aberto {
-  public:
-    explicit Aberto(ArquivosEmMemoria& dono) : dono_(&dono) { ++dono.abertos_; }
-    Aberto(const Aberto&) = delete;
-    Aberto& operator=(const Aberto&) = delete;
-    ~Aberto() { soltar(); }
-
-    [[nodiscard]] ArquivosEmMemoria& dono() const { return *dono_; }
-    void soltar() noexcept {
-        if (!solto_) --dono_->abertos_;
-        solto_ = true;
-    }
-
-  private:
-    ArquivosEmMemoria* dono_;
-    bool solto_ = false;
-};
-
 class ArquivosEmMemoria::Entrada final : public ArquivoEntrada {
   public:
     Entrada(ArquivosEmMemoria& dono, std::filesystem::path caminho, Texto bytes)
-        : aberto_(dono), caminho_(std::move(caminho)), bytes_(std::move(bytes)) {}
+        : dono_(dono), caminho_(std::move(caminho)), bytes_(std::move(bytes)) {}
 
     [[nodiscard]] std::size_t ler(std::span<char> destino) override {
-        aberto_.dono().contar(Operacao::Ler);
+        dono_.contar(Operacao::Ler);
         const std::size_t lidos = bytes_.copy(destino.data(), destino.size(), posicao_);
         posicao_ += lidos;
         return lidos;
     }
     [[nodiscard]] VersaoDoArquivo versao() const noexcept override {
-        const auto agora = aberto_.dono().conteudo.find(caminho_);
-        if (agora == aberto_.dono().conteudo.end()) return {};
+        const auto agora = dono_.conteudo.find(caminho_);
+        if (agora == dono_.conteudo.end()) return {};
         return {.arquivo = std::hash<Texto>()(agora->second), .tamanho = agora->second.size()};
     }
 
   private:
-    Aberto aberto_;
+    ArquivosEmMemoria& dono_;
+    std::shared_ptr<const bool> aberto_ = dono_.aberto_;
     std::filesystem::path caminho_;
     Texto bytes_;
     std::size_t posicao_ = 0;
@@ -95,20 +77,21 @@ class ArquivosEmMemoria::Entrada final : public ArquivoEntrada {
 
 class ArquivosEmMemoria::Saida final : public ArquivoSaida {
   public:
-    Saida(ArquivosEmMemoria& dono, std::filesystem::path caminho) : aberto_(dono), caminho_(std::move(caminho)) {}
+    Saida(ArquivosEmMemoria& dono, std::filesystem::path caminho) : dono_(dono), caminho_(std::move(caminho)) {}
 
     void escrever(VistaTexto bytes) override {
-        aberto_.dono().contar(Operacao::Escrever);
-        aberto_.dono().conteudo[caminho_].append(bytes);
+        dono_.contar(Operacao::Escrever);
+        dono_.conteudo[caminho_].append(bytes);
     }
 
     void fechar() override {
-        aberto_.soltar(); // closed, whatever it reports
-        aberto_.dono().contar(Operacao::Fechar);
+        aberto_.reset(); // closed, whatever it reports
+        dono_.contar(Operacao::Fechar);
     }
 
   private:
-    Aberto aberto_;
+    ArquivosEmMemoria& dono_;
+    std::shared_ptr<const bool> aberto_ = dono_.aberto_;
     std::filesystem::path caminho_;
 };
 

@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <map>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -98,13 +99,12 @@ class ArquivosEmMemoria final : public Arquivos {
     /// How many operations of a kind there were: a loop over the faults ends past this one.
     [[nodiscard]] int vezes(Operacao operacao) const;
     /// Whether every file that was opened or created is closed again.
-    [[nodiscard]] bool tudoFechado() const noexcept { return abertos_ == 0; }
+    [[nodiscard]] bool tudoFechado() const noexcept { return aberto_.use_count() == 1; }
 
     std::map<std::filesystem::path, Texto> conteudo;
     std::map<std::filesystem::path, Data> datas; ///< of the last change, where a test needs one
 
   private:
-    class Aberto;
     class Entrada;
     class Saida;
 
@@ -112,8 +112,22 @@ class ArquivosEmMemoria final : public Arquivos {
 
     std::map<Operacao, int> vezes_;
     std::map<std::pair<Operacao, int>, Falha> falhas_;
-    int abertos_ = 0;
+    std::shared_ptr<const bool> aberto_ = std::make_shared<const bool>(); ///< each open file holds it as well
 };
+
+inline const Falha discoCheio(numeroDeFalha::discoCheio, "Gravacao", Texto("Disco cheio"_t));
+
+/// Calls `rodada(operacao, vez)` for the first, second, ... operation of each kind, which that run has to make fail,
+/// and goes on to the next kind when it says that there was no such operation. How many there were in all.
+template <typename Rodada>
+int emCadaFalhaDeArquivo(Rodada rodada) {
+    using enum ArquivosEmMemoria::Operacao;
+    int falhas = 0;
+    for (const auto operacao : {Abrir, Ler, Criar, Escrever, Fechar})
+        for (int vez = 1; rodada(operacao, vez); ++vez)
+            ++falhas;
+    return falhas;
+}
 
 /// Keeps what a run tells: lines and findings each in their order, and its end.
 class RelatorMemoria final : public Relator {
