@@ -18,9 +18,15 @@ namespace {
 /// Reservations until the one that fails; none does while it is 0.
 std::atomic<long> ateFalhar = 0;
 
-void* reservarOuNada(std::size_t bytes) noexcept {
+void* reservarOuNada(std::size_t bytes, std::size_t alinhamento = alignof(std::max_align_t)) noexcept {
     if (ateFalhar > 0 && --ateFalhar == 0) return nullptr;
-    return std::malloc(std::max(bytes, std::size_t{1}));
+    return std::aligned_alloc(alinhamento, (bytes / alinhamento + 1) * alinhamento);
+}
+
+void* reservar(std::size_t bytes, std::size_t alinhamento = alignof(std::max_align_t)) {
+    void* const memoria = reservarOuNada(bytes, alinhamento);
+    if (memoria == nullptr) throw std::bad_alloc();
+    return memoria;
 }
 
 /// Out of line, where the compiler does not take free for the wrong partner of new.
@@ -33,20 +39,26 @@ void devolver(void* memoria) noexcept {
 
 } // namespace
 
-// The whole program reserves memory through these; the forms for arrays end up here, and nothing
-// asks for more alignment than all memory has.
+// The whole program reserves memory through these; the forms for arrays end up here.
 void* operator new(std::size_t bytes) {
-    void* const memoria = reservarOuNada(bytes);
-    if (memoria == nullptr) throw std::bad_alloc();
-    return memoria;
+    return reservar(bytes);
 }
 void* operator new(std::size_t bytes, const std::nothrow_t&) noexcept {
     return reservarOuNada(bytes);
+}
+void* operator new(std::size_t bytes, std::align_val_t alinhamento) {
+    return reservar(bytes, static_cast<std::size_t>(alinhamento));
 }
 void operator delete(void* memoria) noexcept {
     devolver(memoria);
 }
 void operator delete(void* memoria, std::size_t) noexcept {
+    devolver(memoria);
+}
+void operator delete(void* memoria, std::align_val_t) noexcept {
+    devolver(memoria);
+}
+void operator delete(void* memoria, std::size_t, std::align_val_t) noexcept {
     devolver(memoria);
 }
 namespace quilatador {
