@@ -43,33 +43,26 @@ Texto remessaGrande() {
 }
 
 TEST_F(Execucao, daOLogDosExemplos) {
-    struct Caso {
-        std::string pasta;
-        std::string nome;
-        const char* opcao;
-    };
     abrir();
     escolher("chkData");
     controle<QComboBox>("cmbFormato")->setCurrentText(QStringLiteral("AAAAMMDD"));
-    for (const auto& [pasta, nome, opcao] :
-         {Caso{"remessa-valida", "remessa", "opt702"}, Caso{"remessa-com-erros", "remessa", "opt702"},
-          Caso{"retorno-impressao", "retorno", "opt708"}, Caso{"retorno-liquidacao", "retorno", "optTAV"}}) {
-        const std::string arquivo = nome + (nome == "remessa" ? ".rem" : ".ret");
-        const std::string exemplo = QUILATADOR_SAMPLES "/" + pasta + "/";
-        mundo.arquivos.conteudo["/exemplo/" + arquivo] = testes::lerTudo(exemplo + arquivo);
+    for (const auto& [exemplo, opcao] : {std::pair{"remessa-valida/remessa.rem", "opt702"},
+                                         {"remessa-com-erros/remessa.rem", "opt702"},
+                                         {"retorno-impressao/retorno.ret", "opt708"},
+                                         {"retorno-liquidacao/retorno.ret", "optTAV"}}) {
+        std::filesystem::path origem = std::filesystem::path(QUILATADOR_SAMPLES) / exemplo;
+        std::filesystem::path arquivo = "/exemplo" / origem.filename();
+        mundo.arquivos.conteudo[arquivo] = testes::lerTudo(origem);
         clicar(opcao);
-        digitar("txtNomeArquivo", ("/exemplo/" + arquivo).c_str());
+        digitar("txtNomeArquivo", arquivo.c_str());
         clicar("cmdOK");
-        EXPECT_EQ(utf8DeTexto(mundo.arquivos.conteudo["/exemplo/" + nome + ".log"]),
-                  utf8DeTexto(testes::lerTudo(exemplo + nome + ".log")))
-            << pasta;
+        EXPECT_EQ(utf8DeTexto(mundo.arquivos.conteudo[arquivo.replace_extension("log")]),
+                  utf8DeTexto(testes::lerTudo(origem.replace_extension("log"))));
         EXPECT_EQ(dialogos.textos(), Textos{"Análise finalizada!"});
         EXPECT_TRUE(naFaceDoPedido());
-        for (const char* botao : {"cmdAjuda", "cmdCancela", "cmdLayout", "cmdOK", "cmdSobre"})
-            EXPECT_TRUE(habilitado(botao)) << botao;
-        EXPECT_EQ(legenda("cmdCancela"), "&Fechar");
     }
     EXPECT_EQ(mundo.lancador.textos.size(), 4u);
+    EXPECT_EQ(legenda("cmdCancela"), "&Fechar");
     clicar("cmdCancela");
     EXPECT_FALSE(janela.isVisible());
 }

@@ -60,36 +60,27 @@ TEST_F(JanelaDeTeste, semAsTabelasNaoAbre) {
               Textos{"Não foi possível abrir o arquivo TabelaErrosZUL.mdb! Reinstale o aplicativo."});
 }
 
-TEST_F(JanelaDeTeste, asOpcoesDaRemessaVoltamComSeusValores) {
+TEST_F(JanelaDeTeste, asEscolhasHabilitamSuasCaixasQueGuardamSeusValores) {
     abrir();
     escolher("chkData");
     digitar("txtPosicao", "25");
     controle<QComboBox>("cmbFormato")->setCurrentText(QStringLiteral("DDMMAA"));
-    escolher("optPrimeirasGuias");
+    clicar("txtNumeroDetalhes"); // a click on the box that is off chooses its option
     digitar("txtNumeroDetalhes", "7");
-    for (const char* outro : {"opt708", "optTAV"}) {
-        escolher(outro);
-        EXPECT_FALSE(visivel("Frame1") || visivel("fraDetalhes"));
+    EXPECT_TRUE(habilitado("txtPosicao") && habilitado("cmbFormato") && habilitado("txtNumeroDetalhes"));
+    for (const char* opcao : {"opt708", "optTAV", "opt702"}) {
+        escolher(opcao);
+        for (const char* quadro : {"Frame1", "fraDetalhes"})
+            EXPECT_EQ(visivel(quadro), opcao == std::string_view("opt702")) << opcao;
     }
-    escolher("opt702");
-    EXPECT_TRUE(visivel("Frame1") && visivel("fraDetalhes"));
     const Pedido pedido = janela.pedido->pedido();
     EXPECT_TRUE(pedido.comData);
     EXPECT_EQ(pedido.PosicaoDataBarra, 25);
-    EXPECT_EQ(pedido.FormatoDataBarra, "DDMMAA");
+    EXPECT_EQ(pedido.FormatoDataBarra, "DDMMAA"_t);
     EXPECT_EQ(janela.pedido->primeirasGuias(), 7);
-}
-
-TEST_F(JanelaDeTeste, asEscolhasHabilitamSuasCaixas) {
-    abrir();
     escolher("chkData");
-    EXPECT_TRUE(habilitado("txtPosicao") && habilitado("cmbFormato"));
-    escolher("chkData");
-    EXPECT_FALSE(habilitado("txtPosicao") || habilitado("cmbFormato"));
-    clicar("txtNumeroDetalhes"); // a click on the box that is off chooses its option
-    EXPECT_TRUE(habilitado("txtNumeroDetalhes"));
     escolher("optTodosDetalhes");
-    EXPECT_FALSE(habilitado("txtNumeroDetalhes"));
+    EXPECT_FALSE(habilitado("txtPosicao") || habilitado("cmbFormato") || habilitado("txtNumeroDetalhes"));
 }
 
 TEST_F(JanelaDeTeste, asCaixasDeNumeroSoTomamDigitos) {
