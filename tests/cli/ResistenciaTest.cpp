@@ -6,6 +6,7 @@
 #include <cstring>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <initializer_list>
 #include <malloc.h>
 #include <new>
 #include <pugixml.hpp>
@@ -38,50 +39,28 @@ void devolver(void* memoria) noexcept {
 
 } // namespace
 
-// The whole program reserves memory through these; the other forms of new and delete end up here.
+// The whole program reserves memory through these; the forms for arrays end up here.
 void* operator new(std::size_t bytes) {
-    return reservar(bytes);
-}
-void* operator new[](std::size_t bytes) {
     return reservar(bytes);
 }
 void* operator new(std::size_t bytes, const std::nothrow_t&) noexcept {
     return reservarOuNada(bytes);
 }
-void* operator new[](std::size_t bytes, const std::nothrow_t&) noexcept {
-    return reservarOuNada(bytes);
-}
 void* operator new(std::size_t bytes, std::align_val_t alinhamento) {
-    return reservar(bytes, static_cast<std::size_t>(alinhamento));
-}
-void* operator new[](std::size_t bytes, std::align_val_t alinhamento) {
     return reservar(bytes, static_cast<std::size_t>(alinhamento));
 }
 void operator delete(void* memoria) noexcept {
     devolver(memoria);
 }
-void operator delete[](void* memoria) noexcept {
-    devolver(memoria);
-}
 void operator delete(void* memoria, std::size_t) noexcept {
-    devolver(memoria);
-}
-void operator delete[](void* memoria, std::size_t) noexcept {
     devolver(memoria);
 }
 void operator delete(void* memoria, std::align_val_t) noexcept {
     devolver(memoria);
 }
-void operator delete[](void* memoria, std::align_val_t) noexcept {
-    devolver(memoria);
-}
 void operator delete(void* memoria, std::size_t, std::align_val_t) noexcept {
     devolver(memoria);
 }
-void operator delete[](void* memoria, std::size_t, std::align_val_t) noexcept {
-    devolver(memoria);
-}
-
 namespace quilatador {
 namespace {
 
@@ -124,28 +103,39 @@ Texto logDe(const Arquivo& arquivo) {
     return bancada.arquivos.conteudo[arquivo.log];
 }
 
+/// Analyses the file again and again, with a failure at one place after the other until there is none left, and gives
+/// how many there were. `falhar` puts the failure there, `tocada` asks whether the run came upon it. Each run is to
+/// end as if nothing were the matter, or with status 2 and one of the reasons.
+template <typename Falhar, typename Tocada>
+int falharEmCadaPonto(const Arquivo& arquivo, std::initializer_list<VistaTexto> motivos, Falhar falhar, Tocada tocada) {
+    const Texto inteiro = logDe(arquivo);
+    for (int ponto = 1;; ++ponto) {
+        Bancada bancada;
+        const Maquina maquina = bancada.maquina();
+        std::vector<std::string> argumentos{"-q", arquivo.nome};
+        falhar(bancada.arquivos, ponto);
+        const int situacao = executar(std::move(argumentos), maquina);
+        const bool falhou = tocada(bancada.arquivos, ponto);
+        const Texto log = bancada.arquivos.conteudo[arquivo.log];
+        const bool dito = !bancada.erros.str().empty() || std::ranges::any_of(motivos, [&](VistaTexto motivo) {
+            return log.find(motivo) != Texto::npos;
+        });
+        const bool semEfeito = situacao == arquivo.situacao && log == inteiro;
+        EXPECT_TRUE(semEfeito || (falhou && situacao == 2 && dito))
+            << arquivo.nome << " " << ponto << ": " << situacao << "\n"
+            << log << bancada.erros.str();
+        EXPECT_TRUE(bancada.arquivos.tudoFechado()) << arquivo.nome << " " << ponto;
+        if (!falhou) return ponto;
+    }
+}
+
 /// Each reservation of a run fails once.
 TEST(Resistencia, faltaDeMemoriaEmQualquerPonto) {
     vigiarBibliotecas();
     for (const Arquivo& arquivo : arquivos) {
-        const Texto inteiro = logDe(arquivo);
-        long pontos = 0;
-        bool tocada = true;
-        for (long ponto = 1; tocada; ++ponto, ++pontos) {
-            Bancada bancada;
-            const Maquina maquina = bancada.maquina();
-            std::vector<std::string> argumentos{"-q", arquivo.nome};
-            ateFalhar = ponto;
-            const int situacao = executar(std::move(argumentos), maquina);
-            tocada = ateFalhar.exchange(0) == 0;
-            const Texto log = bancada.arquivos.conteudo[arquivo.log];
-            const bool semEfeito = situacao == arquivo.situacao && log == inteiro;
-            const auto diz = [&](VistaTexto motivo) { return log.find(motivo) != Texto::npos; };
-            const bool dito = diz("Memória insuficiente!"_t) || diz("Recursos do sistema excedidos"_t) ||
-                              !bancada.erros.str().empty();
-            EXPECT_TRUE(semEfeito || (tocada && situacao == 2 && dito)) << arquivo.nome << " " << ponto << "\n" << log;
-            EXPECT_TRUE(bancada.arquivos.tudoFechado()) << arquivo.nome << " " << ponto;
-        }
+        const int pontos = falharEmCadaPonto(
+            arquivo, {"Memória insuficiente!"_t, "Recursos do sistema excedidos"_t},
+            [](auto&, int ponto) { ateFalhar = ponto; }, [](auto&, int) { return ateFalhar.exchange(0) == 0; });
         EXPECT_GT(pontos, 100) << arquivo.nome;
         RecordProperty(arquivo.log + 3, std::to_string(pontos));
     }
@@ -154,29 +144,15 @@ TEST(Resistencia, faltaDeMemoriaEmQualquerPonto) {
 /// Each opening, reading, creating, writing and closing of the whole program fails once, those of the layout and of
 /// the database too.
 TEST(Resistencia, falhaDeArquivoEmQualquerPonto) {
-    using Operacao = testes::ArquivosEmMemoria::Operacao;
-    const Falha discoCheio(numeroDeFalha::discoCheio, "Gravacao", "Disco cheio");
+    using Arquivos = testes::ArquivosEmMemoria;
+    using enum Arquivos::Operacao;
+    const Falha discoCheio(numeroDeFalha::discoCheio, "Gravacao", Texto("Disco cheio"_t));
     int pontos = 0;
-    for (const Arquivo& arquivo : arquivos) {
-        const Texto inteiro = logDe(arquivo);
-        for (const Operacao operacao :
-             {Operacao::Abrir, Operacao::Ler, Operacao::Criar, Operacao::Escrever, Operacao::Fechar}) {
-            bool tocada = true;
-            for (int vez = 1; tocada; ++vez, ++pontos) {
-                Bancada bancada;
-                bancada.arquivos.falhar(operacao, vez, discoCheio);
-                const int situacao = bancada.rodar({"-q", arquivo.nome});
-                tocada = bancada.arquivos.vezes(operacao) >= vez;
-                const Texto log = bancada.arquivos.conteudo[arquivo.log];
-                const bool semEfeito = situacao == arquivo.situacao && log == inteiro;
-                const bool dito = !bancada.erros.str().empty() || log.find("Disco cheio") != Texto::npos;
-                EXPECT_TRUE(semEfeito || (tocada && situacao == 2 && dito))
-                    << arquivo.nome << " " << static_cast<int>(operacao) << " " << vez << "\n"
-                    << situacao << log << bancada.erros.str();
-                EXPECT_TRUE(bancada.arquivos.tudoFechado());
-            }
-        }
-    }
+    for (const Arquivo& arquivo : arquivos)
+        for (const auto operacao : {Abrir, Ler, Criar, Escrever, Fechar})
+            pontos += falharEmCadaPonto(
+                arquivo, {"Disco cheio"_t}, [&](Arquivos& onde, int vez) { onde.falhar(operacao, vez, discoCheio); },
+                [&](const Arquivos& onde, int vez) { return onde.vezes(operacao) >= vez; });
     RecordProperty("pontos", pontos);
     EXPECT_GT(pontos, 60);
 }

@@ -21,15 +21,5 @@ TEST(Interrupcao, primeiroSinalSoLevantaABandeira) {
     }
 }
 
-TEST(InterrupcaoDeathTest, segundoSinalSaiNaHora) {
-    const auto duas = [](int primeiro, int segundo) {
-        const Interrupcao interrupcao;
-        std::raise(primeiro);
-        std::raise(segundo);
-    };
-    EXPECT_EXIT(duas(SIGINT, SIGINT), testing::ExitedWithCode(130), "");
-    EXPECT_EXIT(duas(SIGINT, SIGTERM), testing::ExitedWithCode(130), "");
-}
-
 } // namespace
 } // namespace quilatador

@@ -20,9 +20,5 @@ TEST(Pastas, ondeEstaODescritorDoLeiaute) {
     EXPECT_EQ(pastaDoPrograma(programas), programas);
 }
 
-TEST(Pastas, executavelEmCurso) {
-    EXPECT_TRUE(std::filesystem::exists(pastaDoExecutavel() / "platform_test"));
-}
-
 } // namespace
 } // namespace quilatador

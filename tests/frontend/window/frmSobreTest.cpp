@@ -1,7 +1,5 @@
 #include "frontend/window/frmSobre.h"
 
-#include "support/Falsos.h"
-
 #include <gtest/gtest.h>
 
 namespace quilatador {
@@ -20,17 +18,6 @@ TEST(frmSobre, zerosCompletaOTextoSemBrancos) {
         EXPECT_EQ(frmSobre::Zeros(argumento, tamanho), esperado);
         EXPECT_EQ(argumento, esperado);
     }
-}
-
-TEST(frmSobre, aDataEhADoExecutavelOuADoProprioPrograma) {
-    testes::ArquivosEmMemoria arquivos;
-    testes::LocalidadeFixa localidade;
-    const frmSobre sobre(arquivos, localidade, "/programa", "/usr/bin/Quilatador");
-    EXPECT_EQ(sobre.versao(), "Versão 1.00.01 - "_t);
-    arquivos.datas["/usr/bin/Quilatador"] = fazData(2026, 3, 31);
-    EXPECT_EQ(sobre.versao(), "Versão 1.00.01 - março/2026"_t);
-    arquivos.datas["/programa/Quilatador.exe"] = fazData(1999, 11, 1);
-    EXPECT_EQ(sobre.versao(), "Versão 1.00.01 - novembro/1999"_t);
 }
 
 } // namespace

@@ -4,8 +4,6 @@
 #include <QDropEvent>
 #include <QMimeData>
 
-#include <algorithm>
-
 namespace quilatador {
 namespace {
 
@@ -15,91 +13,40 @@ using Textos = std::vector<std::string>;
 constexpr const char* mensagemDaPosicao =
     "Posição da data no código de barras deve estar entre 20 e 41 (limites do campo livre)!";
 
-TEST_F(JanelaDeTeste, temOsControlesComSuasLegendasEDicas) {
-    struct Caso {
-        const char* nome;
-        const char* tipo; ///< class of the toolkit
-        const char* propriedade;
-        const char* valor;
-        const char* dica;
-    };
-    const Caso casos[] = {
-        {"cmdSobre", "QPushButton", "text", "&Sobre o Quilatador...", ""},
-        {"cmdAjuda", "QPushButton", "text", "", "Pressione para obter informações sobre a tela."},
-        {"cmdLayout", "QPushButton", "text", "&Leiaute dos Arquivos", ""},
-        {"cmdCancela", "QPushButton", "text", "&Sair", ""},
-        {"cmdOK", "QPushButton", "text", "OK", ""},
-        {"fraNomeArquivo", "QGroupBox", "title", "Nome do Arquivo", ""},
-        {"optTAV", "QRadioButton", "text", "TAV001",
-         "Selecione esta opção para efetuar a análise do arquivo TAV001 (Retorno de Liquidação)"},
-        {"opt708", "QRadioButton", "text", "ZUL708",
-         "Selecione esta opção para efetuar a análise do arquivo ZUL708 (Retorno da Remessa de Impressão)"},
-        {"opt702", "QRadioButton", "text", "ZUL702",
-         "Selecione esta opção para efetuar a análise do arquivo ZUL702 (Remessa para Impressão)"},
-        {"Frame1", "QGroupBox", "title", "Data no código de barras", ""},
-        {"cmbFormato", "QComboBox", "currentText", "ADDD", "Selecione o Formato da Data no código de barras."},
-        {"txtPosicao", "QLineEdit", "text", "20", "Informe a posição da inicial da data no código de barras."},
-        {"chkData", "QCheckBox", "text", "Com data",
-         "Selecione esta opção caso o código de barras contenha uma data de vencimento."},
-        {"Label8", "QLabel", "text", "Formato:", ""},
-        {"Label7", "QLabel", "text", "Posição:", ""},
-        {"fraDetalhes", "QGroupBox", "title", "Analisar detalhes", ""},
-        {"txtNumeroDetalhes", "QLineEdit", "text", "50", "Informe a quantidade de guias a serem analisadas."},
-        {"optPrimeirasGuias", "QRadioButton", nullptr, nullptr,
-         "Selecione esta opção para analisar apenas algumas guias."},
-        {"optTodosDetalhes", "QRadioButton", "text", "Todos",
-         "Selecione esta opção para analisar todas as guias do arquivo."},
-        {"cmdProcura", "QPushButton", nullptr, nullptr,
-         "Pressione para informar o drive/diretório e o nome do arquivo para Análise."},
-        {"txtNomeArquivo", "QLineEdit", "text", "", "Nome do arquivo para Análise."},
-        {"fraImportacao", "QGroupBox", "title", "Progresso da Análise", ""},
-        {"pbrImportacao", "QProgressBar", nullptr, nullptr, ""},
-        {"lblGuiasDepuradas", "QLabel", "text", "", ""},
-        {"Label6", "QLabel", "text", "Guias Depuradas:", ""},
-        {"lblTotalGuias", "QLabel", "text", "", ""},
-        {"Label2", "QLabel", "text", "Total de Guias:", ""},
-        {"lblRemessa", "QLabel", "text", "Remessa", ""},
-        {"lblEmpresa", "QLabel", "text", "NomeEmpresa", ""},
-        {"lblRegistroAtual", "QLabel", "text", "", ""},
-        {"lblTotalRegistros", "QLabel", "text", "", ""},
-        {"Label5", "QLabel", "text", "Registro Atual:", ""},
-        {"Label4", "QLabel", "text", "Total de Registros:", ""},
-        {"lblTempoRestante", "QLabel", "text", "00:00:00", ""},
-        {"lblTempoDecorrido", "QLabel", "text", "00:00:00", ""},
-        {"Label3", "QLabel", "text", "Tempo restante:", ""},
-        {"lblOperacao", "QLabel", "text", "Operação", ""},
-        {"Label1", "QLabel", "text", "Tempo decorrido:", ""},
-        {"Image1", "QWidget", nullptr, nullptr, ""}};
-    abrir();
-    EXPECT_EQ(janela.objectName(), u"frmImportacao");
-    EXPECT_EQ(janela.windowTitle(), u"Solvara - Quilatador de Leiaute");
-    for (const auto& [nome, tipo, propriedade, valor, dica] : casos) {
-        const QWidget* widget = controle(nome);
-        EXPECT_TRUE(widget->inherits(tipo)) << nome;
-        if (propriedade) {
-            EXPECT_EQ(widget->property(propriedade).toString().toStdString(), valor) << nome;
-        }
-        EXPECT_EQ(widget->toolTip().toStdString(), dica) << nome;
-    }
-    EXPECT_TRUE(controle<QPushButton>("cmdOK")->isDefault());
-    EXPECT_EQ(controle<QRadioButton>("optPrimeirasGuias")->text().split(u' ', Qt::SkipEmptyParts),
-              (QStringList{QStringLiteral("Primeiras"), QStringLiteral("guias")}));
+/// The first class of the toolkit that a control is.
+const char* tipoDe(const QWidget& widget) {
+    const QMetaObject* tipo = widget.metaObject();
+    while (tipo->className()[0] != 'Q')
+        tipo = tipo->superClass();
+    return tipo->className();
 }
 
-TEST_F(JanelaDeTeste, comecaComOsValoresIniciais) {
+/// What a user meets: caption, what a screen reader says, hint, and how it stands.
+QString descricao(const QWidget& widget) {
+    QStringList partes{widget.objectName(), QLatin1String(tipoDe(widget))};
+    for (const char* propriedade : {"text", "title", "currentText", "accessibleName", "toolTip"})
+        partes += widget.property(propriedade).toString().simplified();
+    if (!widget.isVisible()) partes += QStringLiteral("hidden");
+    if (!widget.isEnabled()) partes += QStringLiteral("off");
+    if (widget.property("checked").toBool()) partes += QStringLiteral("chosen");
+    if (widget.property("default").toBool()) partes += QStringLiteral("default");
+    partes.removeAll(QString());
+    return partes.join(u" | ");
+}
+
+/// The file has every named control of the window that has just been opened, in alphabetical order.
+TEST_F(JanelaDeTeste, osControlesSaoOsDaLista) {
     abrir();
-    EXPECT_TRUE(controle<QRadioButton>("opt702")->isChecked());
-    EXPECT_TRUE(controle<QRadioButton>("optTodosDetalhes")->isChecked());
-    EXPECT_FALSE(controle<QCheckBox>("chkData")->isChecked());
-    for (const char* desligado : {"txtPosicao", "cmbFormato", "txtNumeroDetalhes", "cmdOK"})
-        EXPECT_FALSE(habilitado(desligado)) << desligado;
-    EXPECT_TRUE(visivel("fraNomeArquivo"));
-    EXPECT_FALSE(visivel("fraImportacao"));
+    QStringList linhas;
+    for (const QWidget* widget : janela.findChildren<QWidget*>())
+        if (const QString nome = widget->objectName(); !nome.isEmpty() && !nome.startsWith(u"qt_"))
+            linhas += descricao(*widget);
+    linhas.sort();
+    linhas += QStringList{janela.objectName(), janela.windowTitle()}.join(u" | ");
     const auto* formato = controle<QComboBox>("cmbFormato");
-    QStringList lista;
     for (int i = 0; i < formato->count(); ++i)
-        lista += formato->itemText(i);
-    EXPECT_EQ(lista.join(u' '), u"AAAAMMDD AAMMDD DDMMAAAA DDMMAA DDDA AADDD");
+        linhas += QStringLiteral("cmbFormato | ") + formato->itemText(i);
+    EXPECT_EQ(linhas.join(u'\n').toStdString() + "\n", testes::lerTudo(QUILATADOR_CONTROLES));
 }
 
 TEST_F(JanelaDeTeste, semAsTabelasNaoAbre) {
@@ -113,36 +60,27 @@ TEST_F(JanelaDeTeste, semAsTabelasNaoAbre) {
               Textos{"Não foi possível abrir o arquivo TabelaErrosZUL.mdb! Reinstale o aplicativo."});
 }
 
-TEST_F(JanelaDeTeste, asOpcoesDaRemessaVoltamComSeusValores) {
+TEST_F(JanelaDeTeste, asEscolhasHabilitamSuasCaixasQueGuardamSeusValores) {
     abrir();
     escolher("chkData");
     digitar("txtPosicao", "25");
     controle<QComboBox>("cmbFormato")->setCurrentText(QStringLiteral("DDMMAA"));
-    escolher("optPrimeirasGuias");
+    clicar("txtNumeroDetalhes"); // a click on the box that is off chooses its option
     digitar("txtNumeroDetalhes", "7");
-    for (const char* outro : {"opt708", "optTAV"}) {
-        escolher(outro);
-        EXPECT_FALSE(visivel("Frame1") || visivel("fraDetalhes"));
+    EXPECT_TRUE(habilitado("txtPosicao") && habilitado("cmbFormato") && habilitado("txtNumeroDetalhes"));
+    for (const char* opcao : {"opt708", "optTAV", "opt702"}) {
+        escolher(opcao);
+        for (const char* quadro : {"Frame1", "fraDetalhes"})
+            EXPECT_EQ(visivel(quadro), opcao == std::string_view("opt702")) << opcao;
     }
-    escolher("opt702");
-    EXPECT_TRUE(visivel("Frame1") && visivel("fraDetalhes"));
     const Pedido pedido = janela.pedido->pedido();
     EXPECT_TRUE(pedido.comData);
     EXPECT_EQ(pedido.PosicaoDataBarra, 25);
-    EXPECT_EQ(pedido.FormatoDataBarra, "DDMMAA");
+    EXPECT_EQ(pedido.FormatoDataBarra, "DDMMAA"_t);
     EXPECT_EQ(janela.pedido->primeirasGuias(), 7);
-}
-
-TEST_F(JanelaDeTeste, asEscolhasHabilitamSuasCaixas) {
-    abrir();
     escolher("chkData");
-    EXPECT_TRUE(habilitado("txtPosicao") && habilitado("cmbFormato"));
-    escolher("chkData");
-    EXPECT_FALSE(habilitado("txtPosicao") || habilitado("cmbFormato"));
-    clicar("txtNumeroDetalhes"); // a click on the box that is off chooses its option
-    EXPECT_TRUE(habilitado("txtNumeroDetalhes"));
     escolher("optTodosDetalhes");
-    EXPECT_FALSE(habilitado("txtNumeroDetalhes"));
+    EXPECT_FALSE(habilitado("txtPosicao") || habilitado("cmbFormato") || habilitado("txtNumeroDetalhes"));
 }
 
 TEST_F(JanelaDeTeste, asCaixasDeNumeroSoTomamDigitos) {
@@ -212,16 +150,16 @@ TEST_F(JanelaDeTeste, procurarTomaOArquivoEscolhidoESeguePorEle) {
     EXPECT_EQ(texto("txtNomeArquivo"), "/d/ação-Ω.rem");
     EXPECT_EQ(janela.pedido->pedido().nomeArquivo, "/d/ação-Ω.rem");
     EXPECT_TRUE(habilitado("cmdOK"));
+    dialogos.escolhido = "/d/nada"; // which does not exist
+    clicar("cmdProcura");
     dialogos.escolhido = std::nullopt;
     clicar("cmdProcura");
     EXPECT_EQ(texto("txtNomeArquivo"), "/d/ação-Ω.rem");
-    EXPECT_EQ(dialogos.ultimos, (std::vector<std::filesystem::path>{"", "", "/d/ação-Ω.rem"}));
+    EXPECT_EQ(dialogos.ultimos, (std::vector<std::filesystem::path>{"", "", "/d/ação-Ω.rem", "/d/nada"}));
 }
 
 TEST_F(JanelaDeTeste, oArquivoSoltoViraOPedido) {
     const testes::PastaTemporaria pasta;
-    const auto arquivo = pasta.escrever("solto.ret", "A2");
-    mundo.arquivos.conteudo[arquivo] = "A2";
     abrir();
     QMimeData dados;
     const auto soltar = [&](const std::filesystem::path& caminho) {
@@ -233,20 +171,18 @@ TEST_F(JanelaDeTeste, oArquivoSoltoViraOPedido) {
         return entrada.isAccepted();
     };
     EXPECT_FALSE(soltar(pasta.caminho())); // a folder is none
-    EXPECT_TRUE(soltar(arquivo));
-    EXPECT_EQ(texto("txtNomeArquivo"), arquivo.string());
-    EXPECT_TRUE(controle<QRadioButton>("optTAV")->isChecked());
-    EXPECT_FALSE(visivel("Frame1"));
-    EXPECT_TRUE(habilitado("cmdOK"));
-}
-
-TEST_F(JanelaDeTeste, ajudaELeiauteAbremSeusDocumentos) {
-    abrir();
-    clicar("cmdAjuda");
-    clicar("cmdLayout");
-    EXPECT_EQ(mundo.lancador.documentos,
-              (std::vector<std::filesystem::path>{"/programa/Documentos/TAV/Ajuda/Quilatador.htm",
-                                                  "/programa/Documentos/TAV/Layouts/layouts.html"}));
+    for (const auto& [linha, opcao] : {std::pair{"A2", "optTAV"},
+                                       {"A0000000000ZUL702", "opt702"},
+                                       {"A0000000000ZUL708", "opt708"},
+                                       {"?", "opt708"}}) {
+        const auto arquivo = pasta.escrever(opcao, linha);
+        mundo.arquivos.conteudo[arquivo] = linha;
+        EXPECT_TRUE(soltar(arquivo));
+        EXPECT_EQ(texto("txtNomeArquivo"), arquivo.string());
+        EXPECT_TRUE(controle<QRadioButton>(opcao)->isChecked()) << linha;
+        EXPECT_EQ(visivel("Frame1"), opcao == std::string_view("opt702"));
+        EXPECT_TRUE(habilitado("cmdOK"));
+    }
 }
 
 TEST_F(JanelaDeTeste, oTecladoChegaATudo) {
@@ -272,6 +208,9 @@ TEST_F(JanelaDeTeste, oTecladoChegaATudo) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return mundo.lancador.documentos.size() == 1; }));
     QTest::keyClick(controle("txtNomeArquivo"), Qt::Key_F1);
     EXPECT_TRUE(QTest::qWaitFor([&] { return mundo.lancador.documentos.size() == 2; }));
+    EXPECT_EQ(mundo.lancador.documentos,
+              (std::vector<std::filesystem::path>{"/programa/Documentos/TAV/Layouts/layouts.html",
+                                                  "/programa/Documentos/TAV/Ajuda/Quilatador.htm"}));
 }
 
 TEST_F(JanelaDeTeste, umaTeclaPresaPressionaUmaVez) {
@@ -281,21 +220,6 @@ TEST_F(JanelaDeTeste, umaTeclaPresaPressionaUmaVez) {
         QApplication::sendEvent(controle("cmdLayout"), &repetida);
     }
     EXPECT_TRUE(mundo.lancador.documentos.empty());
-}
-
-TEST_F(JanelaDeTeste, todoControleTemUmNomeParaQuemNaoVe) {
-    abrir();
-    for (const QWidget* widget : janela.findChildren<QWidget*>()) {
-        const bool interno = widget->objectName().isEmpty() || widget->objectName().startsWith(u"qt_");
-        if (interno || widget->focusPolicy() == Qt::NoFocus) continue;
-        EXPECT_FALSE(widget->accessibleName().isEmpty()) << widget->objectName().toStdString();
-    }
-}
-
-TEST_F(JanelaDeTeste, sairFechaAJanela) {
-    abrir();
-    clicar("cmdCancela");
-    EXPECT_FALSE(janela.isVisible());
 }
 
 } // namespace
