@@ -26,7 +26,10 @@ constexpr VistaTexto fim = "Depuração terminada!\r\n"_t;
 struct Bancada {
     explicit Bancada(Texto conteudo = remessa()) : mundo(std::move(conteudo)) {}
 
-    Resumo depurar() { return depurador.DepurarArquivo("/d/remessa.rem"); }
+    Resumo depurar() {
+        Rodada rodada(mundo.ambiente, {.nomeArquivo = "/d/remessa.rem", .ouvintes = ouvintes}, cancelado);
+        return depurador.depurar(rodada);
+    }
     /// The log of a run.
     Texto log() {
         depurar();
@@ -37,7 +40,9 @@ struct Bancada {
 
     testes::MundoComRemessa mundo;
     modVariaveis globais;
-    Depurador depurador{mundo.ambiente, globais};
+    std::atomic<bool> cancelado = false;
+    std::vector<Relator*> ouvintes;
+    Depurador depurador{mundo.ambiente, globais, cancelado};
 };
 
 Texto logDe(Texto conteudo) {
@@ -134,7 +139,7 @@ TEST(Depurador, falhaEmQualquerOperacaoDeArquivo) {
     const int falhas = testes::emCadaFalhaDeArquivo([&](Operacao operacao, int vez) {
         Bancada bancada(grande);
         testes::RelatorMemoria ouvinte;
-        bancada.depurador.adicionarRelator(ouvinte);
+        bancada.ouvintes = {&ouvinte};
         vez += bancada.mundo.arquivos.vezes(operacao);
         bancada.mundo.arquivos.falhar(operacao, vez, discoCheio);
         bancada.depurar();
@@ -177,7 +182,8 @@ TEST(Depurador, semLeiauteCadaExecucaoDizQueFalta) {
         mundo.arquivos.conteudo["/programa/Arquivo_ZUL702.xml"] = Texto(leiaute);
         if (leiaute.empty()) mundo.arquivos.conteudo.erase("/programa/Arquivo_ZUL702.xml");
         modVariaveis globais;
-        Depurador depurador(mundo.ambiente, globais);
+        std::atomic<bool> cancelado = true; // what an earlier run was asked does not hold for the next
+        Depurador depurador(mundo.ambiente, globais, cancelado);
         EXPECT_EQ(mundo.painel.chamadas, std::vector<Texto>{Texto(mensagem)});
         EXPECT_EQ(depurador.DepurarArquivo("/d/remessa.rem").desfecho, Desfecho::NaoRodou);
         EXPECT_EQ(mundo.arquivos.conteudo["/d/remessa.log"], junta(titulo, "Leiaute não carregado!\r\n"_t, fim));
@@ -247,8 +253,7 @@ TEST(Depurador, ouvintesRecebemOQueOLogRecebe) {
     Bancada bancada(remessa({.guias = 3, .falhas = true}));
     RelatorLog espelho(bancada.mundo.arquivos.criarSaida("/espelho"));
     testes::RelatorMemoria memoria;
-    bancada.depurador.adicionarRelator(espelho);
-    bancada.depurador.adicionarRelator(memoria);
+    bancada.ouvintes = {&espelho, &memoria};
     const Resumo resumo = bancada.depurar();
     espelho.fechar();
     EXPECT_EQ(diferenca(bancada.mundo.arquivos.conteudo["/espelho"], bancada.logFeito()), "");
@@ -266,44 +271,12 @@ TEST(Depurador, achadoQueParaAExecucaoTemLinhaESegmento) {
     for (const auto& [conteudo, linha, segmento] : casos) {
         Bancada bancada(conteudo);
         testes::RelatorMemoria memoria;
-        bancada.depurador.adicionarRelator(memoria);
+        bancada.ouvintes = {&memoria};
         bancada.depurar();
         ASSERT_EQ(memoria.achados.size(), 1u);
         const Achado& achado = memoria.achados[0];
         EXPECT_EQ(std::tuple(achado.gravidade, achado.linha, achado.segmento),
                   std::tuple(Gravidade::Estrutural, linha, segmento));
-    }
-}
-
-TEST(Depurador, converterMascara) {
-    constexpr VistaTexto caractere = "; Caractere inválido na máscara"_t;
-    constexpr VistaTexto tamanhoErrado = "; Tamanho do identificador não confere com a máscara!"_t;
-    const std::tuple<VistaTexto, VistaTexto, int, VistaTexto, VistaTexto> casos[] = {
-        {"999", "N", 3, "@@@", ""},
-        {"9999", "N", 3, "@@@@", tamanhoErrado},
-        {"A9A", "A", 3, "@@", ""},                             // what is neither place nor separator is skipped
-        {"99.9-9/(9)[9]", "N", 7, "@@.@-@/(@)[@]", caractere}, // a separator is said to be invalid, yet converted
-        {"9.99", "N", 2, "@.@@", tamanhoErrado},
-        {"99.9", "X", 0, "", ""},
-    };
-    for (const auto& [mascara, tipo, tamanho, esperada, mensagem] : casos) {
-        Texto convertida = "<";
-        EXPECT_EQ(Depurador::converterMascara(mascara, tipo, tamanho, convertida), mensagem) << mascara;
-        EXPECT_EQ(convertida, junta("<", esperada)) << mascara;
-    }
-}
-
-TEST(Depurador, conferirMascara) {
-    constexpr VistaTexto naoConfere = "; Identificador não confere com a máscara cadastrada"_t;
-    const std::tuple<VistaTexto, VistaTexto, VistaTexto, VistaTexto> casos[] = {
-        {"123.456-7", "999.999-9", "1234567", ""}, {"1x/ ", "9A/A", "1x ", ""},
-        {"1234", "999", "1234", naoConfere},       {"12a", "999", "12a", naoConfere},
-        {"12-3", "99.9", "12-3", naoConfere},
-    };
-    for (const auto& [identificador, mascara, esperado, mensagem] : casos) {
-        Texto conferido(identificador);
-        EXPECT_EQ(Depurador::conferirMascara(conferido, mascara), mensagem) << identificador;
-        EXPECT_EQ(conferido, esperado);
     }
 }
 
