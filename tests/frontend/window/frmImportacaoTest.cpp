@@ -2,6 +2,7 @@
 
 #include "support/Remessas.h"
 
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace quilatador {
@@ -15,7 +16,9 @@ class TelaFalsa final : public Tela {
         anotar("rotulo"_t, nomes[static_cast<std::size_t>(qual)], texto);
     }
     void iniciarProgresso(const Progresso&) override {}
-    void avancar(const Progresso&) override {}
+    void avancar(const Progresso&) override {
+        if (aoAvancar) aoAvancar();
+    }
     void concluirProgresso(const Progresso&) override {}
     void processarEventos() override { anotar("atender"_t, "eventos"_t, ""_t); }
     void mensagem(const Mensagem& dita) override {
@@ -31,7 +34,8 @@ class TelaFalsa final : public Tela {
     void nomeArquivo(const std::filesystem::path&) override { anotar("escrever"_t, Controle::txtNomeArquivo); }
     void fechar() override { anotar("fechar"_t, "janela"_t, ""_t); }
 
-    std::string chamadas; ///< in UTF-8
+    std::string chamadas;            ///< in UTF-8
+    std::function<void()> aoAvancar; ///< what the user does at a record
 
   private:
     void anotar(VistaTexto operacao, Controle qual) { anotar(operacao, nomeDoControle(qual), ""_t); }
@@ -59,6 +63,17 @@ TEST(frmImportacao, aRemessaMudaDeFaceEVolta) {
 TEST(frmImportacao, oRetornoDesligaOsBotoesEEscondeOsRotulos) {
     EXPECT_EQ(chamadasDe(TipoArquivo::ZUL708), testes::lerTudo(QUILATADOR_CHAMADAS "/retorno.txt"));
     EXPECT_EQ(chamadasDe(TipoArquivo::TAV001), testes::lerTudo(QUILATADOR_CHAMADAS "/retorno.txt"));
+}
+
+TEST(frmImportacao, cancelarNaoEsperaPorOutroEvento) {
+    testes::MundoComRemessa mundo;
+    TelaFalsa tela;
+    Ambiente ambiente{tela, mundo.relogio, mundo.localidade, mundo.lancador, mundo.arquivos, "/programa"};
+    modVariaveis globais;
+    frmImportacao regras(ambiente, globais, tela);
+    tela.aoAvancar = [&] { regras.cancelar(); };
+    const Pedido pedido{.nomeArquivo = "/d/remessa.rem", .nomeArquivoLog = {}};
+    EXPECT_EQ(regras.analisar(pedido)->desfecho, Desfecho::Cancelada);
 }
 
 } // namespace
