@@ -92,6 +92,7 @@ TEST(TAV001, outroTipoOuVersao) {
         EXPECT_EQ(bancada.log(), "Linha: 777777 - O Arquivo não é do tipo TAV001 ou a versão é diferente de 03!\r\n"
                                  "\r\nTRATAMENTO CANCELADO!!!\r\n"_t);
         ASSERT_EQ(bancada.ouvinte.achados.size(), 1u);
+        EXPECT_EQ(bancada.ouvinte.achados.front().id, "tav001.tipoInvalido");
         EXPECT_EQ(bancada.ouvinte.achados.front().campo, campo);
         EXPECT_EQ(bancada.resumo.desfecho, Desfecho::Falhou);
     }
@@ -107,7 +108,10 @@ TEST(TAV001, rotulosEProgresso) {
 }
 
 TEST(TAV001, consultaRecusadaAcabaORelatorio) {
-    const Texto log = logDe({header, pagamento("1"_t, "'"_t, "1"_t), pagamento("1"_t, "1"_t, "1"_t)});
+    Bancada bancada(tratarRetornoTAV001,
+                    linhas({header, pagamento("1"_t, "'"_t, "1"_t), pagamento("1"_t, "1"_t, "1"_t)}));
+    const Texto log = bancada.log();
+    EXPECT_EQ(bancada.resumo.desfecho, Desfecho::NaoRodou);
     EXPECT_EQ(depoisDe("Agência Arrecadadora...: "_t, log), "        ;"_t);
     EXPECT_TRUE(log.ends_with("WHERE (((FormaArrecadacao.codigoFormaArrecadacao)='''))\r\n"_t));
 }

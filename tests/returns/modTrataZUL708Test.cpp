@@ -31,10 +31,8 @@ Texto totais(int com, int sem) {
 TEST(ZUL708, explicaOcorrencias) {
     const Texto erro = "O Registro 000002 apresenta o seguinte erro: ";
     const std::pair<const char*, Texto> casos[] = {
-        {"050000", junta(erro, "05 - Convênio não cadastrado\r\n"_t)},
         {"120512", junta(erro, "12 - Código – inválido, custa 1 €\r\n"_t, erro, "05 - Convênio não cadastrado\r\n"_t,
                          erro, "12 - Código – inválido, custa 1 €\r\n"_t)},
-        {"030000", junta(erro, "03\r\n")},
         {"070000", junta(erro, "07 - \r\n")},
         {" 5-5''", junta(erro, " 5 - Convênio não cadastrado\r\n"_t, erro, "-5\r\n", erro, "''\r\n")},
         {"0 0000", junta(erro, "0 \r\n")}};
