@@ -12,27 +12,24 @@ using Linhas = std::vector<Texto>;
 
 constexpr std::size_t bloco = 256 * 1024; // what the reader asks for at once, about which ends are placed below
 
-/// A file that comes in pieces of 1 to `maiorPedaco` bytes, as from a slow disk; in whole blocks where that is 0.
+/// A file that comes in pieces of `pedaco` bytes, as from a slow disk.
 class EntradaEmPedacos final : public ArquivoEntrada {
   public:
-    EntradaEmPedacos(VistaTexto bytes, std::size_t maiorPedaco, unsigned semente)
-        : bytes_(bytes), maiorPedaco_(maiorPedaco), sorteio_(semente) {}
+    EntradaEmPedacos(VistaTexto bytes, std::size_t pedaco) : bytes_(bytes), pedaco_(pedaco) {}
 
     [[nodiscard]] std::size_t ler(std::span<char> destino) override {
-        const std::size_t pedaco = maiorPedaco_ == 0 ? destino.size() : 1 + sorteio_() % maiorPedaco_;
-        const std::size_t lidos = bytes_.copy(destino.data(), std::min(destino.size(), pedaco));
+        const std::size_t lidos = bytes_.copy(destino.data(), std::min(destino.size(), pedaco_));
         bytes_.remove_prefix(lidos);
         return lidos;
     }
 
   private:
     VistaTexto bytes_;
-    std::size_t maiorPedaco_;
-    std::minstd_rand sorteio_;
+    std::size_t pedaco_;
 };
 
-Linhas ler(VistaTexto bytes, std::size_t maiorPedaco = 0, unsigned semente = 0) {
-    LeitorDeLinhas leitor(std::make_unique<EntradaEmPedacos>(bytes, maiorPedaco, semente));
+Linhas ler(VistaTexto bytes, std::size_t pedaco = bloco) {
+    LeitorDeLinhas leitor(std::make_unique<EntradaEmPedacos>(bytes, pedaco));
     Linhas linhas;
     while (const auto linha = leitor.proxima())
         linhas.emplace_back(*linha);
@@ -80,7 +77,7 @@ TEST(LeitorDeLinhas, linhaLongaVemCortada) {
           bloco + 1, std::size_t{10'000'000}}) {
         const Texto longa(tamanho, '\0');
         const Texto cortada = longa.substr(0, LeitorDeLinhas::maiorLinha);
-        for (const unsigned pedaco : {0u, 50'000u}) {
+        for (const std::size_t pedaco : {bloco, std::size_t{50'001}}) {
             EXPECT_TRUE(ler(longa + resto, pedaco) == (Linhas{cortada, "fim"})) << tamanho;
             EXPECT_TRUE(ler("a\n" + longa, pedaco) == (Linhas{"a", cortada})) << tamanho;
             EXPECT_TRUE(ler(longa + "\x1A" + resto, pedaco) == (Linhas{cortada})) << tamanho;
@@ -89,15 +86,9 @@ TEST(LeitorDeLinhas, linhaLongaVemCortada) {
 }
 
 TEST(LeitorDeLinhas, quemDesisteNaoEsperaOFimDeUmaLinhaSemFim) {
-    class SemFim final : public ArquivoEntrada {
-      public:
-        [[nodiscard]] std::size_t ler(std::span<char> destino) override {
-            std::ranges::fill(destino, 'x');
-            return destino.size();
-        }
-    };
+    const Texto semFim(10 * bloco, 'x');
     int perguntas = 0;
-    LeitorDeLinhas leitor(std::make_unique<SemFim>(), [&] { return ++perguntas == 3; });
+    LeitorDeLinhas leitor(std::make_unique<EntradaEmPedacos>(semFim, bloco), [&] { return ++perguntas == 3; });
     EXPECT_EQ(leitor.proxima(), Texto(LeitorDeLinhas::maiorLinha, 'x'));
     EXPECT_EQ(perguntas, 3);
     EXPECT_EQ(leitor.proxima(), std::nullopt);
@@ -114,7 +105,7 @@ TEST(LeitorDeLinhas, comoASeparacaoSimplesEmArquivosAoAcaso) {
             bytes.append(largura, 'r').append(ate(20) == 0 ? "\n" : "\r\n"); // mostly of one length, as records are
             if (ate(5) == 0) bytes.push_back(alfabeto[ate(alfabeto.size() - 1)]);
         }
-        ASSERT_TRUE(ler(bytes, vez % 2 == 0 ? 1 + ate(5) : ate(bloco), vez) == separar(bytes)) << "vez " << vez;
+        ASSERT_TRUE(ler(bytes, 1 + ate(vez % 2 == 0 ? 5 : bloco)) == separar(bytes)) << "vez " << vez;
     }
 }
 

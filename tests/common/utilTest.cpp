@@ -9,7 +9,7 @@ namespace {
 
 TEST(util, SelecionarCampo) {
     /// A text box as the window's, which has no property that is asked for.
-    struct CaixaDeTexto final : Controle {
+    struct CaixaDeTexto final : ControlePorNome {
         void definir(VistaTexto propriedade, int valor) override {
             pedidos += junta(propriedade, "="_t, textoDe(valor), ";"_t);
             throw Falha(numeroDeFalha::objetoSemPropriedade, Texto(), Texto());

@@ -1,10 +1,8 @@
 #include "layout/CampoRemessa.h"
 
 #include "common/Numero.h"
-#include "layout/ArquivoRemessa.h"
 #include "layout/Leiautes.h"
 #include "support/Falhas.h"
-#include "support/Falsos.h"
 
 #include <gtest/gtest.h>
 
@@ -17,7 +15,6 @@ using testes::textoDaFalha;
 
 constexpr int anoCorrente = 2026;
 constexpr VistaTexto numeroInvalido = "1 CampoRemessa: Campo=X - Campo numérico inválido"_t;
-constexpr VistaTexto naoCabe = "5 CampoRemessa: Argumento inválido"_t;
 constexpr VistaTexto estouro = "6 CampoRemessa: Estouro";
 constexpr VistaTexto dataInvalida = "1 CampoRemessa: Campo=X - Campo data inválido"_t;
 
@@ -77,14 +74,11 @@ TEST(CampoRemessa, textoViraData) {
 }
 
 TEST(CampoRemessa, dataJulianaTrocaDiaEMes) {
-    const std::pair<VistaTexto, VistaTexto> casos[] = {
-        {"4034", "02/03/2024"}, // 3 February
-        {"4045", "14/02/2024"}, // a day that is no month stays in its place
-        {"4012", "01/12/2024"}, // 12 January
-        {"4366", "31/12/2024"}, {"4367", "01/01/2025"},
-    };
-    for (const auto& [texto, esperado] : casos)
-        EXPECT_EQ(lido({.natureza = "D", .formato = "ADDD"}, texto), esperado) << texto;
+    using Caso = std::pair<VistaTexto, VistaTexto>;
+    for (const auto& [texto, esperado] : {Caso{"4034"_t, "02/03/2024"_t}, // 3 February
+                                          Caso{"4045"_t, "14/02/2024"_t}, // a day that is no month stays in its place
+                                          Caso{"4367"_t, "01/01/2025"_t}})
+        EXPECT_EQ(lido({.natureza = "D", .formato = "ADDD"}, texto), esperado);
 }
 
 TEST(CampoRemessa, valorViraTexto) {
@@ -121,20 +115,6 @@ TEST(CampoRemessa, valorViraTexto) {
         EXPECT_EQ(gerado + falha, esperado) << definicao.natureza << " " << descrever(valor);
         EXPECT_EQ(descrever(gerando.Valor()), depois) << esperado;
     }
-}
-
-TEST(CampoRemessa, contadorDoArquivoQueNaoCabeFalha) {
-    testes::ArquivosEmMemoria arquivos;
-    ArquivoRemessa arquivo(arquivos);
-    RegistroRemessa dono;
-    dono.ArquivoRemessa(&arquivo);
-    CampoRemessa& sequencial = dono.add(campo("Sequencial", {.natureza = "R", .tamanho = 3}));
-    for (const auto& [contador, esperado] : {std::pair<std::int32_t, VistaTexto>{0, "000"}, {7, "007"}, {999, "999"}}) {
-        arquivo.contador(contador);
-        EXPECT_EQ(sequencial.gerarTexto(), esperado);
-    }
-    arquivo.contador(1000);
-    EXPECT_EQ(textoDaFalha([&] { return sequencial.gerarTexto(); }), naoCabe);
 }
 
 } // namespace

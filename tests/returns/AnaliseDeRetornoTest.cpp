@@ -16,7 +16,7 @@ constexpr VistaTexto cancelado = "\r\nTRATAMENTO CANCELADO!!!\r\n";
 
 /// Both analyses, each with a file of three lines of its type.
 struct Caso {
-    Bancada::Analise analise;
+    Bancada::Tratar tratar;
     Texto arquivo;
 };
 
@@ -24,21 +24,9 @@ const Caso casos[] = {
     {tratarRetornoZUL708, linhas({registro({{1, "A"}, {12, "ZUL708"}}), registro({{1, "S"}, {229, "05"}}), "Z"})},
     {tratarRetornoTAV001, linhas({registro({{1, "A2"}, {80, "03"}}), registro({{1, "G"}, {117, "1"}}), "Z"})}};
 
-TEST(AnaliseDeRetorno, logComONomePedidoOuOPrimeiroPontoDoArquivo) {
-    for (const Caso& caso : casos) {
-        Bancada bancada(caso.analise, caso.arquivo, "/a.b/retorno");
-        bancada.mundo.arquivos.conteudo["/a.log"] = Texto("velho"_t);
-        bancada.rodar();
-        EXPECT_TRUE(bancada.mundo.arquivos.conteudo["/a.log"].starts_with("LOG DE "_t));
-        bancada.pedido.log = "/outro/lugar.txt";
-        bancada.rodar();
-        EXPECT_EQ(bancada.mundo.lancador.textos, (std::vector<std::filesystem::path>{"/a.log", "/outro/lugar.txt"}));
-    }
-}
-
 TEST(AnaliseDeRetorno, arquivoAlteradoDuranteAAnaliseNaoTemConclusao) {
     for (const Caso& caso : casos) {
-        Bancada bancada(caso.analise, caso.arquivo);
+        Bancada bancada(caso.tratar, caso.arquivo);
         bancada.mundo.painel.naLinha(2, [&] { bancada.mundo.arquivos.conteudo["/d/retorno.ret"] += "Z"_t; });
         EXPECT_TRUE(bancada.log().ends_with(junta(arquivoAlterado, "\r\n"_t)));
         EXPECT_EQ(bancada.resumo.desfecho, Desfecho::NaoRodou);
@@ -49,8 +37,7 @@ TEST(AnaliseDeRetorno, arquivoAlteradoDuranteAAnaliseNaoTemConclusao) {
 TEST(AnaliseDeRetorno, falhaEmQualquerOperacaoDeArquivo) {
     for (const Caso& caso : casos) {
         const int falhas = testes::emCadaFalhaDeArquivo([&](Operacao operacao, int vez) {
-            Bancada bancada(caso.analise, caso.arquivo);
-            bancada.ouvir();
+            Bancada bancada(caso.tratar, caso.arquivo);
             bancada.mundo.arquivos.falhar(operacao, vez, testes::discoCheio);
             const Texto log = bancada.log();
             const bool tocada = bancada.mundo.arquivos.vezes(operacao) >= vez;
@@ -73,12 +60,7 @@ TEST(AnaliseDeRetorno, mensagemDoQueFaltou) {
     semEntrada.mundo.arquivos.conteudo.clear();
     semEntrada.rodar();
     EXPECT_EQ(semEntrada.mundo.painel.chamadas.back(), "mensagem [Erro!] Erro na abertura do arquivo"_t);
-    Bancada semDisco(tratarRetornoZUL708);
-    semDisco.mundo.arquivos.falhar(Operacao::Fechar, 1, testes::discoCheio);
-    semDisco.rodar();
-    EXPECT_EQ(semDisco.mundo.painel.chamadas.back(),
-              "mensagem [Erro!] Erro na gravação do arquivo de log: /d/retorno.log (Disco cheio)"_t);
-    Bancada semBanco(casos[0].analise, casos[0].arquivo);
+    Bancada semBanco(casos[0].tratar, casos[0].arquivo);
     semBanco.globais.bancoDeDados = nullptr;
     EXPECT_TRUE(semBanco.log().ends_with("\r\nO banco de dados TabelaErrosZUL.mdb não está aberto\r\n"_t));
     EXPECT_EQ(semBanco.mundo.lancador.textos.size(), 1u);
@@ -86,10 +68,10 @@ TEST(AnaliseDeRetorno, mensagemDoQueFaltou) {
 
 TEST(AnaliseDeRetorno, cancelamento) {
     for (const Caso& caso : casos) {
-        const Texto completo = Bancada(caso.analise, caso.arquivo).log();
+        const Texto completo = Bancada(caso.tratar, caso.arquivo).log();
         for (const int linha : {0, 1, 2, 3}) { // before the first line and during each
-            Bancada bancada(caso.analise, caso.arquivo);
-            bancada.cancelado = linha == 0;
+            Bancada bancada(caso.tratar, caso.arquivo);
+            bancada.canceladoNoInicio = linha == 0;
             bancada.mundo.painel.naLinha(linha, [&] { bancada.cancelado = true; });
             const Texto log = bancada.log();
             EXPECT_EQ(bancada.resumo.desfecho, Desfecho::Cancelada);

@@ -26,16 +26,20 @@ inline Texto linhas(std::initializer_list<VistaTexto> todas) {
 
 /// A return file, with the code tables open.
 struct Bancada {
-    using Analise = ResultadoRetorno (*)(Ambiente&, const modVariaveis&, const PedidoDeRetorno&,
-                                         const std::atomic<bool>&);
+    using Tratar = Resumo (*)(Rodada&, const modVariaveis&);
 
-    explicit Bancada(Analise qual, Texto conteudo = {}, std::filesystem::path caminho = "/d/retorno.ret")
-        : analise(qual), pedido{.nomeArquivo = std::move(caminho)} {
-        mundo.arquivos.conteudo[pedido.nomeArquivo] = std::move(conteudo);
+    explicit Bancada(Tratar qual, Texto conteudo = {}) : tratar(qual) {
+        mundo.arquivos.conteudo["/d/retorno.ret"] = std::move(conteudo);
         globais.bancoDeDados = &banco;
     }
 
-    Resumo rodar() { return resumo = analise(mundo.ambiente, globais, pedido, cancelado).resumo; }
+    Resumo rodar() {
+        const TipoArquivo tipo = tratar == tratarRetornoZUL708 ? TipoArquivo::ZUL708 : TipoArquivo::TAV001;
+        Rodada rodada(mundo.ambiente, {.tipoArquivo = tipo, .nomeArquivo = "/d/retorno.ret", .ouvintes = ouvintes},
+                      cancelado);
+        if (canceladoNoInicio) cancelado = true;
+        return resumo = tratar(rodada, globais);
+    }
     /// The log of a run behind its title and the empty line.
     Texto log() {
         rodar();
@@ -44,8 +48,6 @@ struct Bancada {
         return todo.starts_with(titulo) ? todo.substr(titulo.size()) : junta("(sem título) "_t, todo);
     }
 
-    /// Lets `ouvinte` hear the runs from here on.
-    void ouvir() { pedido.ouvintes = ouvintes; }
     /// What the panel was asked for, a line each, without blanks at the end.
     [[nodiscard]] Texto chamadas() const {
         Texto todas;
@@ -59,9 +61,9 @@ struct Bancada {
     std::vector<Relator*> ouvintes{&ouvinte};
     BancoDeDados banco = abrirBanco(escreverJet(tabelasDeCodigos()));
     modVariaveis globais;
-    Analise analise;
-    PedidoDeRetorno pedido;
+    Tratar tratar;
     std::atomic<bool> cancelado = false;
+    bool canceladoNoInicio = false;
     Resumo resumo; ///< of the last run
 };
 

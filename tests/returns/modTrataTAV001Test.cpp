@@ -88,10 +88,10 @@ TEST(TAV001, outroTipoOuVersao) {
         {80, "02"_t, {Texto("VersaoLayout"_t), 80, 81, Texto("02"_t), Texto("03"_t)}}};
     for (const auto& [posicao, texto, campo] : casos) {
         Bancada bancada(tratarRetornoTAV001, linhas({Texto(header).replace(posicao - 1, texto.size(), texto)}));
-        bancada.ouvir();
         EXPECT_EQ(bancada.log(), "Linha: 777777 - O Arquivo não é do tipo TAV001 ou a versão é diferente de 03!\r\n"
                                  "\r\nTRATAMENTO CANCELADO!!!\r\n"_t);
         ASSERT_EQ(bancada.ouvinte.achados.size(), 1u);
+        EXPECT_EQ(bancada.ouvinte.achados.front().id, "tav001.tipoInvalido");
         EXPECT_EQ(bancada.ouvinte.achados.front().campo, campo);
         EXPECT_EQ(bancada.resumo.desfecho, Desfecho::Falhou);
     }
@@ -107,7 +107,10 @@ TEST(TAV001, rotulosEProgresso) {
 }
 
 TEST(TAV001, consultaRecusadaAcabaORelatorio) {
-    const Texto log = logDe({header, pagamento("1"_t, "'"_t, "1"_t), pagamento("1"_t, "1"_t, "1"_t)});
+    Bancada bancada(tratarRetornoTAV001,
+                    linhas({header, pagamento("1"_t, "'"_t, "1"_t), pagamento("1"_t, "1"_t, "1"_t)}));
+    const Texto log = bancada.log();
+    EXPECT_EQ(bancada.resumo.desfecho, Desfecho::NaoRodou);
     EXPECT_EQ(depoisDe("Agência Arrecadadora...: "_t, log), "        ;"_t);
     EXPECT_TRUE(log.ends_with("WHERE (((FormaArrecadacao.codigoFormaArrecadacao)='''))\r\n"_t));
 }
@@ -124,7 +127,6 @@ TEST(TAV001, arquivoGrandePassaEmBlocos) {
         esperado += blocoDeUm;
     }
     Bancada bancada(tratarRetornoTAV001, arquivo);
-    bancada.ouvir();
     EXPECT_EQ(testes::diferenca(utf8DeTexto(bancada.log()), utf8DeTexto(esperado)), "");
     EXPECT_EQ(bancada.banco.consultas(), 2u);
     Texto ouvido;

@@ -31,10 +31,8 @@ Texto totais(int com, int sem) {
 TEST(ZUL708, explicaOcorrencias) {
     const Texto erro = "O Registro 000002 apresenta o seguinte erro: ";
     const std::pair<const char*, Texto> casos[] = {
-        {"050000", junta(erro, "05 - Convênio não cadastrado\r\n"_t)},
         {"120512", junta(erro, "12 - Código – inválido, custa 1 €\r\n"_t, erro, "05 - Convênio não cadastrado\r\n"_t,
                          erro, "12 - Código – inválido, custa 1 €\r\n"_t)},
-        {"030000", junta(erro, "03\r\n")},
         {"070000", junta(erro, "07 - \r\n")},
         {" 5-5''", junta(erro, " 5 - Convênio não cadastrado\r\n"_t, erro, "-5\r\n", erro, "''\r\n")},
         {"0 0000", junta(erro, "0 \r\n")}};
@@ -69,7 +67,6 @@ TEST(ZUL708, outroTipoDeArquivo) {
 TEST(ZUL708, rotulosProgressoEAchado) {
     Bancada bancada(tratarRetornoZUL708,
                     linhas({header(), registro({{1, "B"_t}, {26, "EMPRESA"_t}}), guia("000500"_t)}));
-    bancada.ouvir();
     const Resumo resumo = bancada.rodar();
     EXPECT_EQ(bancada.chamadas(),
               "iniciar 0/3 guias 0\nrotulo Remessa: Remessa: 000123\neventos\navancar 1/3 guias 0\n"

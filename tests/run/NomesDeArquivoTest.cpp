@@ -5,14 +5,14 @@
 namespace quilatador {
 namespace {
 
-TEST(NomesDeArquivo, logAteOPrimeiroPonto) {
+TEST(NomesDeArquivo, caminhoDoLog) {
     using Caso = std::pair<std::string, std::string>;
     for (const auto& [arquivo, log] :
          {Caso{"/dados/a.b.rem", "/dados/a.log"}, Caso{"/dados.2024/remessa.rem", "/dados.log"},
           Caso{"/dados/março.", "/dados/março.log"}})
-        EXPECT_EQ(caminhoDoLog(arquivo, ".log"), log);
-    EXPECT_EQ(caminhoDoLog("/dados/remessa", "log"), "/dados/remessalog");
-    EXPECT_EQ(caminhoDoLog("/dados/remessa", ".log"), "/dados/remessa.log");
+        EXPECT_EQ(caminhoDoLog(arquivo, TipoArquivo::ZUL708), log);
+    EXPECT_EQ(caminhoDoLog("/dados/remessa", TipoArquivo::ZUL702), "/dados/remessalog");
+    EXPECT_EQ(caminhoDoLog("/dados/remessa", TipoArquivo::TAV001), "/dados/remessa.log");
 }
 
 TEST(NomesDeArquivo, titulo) {

@@ -22,52 +22,42 @@ std::vector<std::string> palavras(const std::string& texto) {
 }
 
 /// One folder of samples/: its input, the options in opcoes.txt (where there are any), the log and the JSON expected.
-class Exemplo : public testing::TestWithParam<fs::path> {
-  protected:
-    Exemplo() {
-        mundo_.arquivos.conteudo["/programa/Arquivo_ZUL702.xml"] = textoDosBytes(lerTudo(QUILATADOR_LEIAUTE));
-        mundo_.arquivos.conteudo["/programa/TabelaErrosZUL.mdb"] = textoDosBytes(lerTudo(QUILATADOR_TABELAS));
-    }
+class Exemplo : public testing::TestWithParam<fs::path> {};
 
-    [[nodiscard]] static fs::path entrada() {
-        for (const auto& arquivo : fs::directory_iterator(GetParam()))
-            if (arquivo.path().extension() == ".rem" || arquivo.path().extension() == ".ret") return arquivo.path();
-        throw std::runtime_error("no input in " + GetParam().string());
-    }
-
-    void analisar() {
-        mundo_.arquivos.conteudo[fs::path("/exemplo") / entrada().filename()] = textoDosBytes(lerTudo(entrada()));
-        std::vector<std::string> argumentos = palavras(lerTudo(GetParam() / "opcoes.txt"));
-        argumentos.emplace_back("--json");
-        argumentos.push_back((fs::path("/exemplo") / entrada().filename()).string());
-        std::ostringstream erros;
-        std::ignore = executar(argumentos, {.relogio = mundo_.relogio,
-                                            .localidade = mundo_.localidade,
-                                            .lancador = mundo_.lancador,
-                                            .arquivos = mundo_.arquivos,
-                                            .saida = json_,
-                                            .erros = erros,
-                                            .pastaDoPrograma = "/programa",
-                                            .interrompido = [] { return false; }});
-        EXPECT_EQ(erros.str(), "");
-        log_ = mundo_.arquivos.conteudo[(fs::path("/exemplo") / entrada().filename()).replace_extension("log")];
-    }
-
-    MundoFalso mundo_;
-    std::ostringstream json_;
-    Texto log_;
-};
+fs::path entradaDe(const fs::path& exemplo) {
+    for (const auto& arquivo : fs::directory_iterator(exemplo))
+        if (arquivo.path().extension() == ".rem" || arquivo.path().extension() == ".ret") return arquivo.path();
+    throw std::runtime_error("no input in " + exemplo.string());
+}
 
 TEST_P(Exemplo, daOLogEOJsonEsperados) {
-    analisar();
-    const fs::path log = entrada().replace_extension("log");
-    const fs::path json = entrada().replace_extension("json");
-    if (std::getenv("QUILATADOR_REFAZER_EXEMPLOS")) {
-        std::ofstream(log, std::ios::binary) << log_;
-        std::ofstream(json, std::ios::binary) << json_.str();
+    const fs::path entrada = entradaDe(GetParam());
+    fs::path analisado = "/exemplo" / entrada.filename();
+    MundoFalso mundo;
+    for (const auto& [nome, origem] :
+         {std::pair(fs::path("/programa/Arquivo_ZUL702.xml"), fs::path(QUILATADOR_LEIAUTE)),
+          std::pair(fs::path("/programa/TabelaErrosZUL.mdb"), fs::path(QUILATADOR_TABELAS)),
+          std::pair(analisado, entrada)})
+        mundo.arquivos.conteudo[nome] = textoDosBytes(lerTudo(origem));
+    std::vector<std::string> argumentos = palavras(lerTudo(GetParam() / "opcoes.txt"));
+    argumentos.insert(argumentos.end(), {"--json", analisado.string()});
+    std::ostringstream json;
+    std::ostringstream erros;
+    std::ignore = executar(argumentos, {.relogio = mundo.relogio,
+                                        .localidade = mundo.localidade,
+                                        .lancador = mundo.lancador,
+                                        .arquivos = mundo.arquivos,
+                                        .saida = json,
+                                        .erros = erros,
+                                        .pastaDoPrograma = "/programa",
+                                        .interrompido = [] { return false; }});
+    EXPECT_EQ(erros.str(), "");
+    const std::string log(bytesDoTexto(mundo.arquivos.conteudo[analisado.replace_extension("log")]));
+    for (const auto& [extensao, obtido] : {std::pair("log", log), std::pair("json", json.str())}) {
+        const fs::path esperado = fs::path(entrada).replace_extension(extensao);
+        if (std::getenv("QUILATADOR_REFAZER_EXEMPLOS")) std::ofstream(esperado, std::ios::binary) << obtido;
+        EXPECT_EQ(diferenca(obtido, lerTudo(esperado)), "");
     }
-    EXPECT_EQ(diferenca(utf8DeTexto(log_), utf8DeTexto(textoDosBytes(lerTudo(log)))), "");
-    EXPECT_EQ(diferenca(json_.str(), lerTudo(json)), "");
 }
 
 std::vector<fs::path> exemplos() {

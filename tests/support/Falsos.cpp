@@ -14,7 +14,6 @@ Texto LocalidadeFixa::nomeDoMes(unsigned mes) const {
 void PainelFalso::rotulo(Rotulo qual, VistaTexto texto) {
     static constexpr std::array<VistaTexto, 3> nomes{"Operacao", "Empresa", "Remessa"};
     chamadas.push_back(junta("rotulo ", nomes.at(static_cast<std::size_t>(qual)), ": ", texto));
-    rotulos[qual] = Texto(texto);
 }
 
 void PainelFalso::iniciarProgresso(const Progresso& progresso) {

@@ -20,7 +20,6 @@ class RelogioFixo final : public Relogio {
     [[nodiscard]] Data hoje() const override { return hoje_; }
     [[nodiscard]] Instante agora() const override { return agora_; }
 
-    void mudarHoje(const Data& hoje) { hoje_ = hoje; }
     void avancar(Instante tempo) { agora_ += tempo; }
 
   private:
@@ -61,7 +60,6 @@ class PainelFalso final : public Painel {
     /// "concluir 10/10 guias 2", "eventos", "mensagem [title] text".
     std::vector<Texto> chamadas;
     std::vector<Mensagem> mensagens;
-    std::map<Rotulo, Texto> rotulos; ///< as they stand
     std::optional<double> primeiras; ///< answer of `primeirasGuias`
 
   private:
