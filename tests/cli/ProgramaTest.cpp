@@ -67,7 +67,7 @@ TEST(Programa, linhasDeComando) {
 }
 
 TEST(Programa, interrompidaParaComOLogEmOrdem) {
-    for (const int perguntas : {0, 1, 10, 25, 29}) {
+    for (const int perguntas : {1, 10, 25, 29}) {
         Bancada bancada;
         int feitas = 0;
         bancada.interrompido = [&] { return ++feitas > perguntas; };
@@ -78,6 +78,18 @@ TEST(Programa, interrompidaParaComOLogEmOrdem) {
         EXPECT_EQ(bancada.saida.str(), "/d/boa.rem: análise cancelada\n  log: /d/boa.log\n");
         EXPECT_FALSE(bancada.arquivos.existe("/d/ruim.log"));
     }
+}
+
+TEST(Programa, interrompidaEntreDoisArquivosNaoComecaOSegundo) {
+    Bancada inteira;
+    int perguntas = 0;
+    inteira.interrompido = [&] { return ++perguntas < 0; };
+    EXPECT_EQ(inteira.rodar({"/d/boa.rem"}), 0);
+    Bancada bancada;
+    bancada.interrompido = [&] { return --perguntas <= 0; }; // the last question comes behind the first file
+    EXPECT_EQ(bancada.rodar({"/d/boa.rem", "/d/ruim.rem"}), 130);
+    EXPECT_TRUE(bancada.saida.str().starts_with("/d/boa.rem: 0 erros; ")) << bancada.saida.str();
+    EXPECT_FALSE(bancada.arquivos.existe("/d/ruim.log"));
 }
 
 TEST(Programa, versao) {

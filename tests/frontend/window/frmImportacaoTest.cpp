@@ -20,7 +20,10 @@ class TelaFalsa final : public Tela {
         if (aoAvancar) aoAvancar();
     }
     void concluirProgresso(const Progresso&) override {}
-    void processarEventos() override { anotar("atender"_t, "eventos"_t, ""_t); }
+    void processarEventos() override {
+        anotar("atender"_t, "eventos"_t, ""_t);
+        if (aoAtender) aoAtender();
+    }
     void mensagem(const Mensagem& dita) override {
         anotar(dita.icone == Mensagem::Icone::Exclamacao ? "mensagem !"_t : "mensagem"_t, dita.titulo, dita.texto);
     }
@@ -35,6 +38,7 @@ class TelaFalsa final : public Tela {
     void fechar() override { anotar("fechar"_t, "janela"_t, ""_t); }
 
     std::string chamadas;            ///< in UTF-8
+    std::function<void()> aoAtender; ///< what the user does before the first record
     std::function<void()> aoAvancar; ///< what the user does at a record
 
   private:
@@ -65,15 +69,17 @@ TEST(frmImportacao, oRetornoDesligaOsBotoesEEscondeOsRotulos) {
     EXPECT_EQ(chamadasDe(TipoArquivo::TAV001), testes::lerTudo(QUILATADOR_CHAMADAS "/retorno.txt"));
 }
 
-TEST(frmImportacao, cancelarNaoEsperaPorOutroEvento) {
-    testes::MundoComRemessa mundo;
-    TelaFalsa tela;
-    Ambiente ambiente{tela, mundo.relogio, mundo.localidade, mundo.lancador, mundo.arquivos, "/programa"};
-    modVariaveis globais;
-    frmImportacao regras(ambiente, globais, tela);
-    tela.aoAvancar = [&] { regras.cancelar(); };
-    const Pedido pedido{.nomeArquivo = "/d/remessa.rem", .nomeArquivoLog = {}};
-    EXPECT_EQ(regras.analisar(pedido)->desfecho, Desfecho::Cancelada);
+TEST(frmImportacao, cancelarValeDesdeQueOProgressoAparece) {
+    for (const auto quando : {&TelaFalsa::aoAtender, &TelaFalsa::aoAvancar}) {
+        testes::MundoComRemessa mundo;
+        TelaFalsa tela;
+        Ambiente ambiente{tela, mundo.relogio, mundo.localidade, mundo.lancador, mundo.arquivos, "/programa"};
+        modVariaveis globais;
+        frmImportacao regras(ambiente, globais, tela);
+        tela.*quando = [&] { regras.cancelar(); };
+        regras.confirmar({.nomeArquivo = "/d/remessa.rem", .nomeArquivoLog = {}});
+        EXPECT_NE(mundo.arquivos.conteudo["/d/remessa.log"].find("DEPURACAO CANCELADA!"_t), Texto::npos);
+    }
 }
 
 } // namespace
