@@ -15,10 +15,13 @@ Texto emTexto(const std::optional<Data>& data) {
 }
 
 TEST(Diversos, nuloVazioEZeroEmTexto) {
+    constexpr VistaTexto zero = "0,00"_t;
+    constexpr std::array data{"03/02/2024"_t, "#02/03/2024#"_t};
+    constexpr std::array nada{""_t, "Null"_t, "null"_t};
     using Caso = std::tuple<Valor, VistaTexto, VistaTexto, VistaTexto>;
     for (const auto& [valor, vazioSeNulo, nuloSeEmpty, nuloSeZero] :
-         {Caso{Valor(), ""_t, "Null"_t, "null"_t}, Caso{Valor::Nulo(), ""_t, ""_t, ""_t},
-          Caso{"0,00"_t, "0,00"_t, "0,00"_t, "null"_t}, Caso{dia, "03/02/2024"_t, "#02/03/2024#"_t, "03/02/2024"_t}}) {
+         {Caso{Valor(), nada[0], nada[1], nada[2]}, Caso{Valor::Nulo(), nada[0], nada[0], nada[0]},
+          Caso{zero, zero, zero, nada[2]}, Caso{dia, data[0], data[1], data[0]}}) {
         EXPECT_EQ(Diversos::VazioSeNulo(valor), vazioSeNulo);
         EXPECT_EQ(Diversos::NuloSeEmpty(valor), nuloSeEmpty);
         EXPECT_EQ(Diversos::NuloSeZero(valor), nuloSeZero);

@@ -66,9 +66,10 @@ TEST(Valor, foraDeLista) {
 }
 
 TEST(Valor, conversaoParaNumero) {
+    constexpr VistaTexto comVirgula = " 12,7 "_t;
     using Caso = std::tuple<Valor, double, std::int32_t>;
     for (const auto& [valor, duplo, longo] :
-         {Caso{Valor(), 0, 0}, Caso{" 12,7 "_t, 12, 12}, Caso{3.5, 3.5, 4}, Caso{serie5, 5, 5}}) {
+         {Caso{Valor(), 0, 0}, Caso{comVirgula, 12, 12}, Caso{3.5, 3.5, 4}, Caso{serie5, 5, 5}}) {
         EXPECT_EQ(valor.paraDuplo(), duplo);
         EXPECT_EQ(valor.paraLongo(), longo);
         EXPECT_EQ(valor.paraInteiro(), longo);
@@ -76,12 +77,14 @@ TEST(Valor, conversaoParaNumero) {
 }
 
 TEST(Valor, conversaoImpossivel) {
+    constexpr VistaTexto letras = "12A"_t;
+    constexpr VistaTexto grande = "40000"_t;
     constexpr VistaTexto semNumero = "13 Valor: Tipos incompatíveis"_t;
     constexpr VistaTexto deNulo = "94 Valor: Uso de Null inválido"_t;
     constexpr VistaTexto estouro = "6 Numero: Estouro"_t;
-    const std::tuple<Valor, VistaTexto, VistaTexto, VistaTexto> casos[] = {{"12A"_t, semNumero, semNumero, semNumero},
+    const std::tuple<Valor, VistaTexto, VistaTexto, VistaTexto> casos[] = {{letras, semNumero, semNumero, semNumero},
                                                                            {Valor::Nulo(), deNulo, deNulo, deNulo},
-                                                                           {"40000"_t, ""_t, ""_t, estouro},
+                                                                           {grande, ""_t, ""_t, estouro},
                                                                            {-2147483649.0, ""_t, estouro, estouro}};
     for (const auto& [valor, duplo, longo, inteiro] : casos) {
         EXPECT_EQ(testes::textoDaFalha([&, &v = valor] { return v.paraDuplo(); }), duplo);

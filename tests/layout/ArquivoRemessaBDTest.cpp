@@ -110,7 +110,8 @@ TEST(ArquivoRemessaBD, arquivoQueNaoSeAbre) {
 }
 
 TEST(ArquivoRemessaBD, outraRaizDaMensagemEFalha) {
-    const Texto raiz = boa.substr(boa.find("<ArquivoRemessa>"_t));
+    constexpr VistaTexto abertura = "<ArquivoRemessa>"_t;
+    const Texto raiz = boa.substr(boa.find(abertura));
     for (const Texto& descricao :
          {raiz, trocar(trocar(boa, "ArquivoRemessa>"_t, "Outra>"_t), "/ArquivoRemessa>"_t, "/Outra>"_t),
           junta(declaracao, "<!-- antes -->"_t, raiz)}) {

@@ -82,17 +82,19 @@ TEST(TAV001, linhasCurtas) {
 }
 
 TEST(TAV001, outroTipoOuVersao) {
-    const std::tuple<std::size_t, VistaTexto, CampoDoAchado> casos[] = {
-        {1, "B"_t, {Texto("TipoReg"_t), 1, 1, Texto("B"_t), Texto("A"_t)}},
-        {2, "1"_t, {Texto("CodigoRemessa"_t), 2, 2, Texto("1"_t), Texto("2"_t)}},
-        {80, "02"_t, {Texto("VersaoLayout"_t), 80, 81, Texto("02"_t), Texto("03"_t)}}};
-    for (const auto& [posicao, texto, campo] : casos) {
+    using Caso = std::tuple<VistaTexto, int, VistaTexto, VistaTexto>;
+    for (const auto& [nome, inicio, texto, esperado] :
+         {Caso{"TipoReg"_t, 1, "B"_t, "A"_t}, Caso{"CodigoRemessa"_t, 2, "1"_t, "2"_t},
+          Caso{"VersaoLayout"_t, 80, "02"_t, "03"_t}}) {
+        const auto posicao = static_cast<std::size_t>(inicio);
         Bancada bancada(tratarRetornoTAV001, linhas({Texto(header).replace(posicao - 1, texto.size(), texto)}));
         EXPECT_EQ(bancada.log(), "Linha: 777777 - O Arquivo não é do tipo TAV001 ou a versão é diferente de 03!\r\n"
                                  "\r\nTRATAMENTO CANCELADO!!!\r\n"_t);
         ASSERT_EQ(bancada.ouvinte.achados.size(), 1u);
         EXPECT_EQ(bancada.ouvinte.achados.front().id, "tav001.tipoInvalido");
-        EXPECT_EQ(bancada.ouvinte.achados.front().campo, campo);
+        EXPECT_EQ(bancada.ouvinte.achados.front().campo,
+                  (CampoDoAchado{Texto(nome), inicio, inicio + static_cast<int>(texto.size()) - 1, Texto(texto),
+                                 Texto(esperado)}));
         EXPECT_EQ(bancada.resumo.desfecho, Desfecho::Falhou);
     }
 }

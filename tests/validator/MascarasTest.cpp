@@ -18,7 +18,7 @@ TEST(Mascaras, converterMascara) {
         {"99.9"_t, "X"_t, 0, ""_t, ""_t},
     };
     for (const auto& [mascara, tipo, tamanho, esperada, mensagem] : casos) {
-        Texto convertida("<"_t);
+        Texto convertida(1, '<');
         EXPECT_EQ(converterMascara(mascara, tipo, tamanho, convertida), mensagem);
         EXPECT_EQ(convertida, junta("<"_t, esperada));
     }
