@@ -20,7 +20,7 @@ int digitoExigido(VistaTexto digitos, std::size_t posicao) {
 }
 
 Texto umDigito(long long digito) {
-    return textoDe(digito);
+    return Texto(1, static_cast<char>('0' + digito));
 }
 
 /// Sum of digit times weight from the right; the weights go from `primeiro` to `ultimo` by `passo`, again and again.

@@ -65,6 +65,19 @@ Cadeia converter1252(VistaTexto texto) {
     return utf8;
 }
 
+/// The digits of a number, and its sign, where there is room for the longest.
+class Digitos {
+  public:
+    explicit Digitos(long long numero) noexcept
+        : fim_(std::to_chars(digitos_.data(), digitos_.data() + digitos_.size(), numero).ptr) {}
+
+    [[nodiscard]] VistaTexto texto() const noexcept { return {digitos_.data(), fim_}; }
+
+  private:
+    std::array<char, std::numeric_limits<long long>::digits10 + 2> digitos_; // one digit more, and the sign
+    const char* fim_;
+};
+
 } // namespace
 
 Texto paraTexto(VistaUtf8 utf8) {
@@ -116,15 +129,18 @@ Texto comMascara(VistaTexto texto, VistaTexto mascara) {
 }
 
 Texto textoDe(long long numero) {
-    std::array<char, std::numeric_limits<long long>::digits10 + 2> digitos; // one more digit, and the sign
-    return {digitos.data(), std::to_chars(digitos.data(), digitos.data() + digitos.size(), numero).ptr};
+    return Texto(Digitos(numero).texto());
 }
 
 Texto comZeros(long long numero, std::size_t largura) {
-    Texto digitos = textoDe(numero);
+    const Digitos lidos(numero);
+    VistaTexto digitos = lidos.texto();
     const std::size_t sinal = numero < 0 ? 1 : 0;
-    if (digitos.size() - sinal < largura) digitos.insert(sinal, largura - (digitos.size() - sinal), '0');
-    return digitos;
+    digitos.remove_prefix(sinal);
+    Texto texto(sinal + std::max(largura, digitos.size()), '0');
+    if (sinal > 0) texto.front() = '-';
+    digitos.copy(texto.data() + texto.size() - digitos.size(), digitos.size());
+    return texto;
 }
 
 } // namespace quilatador

@@ -157,13 +157,17 @@ consteval Literal1252<N> converterLiteral(const LiteralUtf8<N>& literal) {
 template <LiteralUtf8 literal>
 inline constexpr auto literal1252 = converterLiteral(literal);
 
+template <LiteralUtf8 literal>
+inline constexpr VistaTexto vistaDoLiteral{literal1252<literal>.bytes.data(), literal1252<literal>.tamanho};
+
 } // namespace detalhe
 
-/// `"Número"_t` is the Windows-1252 text of a literal, converted by the compiler.
+/// `"Número"_t` is the Windows-1252 text of a literal, converted by the compiler. It names a constant rather than a new
+/// view: clang 14 crashes where it wants to tell of a view that such a literal made on the spot.
 template <detalhe::LiteralUtf8 literal>
-constexpr VistaTexto operator""_t() noexcept {
+constexpr const VistaTexto& operator""_t() noexcept {
     static_assert(sizeof("ã") == 3, "the compiler must take literals as UTF-8");
-    return {detalhe::literal1252<literal>.bytes.data(), detalhe::literal1252<literal>.tamanho};
+    return detalhe::vistaDoLiteral<literal>;
 }
 
 } // namespace quilatador
