@@ -45,7 +45,7 @@ struct Bancada {
     }
 
     MundoFalso mundo;
-    BancoDeDados banco = abrirBanco(escreverJet(tabelasDeCodigos()));
+    BancoDeDados banco = abrirBanco(lerBanco("jet4.mdb"));
     modVariaveis globais;
     Analise analise;
     PedidoDeRetorno pedido;
