@@ -2,14 +2,13 @@
 
 #include "support/Falsos.h"
 #include "tables/BancoDeDados.h"
+#include "tables/FormatoJet.h"
 
 #include <fstream>
 #include <iterator>
 #include <string>
 
 namespace quilatador::testes {
-
-constexpr const char* caminhoDoBanco = "/programa/TabelaErrosZUL.mdb";
 
 inline std::string lerBytes(const std::string& caminho) {
     std::ifstream arquivo(caminho, std::ios::binary);
@@ -21,11 +20,17 @@ inline std::string lerBanco(const std::string& nome) {
     return lerBytes(QUILATADOR_BANCOS + ("/" + nome));
 }
 
+/// A database file with other bytes in a place (0-based) of a page (0-based).
+inline std::string mudado(std::string bytes, std::size_t pagina, std::size_t lugar, std::string_view novos) {
+    const FormatoJet& formato = bytes[lugarJet::versao] == 0 ? jet3 : jet4;
+    return bytes.replace(pagina * formato.pagina + lugar, novos.size(), novos);
+}
+
 /// A database opened from its bytes.
 inline BancoDeDados abrirBanco(const std::string& bytes, VistaTexto conexao = BancoDeDados::conexaoDoPrograma) {
     ArquivosEmMemoria arquivos;
-    arquivos.conteudo[caminhoDoBanco] = Texto(textoDosBytes(bytes));
-    return {arquivos, caminhoDoBanco, conexao};
+    arquivos.conteudo["/b.mdb"] = Texto(textoDosBytes(bytes));
+    return {arquivos, "/b.mdb", conexao};
 }
 
 } // namespace quilatador::testes
