@@ -4,8 +4,8 @@
 # Nothing is done twice: packages that are there are left alone, and only what changed is built.
 
 pacotes_da_compilacao=(
-    g++ cmake ninja-build pkg-config
-    libpugixml-dev mdbtools-dev libglib2.0-dev libsqlite3-dev libcli11-dev nlohmann-json3-dev
+    g++ cmake ninja-build
+    libpugixml-dev libsqlite3-dev libcli11-dev nlohmann-json3-dev
 )
 pacotes_da_janela=(qt6-base-dev qt6-svg-dev)
 pacotes_dos_testes=(libgtest-dev locales)

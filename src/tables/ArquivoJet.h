@@ -4,48 +4,51 @@
 #include "tables/FormatoJet.h"
 
 #include <cstdint>
-#include <span>
+#include <string>
+#include <string_view>
 #include <vector>
 
 namespace quilatador {
 
-/// A Jet database file in memory, plain and checked before a library reads it: a damaged file must end in a message,
-/// and libraries of this format trust what they read. Only what reading the rows of a table goes through is checked;
-/// indexes, forms and the like are never looked at.
+/// What stands in the place of a row on its page: a row, a piece of a long text or a map of pages.
+struct VagaJet {
+    std::string_view bytes;
+    bool mudada;    ///< the bytes begin with the place where the row is now
+    bool escondida; ///< deleted, or to be reached only from where the row was before
+};
+
+/// A Jet database file in memory, as pages and what is on them. The file is other people's: whatever it says of itself
+/// that cannot be so ends in `Falha` 3049, "O banco de dados está danificado". Pages are numbered from 0, the header.
+///
+/// A table is read in this order: its definition on a page (`TabelaJet`), the map of its pages (`paginasDoMapa`), the
+/// rows on each of them (`vaga`), and what these point to (`PonteirosJet`). The rest of the file is never looked at.
 class ArquivoJet {
   public:
     /// Takes a whole file and deciphers it. `Falha` 3343 where it is no Jet 3 or Jet 4 database, 3049 where its length
     /// is not that of whole pages.
-    explicit ArquivoJet(Texto bytes);
+    explicit ArquivoJet(std::string bytes);
 
-    [[nodiscard]] VersaoJet versao() const noexcept { return formato_->versao; }
+    [[nodiscard]] const FormatoJet& formato() const noexcept { return *formato_; }
+    [[nodiscard]] std::size_t tamanho() const noexcept { return bytes_.size(); }
     /// The database's password, "" for none.
     [[nodiscard]] const Texto& senha() const noexcept { return senha_; }
-    /// The plain file; its header is ciphered, as it is in any.
-    [[nodiscard]] std::span<char> bytes() noexcept { return bytes_; }
 
-    /// Checks the definition of a table, which starts at this page (0-based), the maps of its pages and each of its
-    /// rows. `Falha` 3049.
-    void verificarTabela(std::uint32_t pagina) const;
-    /// The bytes of a long text, of which a row has only the given head. `Falha` 3049.
-    [[nodiscard]] Texto textoLongo(VistaTexto cabeca) const;
+    /// A page, which must be of this type.
+    [[nodiscard]] std::string_view pagina(std::uint32_t numero, PaginaJet tipo) const;
+    /// Places on a data page, and one of them (0-based).
+    [[nodiscard]] std::size_t vagas(std::string_view pagina) const;
+    [[nodiscard]] VagaJet vaga(std::string_view pagina, std::size_t qual) const;
+    /// The same by a pointer, which has the page in its upper three bytes and the place on it in the lowest.
+    [[nodiscard]] VagaJet vagaEm(std::uint32_t ponteiro) const;
+    /// The pages that a map marks, in their order. `ponteiro` leads to the map.
+    [[nodiscard]] std::vector<std::uint32_t> paginasDoMapa(std::uint32_t ponteiro) const;
 
   private:
-    struct Definicao;
-
     void decifrar();
-    [[nodiscard]] VistaTexto pagina(std::uint32_t numero, PaginaJet tipo) const;
-    [[nodiscard]] VistaTexto linhaEm(std::uint32_t lugar) const;
-    [[nodiscard]] Texto bytesDaDefinicao(std::uint32_t numero) const;
-    [[nodiscard]] Definicao lerDefinicao(std::uint32_t numero) const;
-    [[nodiscard]] std::vector<std::uint32_t> paginasDoMapa(std::uint32_t lugar) const;
-    void verificarPagina(VistaTexto pagina, const Definicao& definicao) const;
-    void verificarLinha(VistaTexto linha, const Definicao& definicao) const;
-    [[nodiscard]] std::vector<std::size_t> lugaresVariaveis(VistaTexto linha, std::size_t fim) const;
 
-    Texto bytes_;
+    std::string bytes_;
     Texto senha_;
-    const FormatoJet* formato_ = &jet4;
+    const FormatoJet* formato_ = nullptr;
     std::uint32_t paginas_ = 0;
 };
 

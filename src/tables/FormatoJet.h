@@ -1,10 +1,9 @@
 #pragma once
 
-#include "common/Texto.h"
-
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string_view>
 
 namespace quilatador {
 
@@ -25,16 +24,12 @@ struct FormatoJet {
     std::size_t senha;            ///< bytes of the password
 
     std::size_t contagemDeLinhas;  ///< in a data page: number of rows, whose places follow, two bytes each
-    std::size_t larguraDaContagem; ///< bytes of each count and place inside a row, and of the length of a name
+    std::size_t larguraDaContagem; ///< bytes of each count and place in a row, of a name's length, and of a character
 
-    std::size_t quantidadeDeLinhas; ///< in a definition: rows of the table
-    std::size_t tipoDeTabela;
-    std::size_t colunasDaLinha; ///< columns that a row may have, deleted ones included
-    std::size_t colunasVariaveis;
+    std::size_t colunasVariaveis; ///< in a definition: how many columns are of variable length
     std::size_t colunas;
     std::size_t indices; ///< physical indexes
     std::size_t paginasUsadas;
-    std::size_t paginasLivres;
     std::size_t entradas; ///< the indexes' entries, behind which the columns follow
     std::size_t tamanhoDaEntrada;
 
@@ -52,14 +47,10 @@ inline constexpr FormatoJet jet3{.versao = VersaoJet::Jet3,
                                  .senha = 20,
                                  .contagemDeLinhas = 8,
                                  .larguraDaContagem = 1,
-                                 .quantidadeDeLinhas = 12,
-                                 .tipoDeTabela = 20,
-                                 .colunasDaLinha = 21,
                                  .colunasVariaveis = 23,
                                  .colunas = 25,
                                  .indices = 31,
                                  .paginasUsadas = 35,
-                                 .paginasLivres = 39,
                                  .entradas = 43,
                                  .tamanhoDaEntrada = 8,
                                  .coluna = 18,
@@ -75,14 +66,10 @@ inline constexpr FormatoJet jet4{.versao = VersaoJet::Jet4,
                                  .senha = 40,
                                  .contagemDeLinhas = 12,
                                  .larguraDaContagem = 2,
-                                 .quantidadeDeLinhas = 16,
-                                 .tipoDeTabela = 40,
-                                 .colunasDaLinha = 41,
                                  .colunasVariaveis = 43,
                                  .colunas = 45,
                                  .indices = 51,
                                  .paginasUsadas = 55,
-                                 .paginasLivres = 59,
                                  .entradas = 63,
                                  .tamanhoDaEntrada = 12,
                                  .coluna = 25,
@@ -94,7 +81,7 @@ inline constexpr FormatoJet jet4{.versao = VersaoJet::Jet4,
 
 /// Places that both versions share.
 namespace lugarJet {
-inline constexpr VistaTexto assinatura{"\0\1\0\0Standard Jet DB\0", 20};
+inline constexpr std::string_view assinatura{"\0\1\0\0Standard Jet DB\0", 20};
 inline constexpr std::size_t versao = 0x14;
 inline constexpr std::size_t inicioCifrado = 0x18;
 inline constexpr std::size_t chave = 0x3E; ///< 4 bytes: 0, or what all pages but the first are ciphered with
@@ -105,11 +92,23 @@ inline constexpr std::size_t continuacao = 8;   ///< in the further pages of a d
 inline constexpr std::uint32_t catalogo = 2;    ///< page with the definition of the table of all objects
 } // namespace lugarJet
 
-/// In the place of a row.
+/// In the place of a row on its page.
 namespace linhaJet {
 inline constexpr std::uint32_t lugar = 0x1FFF;
-inline constexpr std::uint32_t saltada = 0x4000; ///< deleted, or moved to another page
+inline constexpr std::uint32_t mudada = 0x4000;    ///< only the place where the row is now stands here
+inline constexpr std::uint32_t escondida = 0x8000; ///< deleted, or to be reached only from where the row was before
 } // namespace linhaJet
+
+/// Types of columns that are read. The rest are dates, money, pictures and the like.
+enum class TipoJet : std::uint8_t {
+    Byte = 2,
+    Inteiro = 3, ///< 16 bits
+    Longo = 4,   ///< 32 bits
+    Simples = 6,
+    Duplo = 7,
+    Caracteres = 10,
+    Memo = 12 ///< a text of any length, which lies elsewhere
+};
 
 /// In the first of the signs of a column.
 inline constexpr unsigned colunaFixa = 0x01;

@@ -59,7 +59,7 @@ struct Bancada {
     MundoFalso mundo;
     RelatorMemoria ouvinte;
     std::vector<Relator*> ouvintes{&ouvinte};
-    BancoDeDados banco = abrirBanco(escreverJet(tabelasDeCodigos()));
+    BancoDeDados banco = abrirBanco(lerBanco("jet4.mdb"));
     modVariaveis globais;
     Tratar tratar;
     std::atomic<bool> cancelado = false;

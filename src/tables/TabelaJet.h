@@ -1,0 +1,41 @@
+#pragma once
+
+#include "common/Texto.h"
+#include "tables/ArquivoJet.h"
+#include "tables/LinhaJet.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quilatador {
+
+/// A table of a Jet file, which must live as long. Everything that reading it comes by is checked: `Falha` 3049.
+class TabelaJet {
+  public:
+    /// Reads the definition, which starts on this page.
+    TabelaJet(const ArquivoJet& arquivo, std::uint32_t pagina);
+
+    /// The column of a name, in which the case of the letters A to Z does not count; null where there is none.
+    [[nodiscard]] const ColunaJet* coluna(VistaTexto nome) const noexcept;
+    /// Calls `receber` with each row, in the order of the file.
+    void percorrer(const std::function<void(const LinhaJet&)>& receber) const;
+
+  private:
+    [[nodiscard]] const FormatoJet& formato() const noexcept { return arquivo_->formato(); }
+    [[nodiscard]] std::string bytesDaDefinicao() const;
+    [[nodiscard]] ColunaJet lerColuna(std::string_view entrada) const;
+    void lerColunas(std::string_view definicao);
+    void lerNomes(std::string_view nomes);
+
+    const ArquivoJet* arquivo_;
+    std::uint32_t pagina_;
+    std::uint32_t mapa_ = 0; ///< where the map of its pages is
+    bool temVariaveis_ = false;
+    std::vector<ColunaJet> colunas_;
+};
+
+} // namespace quilatador
