@@ -170,7 +170,7 @@ int atender(const Argumentos& argumentos, const Maquina& maquina) {
         maquina.saida << utf8DeTexto(textoDeAjuda()) << std::flush;
         return situacao::nadaEncontrado;
     case Argumentos::Acao::MostrarVersao:
-        maquina.saida << textoDaVersao() << std::flush;
+        maquina.saida << utf8DeTexto(textoDaVersao()) << std::flush;
         return situacao::nadaEncontrado;
     case Argumentos::Acao::Recusar:
         maquina.erros << paraTerminal(argumentos.motivo) << "\nUse --ajuda para ver o uso." << std::endl;

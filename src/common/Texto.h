@@ -8,11 +8,19 @@
 
 namespace quilatador {
 
-/// A text as the system holds it: Windows-1252 bytes, one a character. UTF-8 is another type (`Utf8`), so that
-/// the two never mix; they are converted only where a text enters or leaves the program.
-using Texto = std::string;
-/// A text that somebody else owns.
-using VistaTexto = std::string_view;
+/// What makes `Texto` a type of its own. A text from a bare pointer has no length here: a literal that lacks its `_t`,
+/// whose bytes would be UTF-8, does not compile.
+struct TracosDoTexto : std::char_traits<char> {
+    static constexpr std::size_t length(const char*) = delete;
+};
+
+/// A text as the system holds it: Windows-1252 bytes, one a character. UTF-8 is another type (`Utf8`, or `std::string`
+/// where a library wants that), and neither turns into the other, nor into a path or what a stream writes, unless one
+/// of the functions below is called, which only the places do where a text enters or leaves the program. So a line
+/// that would put UTF-8 into a log does not compile.
+using Texto = std::basic_string<char, TracosDoTexto>;
+/// A text that somebody else owns; a literal is one when it is written `"..."_t`.
+using VistaTexto = std::basic_string_view<char, TracosDoTexto>;
 /// A text as files of settings, terminals and windows have it.
 using Utf8 = std::u8string;
 using VistaUtf8 = std::u8string_view;

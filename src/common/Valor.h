@@ -24,7 +24,6 @@ class Valor {
     Valor(Nulo nulo) : conteudo_(nulo) {}
     Valor(Texto texto) : conteudo_(std::move(texto)) {}
     Valor(VistaTexto texto) : conteudo_(Texto(texto)) {}
-    Valor(const char* texto) : Valor(VistaTexto(texto)) {}
     Valor(double numero) : conteudo_(numero) {}
     Valor(int numero) : conteudo_(static_cast<double>(numero)) {}
     Valor(const Data& data) : conteudo_(data) {}

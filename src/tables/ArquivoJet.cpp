@@ -43,7 +43,7 @@ Texto lerSenha(std::string_view bytes, const FormatoJet& formato) {
 
 ArquivoJet::ArquivoJet(std::string bytes) : bytes_(std::move(bytes)), formato_(formatoDe(bytes_)) {
     if (formato_ == nullptr)
-        throw Falha(falhaDoBanco::naoReconhecido, "ArquivoJet", Texto("Formato de banco de dados não reconhecido"_t));
+        throw Falha(falhaDoBanco::naoReconhecido, "ArquivoJet"_t, "Formato de banco de dados não reconhecido"_t);
     exigirIntegro(bytes_.size() % formato_->pagina == 0);
     paginas_ = static_cast<std::uint32_t>(bytes_.size() / formato_->pagina);
     decifrar();

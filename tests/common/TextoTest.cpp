@@ -1,6 +1,9 @@
 #include "common/Texto.h"
 
+#include <concepts>
 #include <gtest/gtest.h>
+#include <ostream>
+#include <type_traits>
 
 namespace quilatador {
 namespace {
@@ -82,6 +85,23 @@ TEST(Texto, zerosDepoisDoSinal) {
     EXPECT_EQ(comZeros(-12, 5), "-00012"_t);
     EXPECT_EQ(comZeros(std::numeric_limits<long long>::min(), 3), "-9223372036854775808"_t);
 }
+
+/// Neither turns into the other, nor is one compared with, added to or assigned from the other.
+template <typename A, typename B>
+constexpr bool separados =
+    !std::is_convertible_v<A, B> && !std::is_constructible_v<A, B> && !std::is_constructible_v<B, A> &&
+    !std::is_assignable_v<A&, B> && !std::is_assignable_v<B&, A> && !std::equality_comparable_with<A, B>;
+static_assert(separados<Texto, std::string> && separados<Texto, std::string_view>);
+static_assert(separados<VistaTexto, std::string> && separados<VistaTexto, std::string_view>);
+static_assert(separados<Texto, Utf8> && separados<VistaTexto, VistaUtf8>);
+static_assert(!std::is_convertible_v<std::filesystem::path, Texto> &&
+              !std::is_convertible_v<std::filesystem::path, VistaTexto>);
+
+template <typename T>
+concept impresso = requires(std::ostream& saida, const T& texto) {
+    saida << texto;
+};
+static_assert(!impresso<Texto> && !impresso<VistaTexto>);
 
 } // namespace
 } // namespace quilatador
