@@ -17,7 +17,7 @@ namespace {
 constexpr std::size_t maiorArquivo = std::size_t{64} << 20;
 
 Falha falha(int numero, VistaTexto descricao) {
-    return {numero, "BancoDeDados", Texto(descricao)};
+    return {numero, "BancoDeDados"_t, descricao};
 }
 
 std::string lerArquivo(Arquivos& arquivos, const std::filesystem::path& caminho) {

@@ -33,8 +33,8 @@ VistaTexto ConsultasDaRodada::descricao(PorCaractere& conhecidas, VistaTexto cod
 
 BancoDeDados& ConsultasDaRodada::banco() const {
     if (banco_ == nullptr)
-        throw Falha(falhaDoBanco::naoAberto, "ConsultasDaRodada",
-                    junta("O banco de dados ", BancoDeDados::nomeDoArquivo, " não está aberto"_t));
+        throw Falha(falhaDoBanco::naoAberto, "ConsultasDaRodada"_t,
+                    junta("O banco de dados "_t, BancoDeDados::nomeDoArquivo, " não está aberto"_t));
     return *banco_;
 }
 

@@ -18,7 +18,7 @@ struct Finaliza {
 using Comando = std::unique_ptr<sqlite3_stmt, Finaliza>;
 
 Falha falha(int numero, VistaTexto descricao) {
-    return {numero, "BancoDeDados", Texto(descricao)};
+    return {numero, "BancoDeDados"_t, descricao};
 }
 
 /// The engine failed for want of memory: there is nothing else in its way.

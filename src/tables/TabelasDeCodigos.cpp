@@ -10,7 +10,7 @@ namespace quilatador {
 namespace {
 
 Falha falha(int numero, VistaTexto descricao) {
-    return {numero, "TabelasDeCodigos", Texto(descricao)};
+    return {numero, "TabelasDeCodigos"_t, descricao};
 }
 
 /// A column without which the catalogue is none.

@@ -22,7 +22,7 @@ Texto textoDaFalha(Operacao operacao) {
         static_cast<void>(operacao());
         return {};
     } catch (const Falha& falha) {
-        return junta(std::to_string(falha.numero()), " ", falha.fonte(), ": ", falha.descricao());
+        return junta(textoDe(falha.numero()), " "_t, falha.fonte(), ": "_t, falha.descricao());
     }
 }
 

@@ -5,37 +5,37 @@
 namespace quilatador::testes {
 
 Texto LocalidadeFixa::nomeDoMes(unsigned mes) const {
-    static constexpr std::array<VistaTexto, 12> meses{"janeiro",  "fevereiro", "março"_t,  "abril",
-                                                      "maio",     "junho",     "julho",    "agosto",
-                                                      "setembro", "outubro",   "novembro", "dezembro"};
+    static constexpr std::array<VistaTexto, 12> meses{"janeiro"_t,  "fevereiro"_t, "março"_t,    "abril"_t,
+                                                      "maio"_t,     "junho"_t,     "julho"_t,    "agosto"_t,
+                                                      "setembro"_t, "outubro"_t,   "novembro"_t, "dezembro"_t};
     return Texto(meses.at(mes - 1));
 }
 
 void PainelFalso::rotulo(Rotulo qual, VistaTexto texto) {
-    static constexpr std::array<VistaTexto, 3> nomes{"Operacao", "Empresa", "Remessa"};
-    chamadas.push_back(junta("rotulo ", nomes.at(static_cast<std::size_t>(qual)), ": ", texto));
+    static constexpr std::array<VistaTexto, 3> nomes{"Operacao"_t, "Empresa"_t, "Remessa"_t};
+    chamadas.push_back(junta("rotulo "_t, nomes.at(static_cast<std::size_t>(qual)), ": "_t, texto));
 }
 
 void PainelFalso::iniciarProgresso(const Progresso& progresso) {
     ++fase_;
-    anotar("iniciar", progresso);
+    anotar("iniciar"_t, progresso);
 }
 
 void PainelFalso::avancar(const Progresso& progresso) {
-    anotar("avancar", progresso);
+    anotar("avancar"_t, progresso);
     if (acao_ && quando_ == std::pair(fase_, progresso.registroAtual)) acao_();
 }
 
 void PainelFalso::concluirProgresso(const Progresso& progresso) {
-    anotar("concluir", progresso);
+    anotar("concluir"_t, progresso);
 }
 
 void PainelFalso::processarEventos() {
-    chamadas.emplace_back("eventos");
+    chamadas.emplace_back("eventos"_t);
 }
 
 void PainelFalso::mensagem(const Mensagem& mensagem) {
-    chamadas.push_back(junta("mensagem [", mensagem.titulo, "] ", mensagem.texto));
+    chamadas.push_back(junta("mensagem ["_t, mensagem.titulo, "] "_t, mensagem.texto));
     mensagens.push_back(mensagem);
 }
 
@@ -45,8 +45,8 @@ void PainelFalso::naLinha(std::int32_t linha, std::function<void()> acao, int fa
 }
 
 void PainelFalso::anotar(VistaTexto operacao, const Progresso& progresso) {
-    chamadas.push_back(junta(operacao, " ", std::to_string(progresso.registroAtual), "/",
-                             std::to_string(progresso.totalRegistros), " guias ", std::to_string(progresso.guias)));
+    chamadas.push_back(junta(operacao, " "_t, textoDe(progresso.registroAtual), "/"_t,
+                             textoDe(progresso.totalRegistros), " guias "_t, textoDe(progresso.guias)));
 }
 
 class ArquivosEmMemoria::Entrada final : public ArquivoEntrada {
@@ -63,7 +63,7 @@ class ArquivosEmMemoria::Entrada final : public ArquivoEntrada {
     [[nodiscard]] VersaoDoArquivo versao() const noexcept override {
         const auto agora = dono_.conteudo.find(caminho_);
         if (agora == dono_.conteudo.end()) return {};
-        return {.arquivo = std::hash<Texto>()(agora->second), .tamanho = agora->second.size()};
+        return {.arquivo = std::hash<std::string_view>()(bytesDoTexto(agora->second)), .tamanho = agora->second.size()};
     }
 
   private:
@@ -78,9 +78,9 @@ class ArquivosEmMemoria::Saida final : public ArquivoSaida {
   public:
     Saida(ArquivosEmMemoria& dono, std::filesystem::path caminho) : dono_(dono), caminho_(std::move(caminho)) {}
 
-    void escrever(VistaTexto bytes) override {
+    void escrever(std::string_view bytes) override {
         dono_.contar(Operacao::Escrever);
-        dono_.conteudo[caminho_].append(bytes);
+        dono_.conteudo[caminho_].append(textoDosBytes(bytes));
     }
 
     void fechar() override {
@@ -98,7 +98,7 @@ std::unique_ptr<ArquivoEntrada> ArquivosEmMemoria::abrirEntrada(const std::files
     contar(Operacao::Abrir);
     const auto achado = conteudo.find(caminho);
     if (achado == conteudo.end())
-        throw Falha(numeroDeFalha::arquivoNaoEncontrado, "Gravacao", Texto("Arquivo não encontrado"_t));
+        throw Falha(numeroDeFalha::arquivoNaoEncontrado, "Gravacao"_t, "Arquivo não encontrado"_t);
     return std::make_unique<Entrada>(*this, caminho, achado->second);
 }
 

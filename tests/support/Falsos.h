@@ -30,8 +30,8 @@ class RelogioFixo final : public Relogio {
 /// The Brazilian language, unless a test gives other separators.
 class LocalidadeFixa final : public Localidade {
   public:
-    explicit LocalidadeFixa(Texto milhar = ".", Texto decimal = ",")
-        : milhar_(std::move(milhar)), decimal_(std::move(decimal)) {}
+    explicit LocalidadeFixa(VistaTexto milhar = "."_t, VistaTexto decimal = ","_t)
+        : milhar_(milhar), decimal_(decimal) {}
 
     [[nodiscard]] Texto separadorDeMilhar() const override { return milhar_; }
     [[nodiscard]] Texto separadorDecimal() const override { return decimal_; }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "common/Texto.h"
+
 #include <filesystem>
 #include <fstream>
 #include <random>
@@ -27,7 +29,7 @@ class PastaTemporaria {
     [[nodiscard]] std::filesystem::path operator/(const std::filesystem::path& nome) const { return caminho_ / nome; }
 
     /// Writes a file into the folder, and gives its path.
-    std::filesystem::path escrever(const std::filesystem::path& nome, const std::string& bytes) const {
+    std::filesystem::path escrever(const std::filesystem::path& nome, std::string_view bytes) const {
         std::ofstream(caminho_ / nome, std::ios::binary) << bytes;
         return caminho_ / nome;
     }
@@ -40,6 +42,10 @@ class PastaTemporaria {
 inline std::string lerTudo(const std::filesystem::path& caminho) {
     std::ifstream arquivo(caminho, std::ios::binary);
     return {std::istreambuf_iterator<char>(arquivo), {}};
+}
+/// The same of a file in Windows-1252.
+inline Texto lerTexto(const std::filesystem::path& caminho) {
+    return Texto(textoDosBytes(lerTudo(caminho)));
 }
 
 } // namespace quilatador::testes

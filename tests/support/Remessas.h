@@ -16,7 +16,7 @@ inline constexpr std::size_t bytesDaLinha = 242; ///< of a remittance, its CR LF
 inline Texto remessa(const gerador::Opcoes& opcoes = {.registros = gerador::menorRemessa}) {
     std::ostringstream saida;
     gerador::gerar(opcoes, saida);
-    return std::move(saida).str();
+    return Texto(textoDosBytes(saida.view()));
 }
 
 /// The file with another content in one field of a line (1-based).
@@ -36,7 +36,7 @@ inline Texto letrasDe(const Texto& arquivo) {
 /// A world of fakes that has the layout description in the program's folder and a remittance at `entrada`.
 struct MundoComRemessa : MundoFalso {
     explicit MundoComRemessa(Texto conteudo = remessa(), const std::filesystem::path& entrada = "/d/remessa.rem") {
-        static const Texto leiaute = lerTudo(QUILATADOR_LEIAUTE);
+        static const Texto leiaute = lerTexto(QUILATADOR_LEIAUTE);
         arquivos.conteudo["/programa/Arquivo_ZUL702.xml"] = leiaute;
         arquivos.conteudo[entrada] = std::move(conteudo);
     }
