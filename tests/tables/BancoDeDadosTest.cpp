@@ -55,7 +55,7 @@ TEST(BancoDeDados, textosLongosELinhasLongas) {
             EXPECT_EQ(ocorrencia(banco, codigo), Texto(tamanho, 'm'));
     }
     BancoDeDados banco = abrirBanco(lerBanco("jet3.mdb"));
-    Texto codigo("B"_t); // rows whose columns start or end around the 256th and the 512th byte
+    Texto codigo(1, 'B'); // rows whose columns start or end around the 256th and the 512th byte
     for (const unsigned tamanho :
          {40, 44, 45, 46, 47, 48, 49, 50, 51, 52, 53, 54, 55, 9, 9, 9, 255, 250, 250, 248, 249, 250}) {
         EXPECT_EQ(arrecadacao(banco, codigo), Texto(tamanho, 'd')) << codigo;
@@ -78,7 +78,7 @@ TEST(TextoJet, textosDeJet4) {
 
 TEST(BancoDeDados, codigoFicaEmMaiusculasENaoTemNulo) {
     BancoDeDados banco = abrirBanco(lerBanco("jet4.mdb"));
-    Texto codigo("é"_t);
+    Texto codigo = junta("é"_t);
     EXPECT_EQ(banco.descricaoFormaArrecadacao(codigo), "Acentuada"_t);
     EXPECT_EQ(codigo, "É"_t);
     for (const VistaTexto comNulo : {"\0"_t, "1\0"_t, "'\0"_t})
