@@ -56,8 +56,8 @@ TEST(BancoDeDados, textosLongosELinhasLongas) {
     }
     BancoDeDados banco = abrirBanco(lerBanco("jet3.mdb"));
     Texto codigo(1, 'B'); // rows whose columns start or end around the 256th and the 512th byte
-    for (const unsigned tamanho :
-         {40, 44, 45, 46, 47, 48, 49, 50, 51, 52, 53, 54, 55, 9, 9, 9, 255, 250, 250, 248, 249, 250}) {
+    for (const std::size_t tamanho : std::initializer_list<std::size_t>{
+             40, 44, 45, 46, 47, 48, 49, 50, 51, 52, 53, 54, 55, 9, 9, 9, 255, 250, 250, 248, 249, 250}) {
         EXPECT_EQ(arrecadacao(banco, codigo), Texto(tamanho, 'd')) << codigo;
         ++codigo[0];
     }
@@ -189,7 +189,7 @@ TEST(BancoDanificado, byteMudadoNuncaDerruba) {
         const std::string bytes = lerBanco(nome);
         for (std::size_t i = 8; i + 8 < bytes.size(); i += passo) {
             if (bytes.find_first_not_of(bytes[i], i - 8) > i + 8) continue;
-            constexpr unsigned mudancas[] = {0x01, 0x80, 0xFF, 0x10};
+            constexpr char mudancas[] = {'\x01', '\x80', '\xFF', '\x10'};
             std::string ruim = bytes;
             ruim[i] = static_cast<char>(bytes[i] ^ mudancas[i % 4]);
             falhas.insert(numeroDaFalha([&] { return abrirBanco(ruim).ocorrencia("5"_t); }));
