@@ -14,8 +14,8 @@ enum class VersaoJet : std::uint32_t { Jet3 = 0, Jet4 = 1 };
 enum class PaginaJet : std::uint8_t { Cabecalho, Dados, Definicao, Indice, Folha, Mapa };
 
 /// Where things lie in a Jet file. It is made of pages of one size; numbers are little-endian; all places are 0-based
-/// and in bytes, those of a table definition from the start of its first page. The format is known from the HACKING
-/// file of mdbtools.
+/// and in bytes, those of a table definition from the start of its first page. What is here is
+/// what reading asks for.
 struct FormatoJet {
     VersaoJet versao;
     std::size_t pagina; ///< size of a page

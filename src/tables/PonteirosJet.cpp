@@ -12,7 +12,9 @@ constexpr std::size_t tamanhoDoPonteiro = 4;
 
 VagaJet PonteirosJet::seguir(std::uint32_t ponteiro) {
     const VagaJet vaga = arquivo_->vagaEm(ponteiro);
-    exigirIntegro(vaga.bytes.size() <= restam_);
+    if (ponteiro >= seguidos_.size()) seguidos_.resize((ponteiro | 0xFF) + 1);
+    exigirIntegro(!seguidos_[ponteiro] && vaga.bytes.size() <= restam_);
+    seguidos_[ponteiro] = true;
     restam_ -= vaga.bytes.size();
     return vaga;
 }
@@ -39,14 +41,15 @@ std::string PonteirosJet::textoLongo(std::string_view cabeca) {
 
 /// Each piece begins with the place of the next.
 std::string PonteirosJet::juntarPedacos(std::uint32_t ponteiro, std::size_t tamanho) {
+    exigirIntegro(tamanho <= restam_);
     std::string texto;
+    texto.reserve(tamanho);
     while (texto.size() < tamanho) {
         const std::string_view pedaco = seguir(ponteiro).bytes;
         exigirIntegro(pedaco.size() > tamanhoDoPonteiro);
         ponteiro = numeroJet(pedaco, 0, tamanhoDoPonteiro);
-        texto.append(pedaco.substr(tamanhoDoPonteiro));
+        texto.append(pedaco.substr(tamanhoDoPonteiro, tamanho - texto.size()));
     }
-    exigirIntegro(texto.size() == tamanho);
     return texto;
 }
 

@@ -6,12 +6,13 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace quilatador {
 
-/// What the rows of a table point to: rows that moved to another page, and long texts. A sound file has each of them
-/// once, so that all which is fetched is never more than the file: what is more, a chain that comes back to itself or
-/// many rows that name one text, ends in `Falha` 3049. An object is made for each reading of a table.
+/// What the rows of a table point to: rows that moved to another page, and long texts. In a sound file nothing is
+/// pointed to twice, and all of it together is never more than the file: a chain that comes back to itself, or many
+/// rows that name one text, end in `Falha` 3049. An object is made for each reading of a table.
 class PonteirosJet {
   public:
     explicit PonteirosJet(const ArquivoJet& arquivo) : arquivo_(&arquivo), restam_(arquivo.tamanho()) {}
@@ -27,7 +28,8 @@ class PonteirosJet {
     [[nodiscard]] std::string juntarPedacos(std::uint32_t ponteiro, std::size_t tamanho);
 
     const ArquivoJet* arquivo_;
-    std::size_t restam_; ///< bytes that may yet be fetched
+    std::size_t restam_;         ///< bytes that may yet be fetched
+    std::vector<bool> seguidos_; ///< by pointer; as long as the last page with one asks for
 };
 
 } // namespace quilatador
