@@ -113,7 +113,7 @@ class ArquivosEmMemoria final : public Arquivos {
     std::shared_ptr<const bool> aberto_ = std::make_shared<const bool>(); ///< each open file holds it as well
 };
 
-inline const Falha discoCheio(numeroDeFalha::discoCheio, "Gravacao", Texto("Disco cheio"_t));
+inline const Falha discoCheio(numeroDeFalha::discoCheio, "Gravacao"_t, Texto("Disco cheio"_t));
 
 /// Calls `rodada(operacao, vez)` for the first, second, ... operation of each kind, which that run has to make fail,
 /// and goes on to the next kind when it says that there was no such operation. How many there were in all.
