@@ -12,7 +12,7 @@ using testes::linhas;
 using testes::registro;
 using Operacao = testes::ArquivosEmMemoria::Operacao;
 
-constexpr VistaTexto cancelado = "\r\nTRATAMENTO CANCELADO!!!\r\n";
+constexpr VistaTexto cancelado = "\r\nTRATAMENTO CANCELADO!!!\r\n"_t;
 
 /// Both analyses, each with a file of three lines of its type.
 struct Caso {
@@ -20,9 +20,10 @@ struct Caso {
     Texto arquivo;
 };
 
-const Caso casos[] = {
-    {tratarRetornoZUL708, linhas({registro({{1, "A"}, {12, "ZUL708"}}), registro({{1, "S"}, {229, "05"}}), "Z"})},
-    {tratarRetornoTAV001, linhas({registro({{1, "A2"}, {80, "03"}}), registro({{1, "G"}, {117, "1"}}), "Z"})}};
+const Caso casos[] = {{tratarRetornoZUL708, linhas({registro({{1, "A"_t}, {12, "ZUL708"_t}}),
+                                                    registro({{1, "S"_t}, {229, "05"_t}}), "Z"_t})},
+                      {tratarRetornoTAV001,
+                       linhas({registro({{1, "A2"_t}, {80, "03"_t}}), registro({{1, "G"_t}, {117, "1"_t}}), "Z"_t})}};
 
 TEST(AnaliseDeRetorno, arquivoAlteradoDuranteAAnaliseNaoTemConclusao) {
     for (const Caso& caso : casos) {

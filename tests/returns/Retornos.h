@@ -20,7 +20,7 @@ inline Texto registro(std::initializer_list<std::pair<std::size_t, VistaTexto>> 
 inline Texto linhas(std::initializer_list<VistaTexto> todas) {
     Texto arquivo;
     for (const VistaTexto linha : todas)
-        arquivo += junta(linha, "\r\n");
+        arquivo += junta(linha, "\r\n"_t);
     return arquivo;
 }
 

@@ -53,25 +53,25 @@ TEST(TAV001, valoresNosSeparadoresDoSistema) {
     const Texto log = bancada.log();
     EXPECT_EQ(depoisDe("Valor Recebido.........: "_t, log), "0.00;9,999,999,999.99;-0.15;"_t);
     EXPECT_EQ(depoisDe("Valor da Tarifa........: "_t, log), "1.50;1.50;1.50;"_t);
-    EXPECT_TRUE(log.ends_with("Total de Registros do Arquivo: 123456\r\n"
+    EXPECT_TRUE(log.ends_with("Total de Registros do Arquivo: 123456\r\n"_t
                               "Valor Total Recebido.........: 123,456,789,012,345.67\r\n\r\n"_t));
 }
 
 TEST(TAV001, linhasCurtas) {
     const Texto soHeader = logDe({header});
     EXPECT_EQ(logDe({header.substr(0, 81), "G12345678901234567890202603"_t, "Z"_t, ""_t}),
-              junta(soHeader, "Agência/Conta Creditada: 12345678901234567890\r\n"
-                              "Data de Pagamento......: /03/2026\r\n"
-                              "Data de Crédito........: //\r\n"
-                              "Código de Barras.......: \r\n"
-                              "Valor Recebido.........: 0,00\r\n"
-                              "Valor da Tarifa........: 0,00\r\n"
-                              "Sequencial de Registro.: \r\n"
-                              "Agência Arrecadadora...: \r\n"
-                              "Forma de Arrecadação...: \r\n"
-                              "Autenticação...........: \r\n"
-                              "Forma de Pagamento.....: \r\n"
-                              "\r\n----------------------------------------------\r\n\r\n"
+              junta(soHeader, "Agência/Conta Creditada: 12345678901234567890\r\n"_t
+                              "Data de Pagamento......: /03/2026\r\n"_t
+                              "Data de Crédito........: //\r\n"_t
+                              "Código de Barras.......: \r\n"_t
+                              "Valor Recebido.........: 0,00\r\n"_t
+                              "Valor da Tarifa........: 0,00\r\n"_t
+                              "Sequencial de Registro.: \r\n"_t
+                              "Agência Arrecadadora...: \r\n"_t
+                              "Forma de Arrecadação...: \r\n"_t
+                              "Autenticação...........: \r\n"_t
+                              "Forma de Pagamento.....: \r\n"_t
+                              "\r\n----------------------------------------------\r\n\r\n"_t
                               "Total de Registros do Arquivo: \r\nValor Total Recebido.........: 0,00\r\n\r\n"_t));
     // The shortest line that has all fields of a payment, and one without the last.
     const Texto inteira = pagamento("000000012345"_t, "1"_t, "X"_t).substr(0, 141);
@@ -88,10 +88,10 @@ TEST(TAV001, outroTipoOuVersao) {
           Caso{"VersaoLayout"_t, 80, "02"_t, "03"_t}}) {
         const auto posicao = static_cast<std::size_t>(inicio);
         Bancada bancada(tratarRetornoTAV001, linhas({Texto(header).replace(posicao - 1, texto.size(), texto)}));
-        EXPECT_EQ(bancada.log(), "Linha: 777777 - O Arquivo não é do tipo TAV001 ou a versão é diferente de 03!\r\n"
+        EXPECT_EQ(bancada.log(), "Linha: 777777 - O Arquivo não é do tipo TAV001 ou a versão é diferente de 03!\r\n"_t
                                  "\r\nTRATAMENTO CANCELADO!!!\r\n"_t);
         ASSERT_EQ(bancada.ouvinte.achados.size(), 1u);
-        EXPECT_EQ(bancada.ouvinte.achados.front().id, "tav001.tipoInvalido");
+        EXPECT_EQ(bancada.ouvinte.achados.front().id, "tav001.tipoInvalido"_t);
         EXPECT_EQ(bancada.ouvinte.achados.front().campo,
                   (CampoDoAchado{Texto(nome), inicio, inicio + static_cast<int>(texto.size()) - 1, Texto(texto),
                                  Texto(esperado)}));
@@ -103,8 +103,8 @@ TEST(TAV001, rotulosEProgresso) {
     const Texto metade(118, 'H'); // with the header 480 bytes: two records are foreseen, three lines come
     Bancada bancada(tratarRetornoTAV001, linhas({header, metade}) + metade);
     EXPECT_EQ(bancada.rodar().totalRegistros, 3);
-    EXPECT_EQ(bancada.chamadas(), "iniciar 0/2 guias 0\nrotulo Remessa: Sequencial: 000042\neventos\n"
-                                  "rotulo Empresa: Empresa/Órgão: PREFEITURA\neventos\navancar 1/2 guias 0\n"
+    EXPECT_EQ(bancada.chamadas(), "iniciar 0/2 guias 0\nrotulo Remessa: Sequencial: 000042\neventos\n"_t
+                                  "rotulo Empresa: Empresa/Órgão: PREFEITURA\neventos\navancar 1/2 guias 0\n"_t
                                   "avancar 2/2 guias 0\navancar 3/2 guias 0\nconcluir 2/2 guias 0\n"_t);
 }
 

@@ -16,7 +16,7 @@ TEST(NomesDeArquivo, caminhoDoLog) {
 }
 
 TEST(NomesDeArquivo, titulo) {
-    EXPECT_EQ(tituloDoLog("/dados/março.rem", "10/03/2026"),
+    EXPECT_EQ(tituloDoLog("/dados/março.rem", "10/03/2026"_t),
               "LOG DE DEPURAÇÃO DO ARQUIVO /dados/março.rem  -   10/03/2026"_t);
 }
 

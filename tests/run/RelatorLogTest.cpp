@@ -14,8 +14,8 @@ TEST(RelatorLog, linhasEAchadosComCrLf) {
     ArquivosEmMemoria arquivos;
     RelatorLog log(arquivos.criarSaida("x.log"));
     log.linha("Título"_t);
-    log.achado({"a.b", Gravidade::Erro, 15, 'B', std::nullopt, Texto("CNPJ inválido"_t)});
-    log.achado({"c.d", Gravidade::Estrutural, 16, 'C', std::nullopt, Texto("Fora de ordem"_t)});
+    log.achado({"a.b"_t, Gravidade::Erro, 15, 'B', std::nullopt, Texto("CNPJ inválido"_t)});
+    log.achado({"c.d"_t, Gravidade::Estrutural, 16, 'C', std::nullopt, Texto("Fora de ordem"_t)});
     Bloco::Caneta caneta = log.comecar(3);
     caneta.append("a"_t, VistaTexto(), "\r\n"_t); // all that was asked for
     EXPECT_THROW(caneta.append("d"_t), std::length_error);

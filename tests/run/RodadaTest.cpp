@@ -126,7 +126,9 @@ TEST(Rodada, semLogSoAMensagem) {
         EXPECT_EQ(bancada.executar().desfecho, Desfecho::NaoRodou);
         EXPECT_TRUE(bancada.mundo.lancador.textos.empty());
         ASSERT_EQ(bancada.mundo.painel.mensagens.size(), texto.empty() ? 0u : 1u);
-        if (!texto.empty()) EXPECT_EQ(bancada.mundo.painel.mensagens[0].texto, texto);
+        if (!texto.empty()) {
+            EXPECT_EQ(bancada.mundo.painel.mensagens[0].texto, texto);
+        }
     }
 }
 
