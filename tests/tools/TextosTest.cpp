@@ -97,8 +97,6 @@ constexpr std::pair<VistaTexto, const char*> semTeste[] = {
     {"Erro interno: "_t, "the last resort of main: nothing known comes that far"},
     {"the literal has a character that Windows-1252 lacks"_t, "a mistake in the program, for its developers"},
     {"Bloco: a piece longer than the stroke"_t, "a mistake in the program, for its developers"},
-    {"O banco de dados tem um número de tamanho inválido"_t, "the file's structure is checked before"},
-    {" está danificada"_t, "the file's structure is checked before"},
     {"0100Standard Jet DB0"_t, "no text for a user"},
     {"Depurador "_t, "the source of a failure, which is not shown"},
     {"Uso: quilatador-cli "_t, "the help, whose options a test asks for one by one"},
