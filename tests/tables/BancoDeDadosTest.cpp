@@ -107,6 +107,8 @@ TEST(BancoDeDados, senha) {
              {comSenha(lerBanco("jet3.mdb"), "", noArquivo, 1), comSenha(lerBanco("jet4.mdb"), "quimera", noArquivo, 2),
               comSenha(lerBanco("jet4-cifrado.mdb"), "quimera", noArquivo, 2)})
             EXPECT_EQ(numeroDaFalha([&, c = conexao] { return abrirBanco(bytes, c).consultas(); }), falha);
+    EXPECT_EQ(textoDaFalha([&] { return abrirBanco(lerBanco("jet4.mdb"), ""_t).consultas(); }),
+              "3031 TabelasDeCodigos: Senha inválida"_t);
 }
 
 /// Tables and columns that a sound file lacks. What is missing in one table is nothing to the others.
