@@ -189,7 +189,7 @@ void relatorioDePagamentos(benchmark::State& estado) {
     const auto pagamentos = static_cast<std::uint32_t>(estado.range(0));
     const std::string entrada = gerado(gerador::Tipo::TAV001, pagamentos);
     Mundo mundo(entrada);
-    BancoDeDados banco(mundo.arquivos, mundo.ambiente.pastaDoPrograma / BancoDeDados::nomeDoArquivo);
+    BancoDeDados banco(mundo.arquivos, mundo.ambiente.bancoDeDados());
     mundo.globais.bancoDeDados = &banco;
     for (auto _ : estado) {
         Rodada rodada(mundo.ambiente, {.tipoArquivo = TipoArquivo::TAV001, .nomeArquivo = "entrada"}, mundo.cancelado);
