@@ -29,8 +29,6 @@ std::string paraTerminal(VistaTexto texto) {
 PainelDoTerminal::PainelDoTerminal(std::ostream& saida, const Relogio& relogio, Opcoes opcoes)
     : saida_(saida), relogio_(relogio), opcoes_(std::move(opcoes)) {}
 
-void PainelDoTerminal::rotulo(Rotulo, VistaTexto) {} // the log has what the labels say
-
 void PainelDoTerminal::iniciarProgresso(const Progresso& progresso) {
     if (opcoes_.comProgresso) desenhar(progresso, progresso.inicio);
 }

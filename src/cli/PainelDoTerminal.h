@@ -22,7 +22,6 @@ class PainelDoTerminal : public Painel {
 
     PainelDoTerminal(std::ostream& saida, const Relogio& relogio, Opcoes opcoes);
 
-    void rotulo(Rotulo qual, VistaTexto texto) override;
     void iniciarProgresso(const Progresso& progresso) override;
     void avancar(const Progresso& progresso) override;
     void concluirProgresso(const Progresso& progresso) override;

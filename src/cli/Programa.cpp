@@ -12,13 +12,6 @@ namespace quilatador {
 
 namespace {
 
-/// Opens nothing: the log is only opened where the user asks for it.
-class LancadorParado final : public Lancador {
-  public:
-    void abrirTexto(const std::filesystem::path&) override {}
-    void abrirDocumento(const std::filesystem::path&) override {}
-};
-
 int situacaoDe(const Resumo& resumo) {
     switch (resumo.desfecho) {
     case Desfecho::Concluida:
@@ -68,12 +61,8 @@ class Chamada {
                    .largura = maquina.larguraDoTerminal,
                    .primeiras = argumentos.primeiras,
                    .aoAtender = [this] { atenderInterrupcao(); }})
-        , ambiente_{painel_,
-                    maquina.relogio,
-                    maquina.localidade,
-                    argumentos.abrir ? maquina.lancador : static_cast<Lancador&>(lancadorParado_),
-                    maquina.arquivos,
-                    argumentos.pasta.value_or(maquina.pastaDoPrograma)}
+        , ambiente_{painel_,          maquina.relogio,  maquina.localidade,
+                    maquina.lancador, maquina.arquivos, argumentos.pasta.value_or(maquina.pastaDoPrograma)}
         , trabalho_(ambiente_, globais_, cancelado_)
         , json_(maquina.saida) {
         if (argumentos_.json) trabalho_.adicionarRelator(json_);
@@ -114,6 +103,7 @@ class Chamada {
         pedido.FormatoDataBarra = argumentos_.formato;
         pedido.PosicaoDataBarra = argumentos_.posicao;
         pedido.nomeArquivoLog = argumentos_.log;
+        pedido.abrirLog = argumentos_.abrir;
         Rodada rodada = trabalho_.comecar(pedido);
         if (argumentos_.json) json_.iniciar(rodada.nomeArquivo(), nomeDo(pedido.tipoArquivo), rodada.nomeArquivoLog());
         const Resumo resumo = analisar(rodada, pedido);
@@ -155,7 +145,6 @@ class Chamada {
 
     const Argumentos& argumentos_;
     const Maquina& maquina_;
-    LancadorParado lancadorParado_;
     modVariaveis globais_;
     std::atomic<bool> cancelado_ = false;
     PainelDoTerminal painel_;

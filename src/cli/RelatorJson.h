@@ -20,9 +20,7 @@ class RelatorJson : public Relator {
     /// Ends it; `situacao` is the exit status that the file alone would give.
     void terminar(const Resumo& resumo, int situacao);
 
-    void linha(VistaTexto) override {}
     void achado(const Achado& achado) override;
-    void resumo(const Resumo&) override {}
 
   private:
     std::ostream& saida_;

@@ -24,6 +24,7 @@ struct Pedido {
     Texto FormatoDataBarra = Texto(formatoInicial);
     double PosicaoDataBarra = 20;                        ///< 1-based position of that date
     std::optional<std::filesystem::path> nomeArquivoLog; ///< in place of the usual log beside the file
+    bool abrirLog = true;                                ///< in the system's editor, at the end
 };
 
 /// Why a position is no place for a date in the barcode: outside its free field, 20 to 41. None where it is one.

@@ -36,7 +36,8 @@ Rodada Trabalho::comecar(const Pedido& pedido) {
             {.tipoArquivo = pedido.tipoArquivo,
              .nomeArquivo = pedido.nomeArquivo,
              .log = pedido.nomeArquivoLog,
-             .ouvintes = ouvintes_},
+             .ouvintes = ouvintes_,
+             .abrirLog = pedido.abrirLog},
             cancelado_};
 }
 

@@ -34,7 +34,8 @@ class Painel {
   public:
     virtual ~Painel() = default;
 
-    virtual void rotulo(Rotulo qual, VistaTexto texto) = 0;
+    /// Shows a text in a label; a display without labels shows none, since the log says the same.
+    virtual void rotulo(Rotulo /*qual*/, VistaTexto /*texto*/) {}
     /// A phase begins: `progresso.totalRegistros` records are foreseen. Its times read "00:00:00".
     virtual void iniciarProgresso(const Progresso& progresso) = 0;
     /// Once per line. The display handles its waiting events here, so that a cancel request can come in.

@@ -27,14 +27,15 @@ struct Resumo {
     Texto descricao; ///< why it failed or did not run; "" otherwise
 };
 
-/// Listens to a run. Lines and findings come in the order of the log.
+/// Listens to a run. Lines and findings come in the order of the log; a listener overrides what it wants to hear.
 class Relator {
   public:
     virtual ~Relator() = default;
     /// A plain line: title, phase, echo, summary.
-    virtual void linha(VistaTexto texto) = 0;
+    virtual void linha(VistaTexto /*texto*/) {}
     virtual void achado(const Achado& achado) = 0;
-    virtual void resumo(const Resumo& resumo) = 0;
+    /// Called once, at the end of the run.
+    virtual void resumo(const Resumo& /*resumo*/) {}
 };
 
 } // namespace quilatador

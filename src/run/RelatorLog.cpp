@@ -30,8 +30,6 @@ void RelatorLog::escrever(const Pedacos&... pedacos) {
     terminar(caneta);
 }
 
-void RelatorLog::resumo(const Resumo&) {} // the run's own plain lines are the log's summary
-
 void RelatorLog::gravarBlocos() {
     while (pendente_.texto().size() >= bloco) {
         gravar([&] { arquivo_->escrever(bytesDoTexto(pendente_.texto().substr(0, bloco))); });

@@ -24,7 +24,6 @@ class RelatorLog : public Relator {
     void linha(VistaTexto texto) override;
     /// An error is "** ERRO -> Linha " + line in six digits + " - " + message; a structural finding its plain message.
     void achado(const Achado& achado) override;
-    void resumo(const Resumo& resumo) override;
 
     /// Begins and ends a stroke of whole lines, with their CR LF, for whoever writes very many: see `Bloco`.
     [[nodiscard]] Bloco::Caneta comecar(std::size_t bytes) { return pendente_.comecar(bytes); }

@@ -89,7 +89,7 @@ void Rodada::rodar(Analise& analise) {
     if (!dizeres.terminada.empty()) escreverLog(dizeres.terminada);
     analise.fecharEntrada();
     log_->fechar();
-    ambiente_.lancador.abrirTexto(nomeArquivoLog_);
+    if (pedido_.abrirLog) ambiente_.lancador.abrirTexto(nomeArquivoLog_);
 }
 
 Desfecho Rodada::percorrer(Analise& analise) {

@@ -24,6 +24,8 @@ struct PedidoDeRodada {
     std::optional<std::filesystem::path> log{};
     /// Further listeners, called behind the log. Not owned.
     std::span<Relator* const> ouvintes{};
+    /// Whether the log is opened in the system's editor at the end.
+    bool abrirLog = true;
 };
 
 /// One analysis of one file: its log and listeners, its counts and progress, the wish to cancel it, the test whether
