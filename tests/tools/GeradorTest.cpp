@@ -8,6 +8,7 @@
 #include <pugixml.hpp>
 
 #include <set>
+#include <tuple>
 
 namespace quilatador::gerador {
 
@@ -15,10 +16,7 @@ namespace {
 
 using testes::remessa;
 
-/// "B.CNPJ 12+14"
-Texto descricao(VistaTexto segmento, VistaTexto nome, std::size_t inicio, std::size_t tamanho) {
-    return junta(segmento, ".", nome, " ", std::to_string(inicio), "+", std::to_string(tamanho));
-}
+using Posicao = std::tuple<std::string, std::string, std::size_t, std::size_t>; ///< record, field, where, how wide
 
 /// What the whole program says of a generated file.
 std::string analise(const Opcoes& opcoes) {
@@ -33,23 +31,23 @@ std::string analise(const Opcoes& opcoes) {
 TEST(PosicoesZUL702, saoAsDoLeiauteXml) {
     pugi::xml_document documento;
     ASSERT_TRUE(documento.load_file(QUILATADOR_LEIAUTE));
-    std::multiset<Texto> noXml;
-    std::multiset<Texto> naTabela;
+    std::multiset<Posicao> noXml;
+    std::multiset<Posicao> naTabela;
     for (const pugi::xml_node registro : documento.child("ArquivoRemessa")) {
         const std::string segmento = registro.attribute("Nome").value();
         std::size_t inicio = 1;
         for (const pugi::xml_node campoXml : registro) {
             const std::string nome = campoXml.attribute("Nome").value();
             const std::size_t tamanho = campoXml.attribute("Tamanho").as_uint();
-            if (nome != "Brancos") noXml.insert(descricao(segmento, nome, inicio, tamanho));
+            if (nome != "Brancos") noXml.emplace(segmento, nome, inicio, tamanho);
             inicio += tamanho;
         }
         EXPECT_EQ(inicio, 241u) << segmento;
         for (const Campo& comum : camposComuns)
-            naTabela.insert(descricao(segmento, comum.nome, comum.inicio, comum.tamanho));
+            naTabela.emplace(segmento, comum.nome, comum.inicio, comum.tamanho);
     }
     for (const Campo& proprio : camposProprios)
-        naTabela.insert(descricao({&proprio.segmento, 1}, proprio.nome, proprio.inicio, proprio.tamanho));
+        naTabela.emplace(std::string(1, proprio.segmento), proprio.nome, proprio.inicio, proprio.tamanho);
     EXPECT_EQ(naTabela, noXml);
 }
 
@@ -62,7 +60,7 @@ TEST(Gerador, osExemplosSaoDele) {
         {"retorno-liquidacao/retorno.ret", {.tipo = Tipo::TAV001, .registros = 12}},
     };
     for (const auto& [nome, opcoes] : casos)
-        EXPECT_TRUE(remessa(opcoes) == testes::lerTudo(std::filesystem::path(QUILATADOR_FONTES) / "samples" / nome))
+        EXPECT_TRUE(remessa(opcoes) == testes::lerTexto(std::filesystem::path(QUILATADOR_FONTES) / "samples" / nome))
             << nome;
     EXPECT_NE(remessa({.semente = 1}), remessa({.semente = 2}));
 }

@@ -2,7 +2,6 @@
 
 #include "support/Remessas.h"
 
-#include <functional>
 #include <gtest/gtest.h>
 
 namespace quilatador {
@@ -16,14 +15,9 @@ class TelaFalsa final : public Tela {
         anotar("rotulo"_t, nomes[static_cast<std::size_t>(qual)], texto);
     }
     void iniciarProgresso(const Progresso&) override {}
-    void avancar(const Progresso&) override {
-        if (aoAvancar) aoAvancar();
-    }
+    void avancar(const Progresso&) override {}
     void concluirProgresso(const Progresso&) override {}
-    void processarEventos() override {
-        anotar("atender"_t, "eventos"_t, ""_t);
-        if (aoAtender) aoAtender();
-    }
+    void processarEventos() override { anotar("atender"_t, "eventos"_t, ""_t); }
     void mensagem(const Mensagem& dita) override {
         anotar(dita.icone == Mensagem::Icone::Exclamacao ? "mensagem !"_t : "mensagem"_t, dita.titulo, dita.texto);
     }
@@ -37,9 +31,7 @@ class TelaFalsa final : public Tela {
     void nomeArquivo(const std::filesystem::path&) override { anotar("escrever"_t, Controle::txtNomeArquivo); }
     void fechar() override { anotar("fechar"_t, "janela"_t, ""_t); }
 
-    std::string chamadas;            ///< in UTF-8
-    std::function<void()> aoAtender; ///< what the user does before the first record
-    std::function<void()> aoAvancar; ///< what the user does at a record
+    std::string chamadas; ///< in UTF-8
 
   private:
     void anotar(VistaTexto operacao, Controle qual) { anotar(operacao, nomeDoControle(qual), ""_t); }
@@ -67,19 +59,6 @@ TEST(frmImportacao, aRemessaMudaDeFaceEVolta) {
 TEST(frmImportacao, oRetornoDesligaOsBotoesEEscondeOsRotulos) {
     EXPECT_EQ(chamadasDe(TipoArquivo::ZUL708), testes::lerTudo(QUILATADOR_CHAMADAS "/retorno.txt"));
     EXPECT_EQ(chamadasDe(TipoArquivo::TAV001), testes::lerTudo(QUILATADOR_CHAMADAS "/retorno.txt"));
-}
-
-TEST(frmImportacao, cancelarValeDesdeQueOProgressoAparece) {
-    for (const auto quando : {&TelaFalsa::aoAtender, &TelaFalsa::aoAvancar}) {
-        testes::MundoComRemessa mundo;
-        TelaFalsa tela;
-        Ambiente ambiente{tela, mundo.relogio, mundo.localidade, mundo.lancador, mundo.arquivos, "/programa"};
-        modVariaveis globais;
-        frmImportacao regras(ambiente, globais, tela);
-        tela.*quando = [&] { regras.cancelar(); };
-        regras.confirmar({.nomeArquivo = "/d/remessa.rem", .nomeArquivoLog = {}});
-        EXPECT_NE(mundo.arquivos.conteudo["/d/remessa.log"].find("DEPURACAO CANCELADA!"_t), Texto::npos);
-    }
 }
 
 } // namespace

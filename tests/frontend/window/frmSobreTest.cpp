@@ -6,15 +6,11 @@ namespace quilatador {
 namespace {
 
 TEST(frmSobre, zerosCompletaOTextoSemBrancos) {
-    struct Caso {
-        Texto texto;
-        std::int16_t tamanho;
-        Texto esperado;
-    };
+    using Caso = std::tuple<VistaTexto, std::int16_t, VistaTexto>;
     for (const auto& [texto, tamanho, esperado] :
-         {Caso{"7", 2, "07"}, Caso{" 7 ", 2, "07"}, Caso{"123", 2, "123"}, Caso{" 12 ", 2, " 12 "}, Caso{"", 2, "00"},
-          Caso{"  ", 3, "000"}, Caso{"7", 0, "7"}, Caso{"7", -1, "7"}}) {
-        Texto argumento = texto;
+         {Caso{"7"_t, 2, "07"_t}, Caso{" 7 "_t, 2, "07"_t}, Caso{"123"_t, 2, "123"_t}, Caso{" 12 "_t, 2, " 12 "_t},
+          Caso{"  "_t, 3, "000"_t}, Caso{"7"_t, -1, "7"_t}}) {
+        Texto argumento(texto);
         EXPECT_EQ(frmSobre::Zeros(argumento, tamanho), esperado);
         EXPECT_EQ(argumento, esperado);
     }

@@ -52,12 +52,12 @@ TEST_F(Execucao, daOLogDosExemplos) {
                                          {"retorno-liquidacao/retorno.ret", "optTAV"}}) {
         std::filesystem::path origem = std::filesystem::path(QUILATADOR_SAMPLES) / exemplo;
         std::filesystem::path arquivo = "/exemplo" / origem.filename();
-        mundo.arquivos.conteudo[arquivo] = testes::lerTudo(origem);
+        mundo.arquivos.conteudo[arquivo] = testes::lerTexto(origem);
         clicar(opcao);
         digitar("txtNomeArquivo", arquivo.c_str());
         clicar("cmdOK");
-        EXPECT_EQ(utf8DeTexto(mundo.arquivos.conteudo[arquivo.replace_extension("log")]),
-                  utf8DeTexto(testes::lerTudo(origem.replace_extension("log"))));
+        EXPECT_EQ(mundo.arquivos.conteudo[arquivo.replace_extension("log")],
+                  testes::lerTexto(origem.replace_extension("log")));
         EXPECT_EQ(dialogos.textos(), Textos{"Análise finalizada!"});
         EXPECT_TRUE(naFaceDoPedido());
     }
@@ -65,14 +65,6 @@ TEST_F(Execucao, daOLogDosExemplos) {
     EXPECT_EQ(legenda("cmdCancela"), "&Fechar");
     clicar("cmdCancela");
     EXPECT_FALSE(janela.isVisible());
-}
-
-TEST_F(Execucao, umArquivoQueFaltaFicaNoLog) {
-    abrir();
-    digitar("txtNomeArquivo", " /d/nada ");
-    clicar("cmdOK");
-    EXPECT_NE(mundo.arquivos.conteudo[" /d/nada log"].find("Arquivo não encontrado!"_t), Texto::npos);
-    EXPECT_EQ(dialogos.textos(), Textos{"Análise finalizada!"});
 }
 
 TEST_F(Execucao, mostraAteOndeChegou) {
@@ -88,10 +80,6 @@ TEST_F(Execucao, mostraAteOndeChegou) {
     EXPECT_TRUE(legenda("lblRemessa").starts_with("Remessa: "));
     EXPECT_TRUE(legenda("lblEmpresa").starts_with("Convenente: "));
     EXPECT_EQ(controle<QProgressBar>("pbrImportacao")->value(), 20000);
-}
-
-TEST_F(Execucao, soAsPrimeirasGuias) {
-    pedir(grande, remessaGrande());
     escolher("optPrimeirasGuias");
     digitar("txtNumeroDetalhes", "3");
     clicar("cmdOK");
@@ -150,32 +138,23 @@ TEST_F(Execucao, pedidoDeForaCancelaEFechaOLog) {
     EXPECT_TRUE(mundo.arquivos.conteudo["/d/grande.log"].ends_with(fimCancelado));
 }
 
-TEST_F(Execucao, aPosicaoDependeDoFormato) {
+TEST_F(Execucao, nemATeclaEnterFogeDaConferenciaDaPosicao) {
     pedir("/d/remessa.rem", testes::remessa());
     escolher("chkData");
-    digitar("txtPosicao", "37");
     controle<QComboBox>("cmbFormato")->setCurrentText(QStringLiteral("AAAAMMDD"));
-    clicar("cmdOK");
-    EXPECT_EQ(dialogos.textos(),
-              Textos{"Posição da data no código de barras para este formato não pode ser maior que 36"});
-    EXPECT_EQ(focado(), "txtPosicao");
-    EXPECT_TRUE(naFaceDoPedido());
-    EXPECT_EQ(legenda("cmdCancela"), "&Sair");
-    digitar("txtPosicao", "36");
-    QTest::keyClick(controle("txtPosicao"), Qt::Key_Return);
-    EXPECT_EQ(dialogos.textos(), Textos{"Análise finalizada!"});
-}
-
-TEST_F(Execucao, aTeclaEnterNaoFogeDaConferenciaDaPosicao) {
-    pedir("/d/remessa.rem", testes::remessa());
-    escolher("chkData");
+    for (const auto& [posicao, mensagem] :
+         {std::pair{"19", "Posição da data no código de barras deve estar entre 20 e 41 (limites do campo livre)!"},
+          {"37", "Posição da data no código de barras para este formato não pode ser maior que 36"},
+          {"36", "Análise finalizada!"}}) {
+        EXPECT_EQ(legenda("cmdCancela"), "&Sair");
+        digitar("txtPosicao", posicao);
+        QTest::keyClick(controle("txtPosicao"), Qt::Key_Return);
+        QApplication::processEvents();
+        EXPECT_EQ(dialogos.textos(), Textos{mensagem});
+        EXPECT_EQ(focado(), mundo.lancador.textos.empty() ? "txtPosicao" : "txtNomeArquivo");
+        EXPECT_TRUE(naFaceDoPedido());
+    }
     digitar("txtPosicao", "19");
-    QTest::keyClick(controle("txtPosicao"), Qt::Key_Return);
-    QApplication::processEvents();
-    EXPECT_EQ(dialogos.textos(),
-              Textos{"Posição da data no código de barras deve estar entre 20 e 41 (limites do campo livre)!"});
-    EXPECT_TRUE(mundo.lancador.textos.empty());
-    controle("txtNomeArquivo")->setFocus();
     escolher("optTAV"); // which has no such position
     QApplication::processEvents();
     dialogos.mensagens.clear();

@@ -48,8 +48,8 @@ class RelogioDeQuadros final : public Relogio {
 class JanelaDeTeste : public testing::Test {
   protected:
     JanelaDeTeste() {
-        static const Texto leiaute = lerTudo(QUILATADOR_LEIAUTE);
-        static const Texto tabelas = lerTudo(QUILATADOR_TABELAS);
+        static const Texto leiaute = lerTexto(QUILATADOR_LEIAUTE);
+        static const Texto tabelas = lerTexto(QUILATADOR_TABELAS);
         mundo.arquivos.conteudo["/programa/Arquivo_ZUL702.xml"] = leiaute;
         mundo.arquivos.conteudo["/programa/TabelaErrosZUL.mdb"] = tabelas;
     }

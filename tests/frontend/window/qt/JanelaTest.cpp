@@ -55,7 +55,7 @@ TEST_F(JanelaDeTeste, semAsTabelasNaoAbre) {
     EXPECT_FALSE(janela.isVisible());
     ASSERT_EQ(dialogos.mensagens.size(), 1u);
     EXPECT_EQ(dialogos.mensagens[0].icone, Mensagem::Icone::Exclamacao);
-    EXPECT_EQ(dialogos.mensagens[0].titulo, "Solvara - Quilatador de Leiaute - Erro!");
+    EXPECT_EQ(dialogos.mensagens[0].titulo, "Solvara - Quilatador de Leiaute - Erro!"_t);
     EXPECT_EQ(dialogos.textos(),
               Textos{"Não foi possível abrir o arquivo TabelaErrosZUL.mdb! Reinstale o aplicativo."});
 }
@@ -85,6 +85,10 @@ TEST_F(JanelaDeTeste, asEscolhasHabilitamSuasCaixasQueGuardamSeusValores) {
 
 TEST_F(JanelaDeTeste, asCaixasDeNumeroSoTomamDigitos) {
     abrir();
+    escolher("optPrimeirasGuias");
+    digitar("txtNumeroDetalhes", "\b"); // which does not stay empty
+    QTest::keyClick(controle("txtNumeroDetalhes"), Qt::Key_Tab);
+    EXPECT_EQ(texto("txtNumeroDetalhes"), "50");
     escolher("chkData");
     digitar("txtPosicao", "3a-5 .");
     EXPECT_EQ(texto("txtPosicao"), "35");
@@ -95,16 +99,6 @@ TEST_F(JanelaDeTeste, asCaixasDeNumeroSoTomamDigitos) {
     EXPECT_EQ(texto("txtPosicao"), "31295");
     QTest::keyClick(caixa, Qt::Key_Backspace); // the caret stands behind what was pasted
     EXPECT_EQ(texto("txtPosicao"), "3125");
-}
-
-TEST_F(JanelaDeTeste, umNumeroDeGuiasVazioVoltaA50) {
-    abrir();
-    escolher("optPrimeirasGuias");
-    auto* caixa = controle<QLineEdit>("txtNumeroDetalhes");
-    caixa->setFocus();
-    caixa->clear();
-    QTest::keyClick(caixa, Qt::Key_Tab);
-    EXPECT_EQ(texto("txtNumeroDetalhes"), "50");
 }
 
 TEST_F(JanelaDeTeste, deixarUmaPosicaoForaDoCampoLivreVoltaAEla) {
@@ -118,44 +112,34 @@ TEST_F(JanelaDeTeste, deixarUmaPosicaoForaDoCampoLivreVoltaAEla) {
         EXPECT_EQ(focado(), aceita ? "cmbFormato" : "txtPosicao") << posicao;
         EXPECT_EQ(controle<QLineEdit>("txtPosicao")->hasSelectedText(), !aceita) << posicao;
     }
-}
-
-TEST_F(JanelaDeTeste, outraJanelaNaFrenteNaoEhDeixarAPosicao) {
-    abrir();
-    escolher("chkData");
     digitar("txtPosicao", "19");
-    QWidget outra;
+    QWidget outra; // to change to another window is not to leave the box
     outra.show();
     outra.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&outra));
     EXPECT_EQ(dialogos.textos(), Textos{});
 }
 
-TEST_F(JanelaDeTeste, oOKExigeUmNomeDeArquivo) {
+TEST_F(JanelaDeTeste, oOKExigeUmArquivoQueProcurarToma) {
+    mundo.arquivos.conteudo["/d/ação-Ω.rem "] = {};
     abrir();
+    clicar("cmdProcura"); // given up
+    EXPECT_EQ(texto("txtNomeArquivo"), "");
     digitar("txtNomeArquivo", "x");
     EXPECT_TRUE(habilitado("cmdOK"));
     QTest::keyClick(controle("txtNomeArquivo"), Qt::Key_Backspace);
     EXPECT_FALSE(habilitado("cmdOK"));
-}
-
-TEST_F(JanelaDeTeste, procurarTomaOArquivoEscolhidoESeguePorEle) {
-    mundo.arquivos.conteudo["/d/ação-Ω.rem"] = "";
-    abrir();
-    clicar("cmdProcura"); // given up
-    EXPECT_EQ(texto("txtNomeArquivo"), "");
-    EXPECT_FALSE(habilitado("cmdOK"));
-    dialogos.escolhido = "/d/ação-Ω.rem"; // with a letter that the logs cannot write
+    dialogos.escolhido = "/d/ação-Ω.rem "; // with a letter that the logs cannot write, and a blank
     clicar("cmdProcura");
-    EXPECT_EQ(texto("txtNomeArquivo"), "/d/ação-Ω.rem");
-    EXPECT_EQ(janela.pedido->pedido().nomeArquivo, "/d/ação-Ω.rem");
+    EXPECT_EQ(texto("txtNomeArquivo"), "/d/ação-Ω.rem ");
+    EXPECT_EQ(janela.pedido->pedido().nomeArquivo, "/d/ação-Ω.rem ");
     EXPECT_TRUE(habilitado("cmdOK"));
     dialogos.escolhido = "/d/nada"; // which does not exist
     clicar("cmdProcura");
     dialogos.escolhido = std::nullopt;
     clicar("cmdProcura");
-    EXPECT_EQ(texto("txtNomeArquivo"), "/d/ação-Ω.rem");
-    EXPECT_EQ(dialogos.ultimos, (std::vector<std::filesystem::path>{"", "", "/d/ação-Ω.rem", "/d/nada"}));
+    EXPECT_EQ(texto("txtNomeArquivo"), "/d/ação-Ω.rem ");
+    EXPECT_EQ(dialogos.ultimos, (std::vector<std::filesystem::path>{"", "", "/d/ação-Ω.rem ", "/d/nada"}));
 }
 
 TEST_F(JanelaDeTeste, oArquivoSoltoViraOPedido) {
@@ -171,11 +155,13 @@ TEST_F(JanelaDeTeste, oArquivoSoltoViraOPedido) {
         return entrada.isAccepted();
     };
     EXPECT_FALSE(soltar(pasta.caminho())); // a folder is none
-    for (const auto& [linha, opcao] : {std::pair{"A2", "optTAV"},
-                                       {"A0000000000ZUL702", "opt702"},
-                                       {"A0000000000ZUL708", "opt708"},
-                                       {"?", "opt708"}}) {
-        const auto arquivo = pasta.escrever(opcao, linha);
+    for (const auto& [linha, opcao] : {std::pair{"A2 and so on"_t, "optTAV"},
+                                       {"A2000000000ZUL702...\r\nZ"_t, "opt702"},
+                                       {"A1000000000ZUL708"_t, "opt708"},
+                                       {"A100000000ZUL702"_t, "opt708"}, // which tells nothing, like the two below
+                                       {"\r\nA2"_t, "opt708"},
+                                       {""_t, "opt708"}}) {
+        const auto arquivo = pasta.escrever(opcao, bytesDoTexto(linha));
         mundo.arquivos.conteudo[arquivo] = linha;
         EXPECT_TRUE(soltar(arquivo));
         EXPECT_EQ(texto("txtNomeArquivo"), arquivo.string());
@@ -204,6 +190,10 @@ TEST_F(JanelaDeTeste, oTecladoChegaATudo) {
     EXPECT_FALSE(visivel("Frame1"));
     QTest::keyClick(&janela, Qt::Key_Escape);
     EXPECT_TRUE(janela.isVisible());
+    for (const auto tecla : {Qt::Key_Return, Qt::Key_Space}) { // a key held down presses nothing again
+        QKeyEvent repetida(QEvent::KeyPress, tecla, Qt::NoModifier, QString(), true);
+        QApplication::sendEvent(controle("cmdAjuda"), &repetida);
+    }
     QTest::keyClick(controle("txtNomeArquivo"), Qt::Key_L, Qt::AltModifier);
     EXPECT_TRUE(QTest::qWaitFor([&] { return mundo.lancador.documentos.size() == 1; }));
     QTest::keyClick(controle("txtNomeArquivo"), Qt::Key_F1);
@@ -211,15 +201,6 @@ TEST_F(JanelaDeTeste, oTecladoChegaATudo) {
     EXPECT_EQ(mundo.lancador.documentos,
               (std::vector<std::filesystem::path>{"/programa/Documentos/TAV/Layouts/layouts.html",
                                                   "/programa/Documentos/TAV/Ajuda/Quilatador.htm"}));
-}
-
-TEST_F(JanelaDeTeste, umaTeclaPresaPressionaUmaVez) {
-    abrir();
-    for (const auto tecla : {Qt::Key_Return, Qt::Key_Space}) {
-        QKeyEvent repetida(QEvent::KeyPress, tecla, Qt::NoModifier, QString(), true);
-        QApplication::sendEvent(controle("cmdLayout"), &repetida);
-    }
-    EXPECT_TRUE(mundo.lancador.documentos.empty());
 }
 
 } // namespace
