@@ -14,10 +14,10 @@ Texto consultar(VistaTexto banco) {
     Texto respostas;
     try {
         BancoDeDados aberto(mundo.arquivos, "/b.mdb");
-        for (const VistaTexto codigo : {"05", "12", "07", "99", "x"})
-            respostas += aberto.ocorrencia(codigo).value_or("-") + "|";
-        for (Texto codigo : {"1", "a", "X", ""})
-            respostas += aberto.descricaoFormaArrecadacao(codigo) + aberto.descricaoFormaPagamento(codigo) + "|";
+        for (const VistaTexto codigo : {"05"_t, "12"_t, "07"_t, "99"_t, "x"_t})
+            respostas += junta(aberto.ocorrencia(codigo).value_or(Texto("-"_t)), "|"_t);
+        for (Texto codigo : {Texto("1"_t), Texto("a"_t), Texto("X"_t), Texto()})
+            respostas += junta(aberto.descricaoFormaArrecadacao(codigo), aberto.descricaoFormaPagamento(codigo), "|"_t);
     } catch (const Falha& falha) {
         exigir(!falha.descricao().empty(), "a failure says what happened");
         respostas += falha.descricao();
