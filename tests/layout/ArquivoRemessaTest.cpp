@@ -18,7 +18,7 @@ using testes::registro;
 using testes::textoDaFalha;
 using Operacao = ArquivosEmMemoria::Operacao;
 
-/// A layout of the record types A and B, and the file "x" with some content.
+/// A layout of the record types A and B, and the file "x"_t with some content.
 struct Bancada {
     explicit Bancada(VistaTexto conteudo = {}, std::size_t tipos = 2) : arquivo(arquivos) {
         for (const VistaTexto letra : {"A"_t, "B"_t})
@@ -27,16 +27,17 @@ struct Bancada {
         arquivo.abrirArquivoEntrada("x");
     }
 
-    /// All lines of the file as read: "type line; ", the failure, or "fim" for a record without name.
+    /// All lines of the file as read: "type line; "_t, the failure, or "fim"_t for a record without name.
     Texto lerTudo(bool lerCampos) {
         Texto resultado;
         for (int vez = 0; vez < 6; ++vez) {
             const Texto falha = textoDaFalha([&] {
                 RegistroRemessa& lido = arquivo.lerRegistro(lerCampos);
                 EXPECT_EQ(&lido, &arquivo.registroEmMaos());
-                resultado += lido.nome().empty() ? "fim" : junta(lido.nome(), " ", lido.gerarLinha(), lido.linha());
+                resultado +=
+                    lido.nome().empty() ? Texto("fim"_t) : junta(lido.nome(), " "_t, lido.gerarLinha(), lido.linha());
             });
-            resultado += junta(falha, " (", std::to_string(arquivo.contador()), "); ");
+            resultado += junta(falha, " ("_t, textoDe(arquivo.contador()), "); "_t);
         }
         return resultado;
     }
@@ -46,39 +47,40 @@ struct Bancada {
 };
 
 constexpr VistaTexto semTipo = "1 ArquivoRemessa: Tipo de registro não identificado!"_t;
-constexpr VistaTexto linhas = "A00100000000A   \r\nB00220240131B   \r\nB00320240230C   \r\nX\r\n\r\nA00400000000D   ";
+constexpr VistaTexto linhas = "A00100000000A   \r\nB00220240131B   \r\nB00320240230C   \r\nX\r\n\r\nA00400000000D   "_t;
 
 TEST(ArquivoRemessa, leCamposOuSoALinha) {
     EXPECT_EQ(Bancada(linhas).lerTudo(true),
-              "A A00100000000A    (1); B B00220240131B    (2); "
-              "1 RegistroRemessa: Linha: 000003 - Segmento=B - Campo=Data - Campo data inválido (3); "
+              "A A00100000000A    (1); B B00220240131B    (2); "_t
+              "1 RegistroRemessa: Linha: 000003 - Segmento=B - Campo=Data - Campo data inválido (3); "_t
               "1 ArquivoRemessa: Tipo de registro não identificado! (4); fim (4); A A00400000000D    (5); "_t);
-    EXPECT_EQ(Bancada("A\nB00220240131B  ").lerTudo(true),
-              "1 RegistroRemessa: Linha: 000001 - Segmento=A - Tamanho de linha incompatível! (1); "
-              "1 RegistroRemessa: Linha: 000002 - Segmento=B - Tamanho de linha incompatível! (2); "
+    EXPECT_EQ(Bancada("A\nB00220240131B  "_t).lerTudo(true),
+              "1 RegistroRemessa: Linha: 000001 - Segmento=A - Tamanho de linha incompatível! (1); "_t
+              "1 RegistroRemessa: Linha: 000002 - Segmento=B - Tamanho de linha incompatível! (2); "_t
               "fim (2); fim (2); fim (2); fim (2); "_t);
 
     Bancada preguicosa(linhas);
     for (const std::size_t tipo : {0u, 1u, 1u}) { // the third has a date that is none
-        EXPECT_EQ(preguicosa.arquivo.lerRegistro(false).linha().front(), "AB"_t[tipo]);
+        EXPECT_EQ(preguicosa.arquivo.lerRegistro(false).linha().front(), "AB"[tipo]);
         EXPECT_EQ(preguicosa.arquivo.tipoEmMaos(), tipo);
     }
 }
 
 TEST(ArquivoRemessa, copiasOuOsProprios) {
-    Bancada bancada("B001\nB002\n");
+    Bancada bancada("B001\nB002\n"_t);
     const RegistroRemessa* tipo = bancada.arquivo.tiposRegistros()[1].get();
-    EXPECT_NE(bancada.arquivo.criarRegistro("B").get(), tipo);
+    EXPECT_NE(bancada.arquivo.criarRegistro("B"_t).get(), tipo);
     EXPECT_NE(&bancada.arquivo.lerRegistro(false), tipo);
-    EXPECT_EQ(tipo->linha(), "");
+    EXPECT_EQ(tipo->linha(), ""_t);
     bancada.arquivo.criarCopias(false);
-    EXPECT_EQ(bancada.arquivo.criarRegistro("b").get(), tipo);
+    EXPECT_EQ(bancada.arquivo.criarRegistro("b"_t).get(), tipo);
     EXPECT_EQ(&bancada.arquivo.lerRegistro(false), tipo);
     EXPECT_EQ(tipo->ArquivoRemessa(), &bancada.arquivo);
-    EXPECT_EQ(textoDaFalha([&] { return bancada.arquivo.criarRegistro("C"); }),
-              "5 ArquivoRemessa: Registro inexistente no leiaute: C");
-    EXPECT_EQ(textoDaFalha([&] { bancada.arquivo.addTipoRegistro(std::make_shared<RegistroRemessa>(registro("a"))); }),
-              "457 ArquivoRemessa: Registro em duplicidade: a");
+    EXPECT_EQ(textoDaFalha([&] { return bancada.arquivo.criarRegistro("C"_t); }),
+              "5 ArquivoRemessa: Registro inexistente no leiaute: C"_t);
+    EXPECT_EQ(
+        textoDaFalha([&] { bancada.arquivo.addTipoRegistro(std::make_shared<RegistroRemessa>(registro("a"_t))); }),
+        "457 ArquivoRemessa: Registro em duplicidade: a"_t);
 }
 
 /// Whatever shortens the recognition, the type is the first one whose `isRegistroTipo` holds.
@@ -97,9 +99,9 @@ TEST(ArquivoRemessa, reconheceOPrimeiroTipoQueAceitaALinha) {
             auto novo = std::make_shared<RegistroRemessa>();
             novo->nome(textoDe(tipo));
             novo->identificador(Texto("Id"_t));
-            novo->add(campo("Antes"_t, {.natureza = "S", .tamanho = vez % 2 == 0 ? std::int16_t{1} : ate(2)}));
+            novo->add(campo("Antes"_t, {.natureza = "S"_t, .tamanho = vez % 2 == 0 ? std::int16_t{1} : ate(2)}));
             const auto largura = static_cast<std::int16_t>(1 + ate(1));
-            novo->add(campo("Id"_t, {.natureza = "S", .tamanho = largura},
+            novo->add(campo("Id"_t, {.natureza = "S"_t, .tamanho = largura},
                             ate(4) == 0 ? Valor(Valor::Nulo()) : Valor(texto(2))));
             bancada.arquivo.addTipoRegistro(std::move(novo));
         }
@@ -108,7 +110,7 @@ TEST(ArquivoRemessa, reconheceOPrimeiroTipoQueAceitaALinha) {
             if (esperado == semTipo && tipo->isRegistroTipo(linha)) esperado = tipo->nome();
         Texto lido;
         const Texto falha = textoDaFalha([&] { lido = bancada.arquivo.lerRegistro(false).nome(); });
-        EXPECT_EQ(lido + falha, esperado);
+        EXPECT_EQ(junta(lido, falha), esperado);
     }
 }
 
@@ -125,7 +127,7 @@ TEST(ArquivoRemessa, falhasDeArquivoTemTextoProprio) {
     for (const auto& [numero, esperado] : casos) {
         Bancada bancada;
         for (const auto& [operacao, vez] : {std::pair(Operacao::Abrir, 2), {Operacao::Criar, 1}, {Operacao::Fechar, 1}})
-            bancada.arquivos.falhar(operacao, vez, Falha(numero, Texto("Sistema"_t), Texto("do sistema"_t)));
+            bancada.arquivos.falhar(operacao, vez, Falha(numero, "Sistema"_t, "do sistema"_t));
         EXPECT_EQ(textoDaFalha([&] { bancada.arquivo.abrirArquivoEntrada("x"); }), esperado);
         EXPECT_EQ(textoDaFalha([&] { bancada.arquivo.abrirArquivoSaida("y"); }), esperado);
         bancada.arquivo.abrirArquivoSaida("y");
@@ -139,7 +141,7 @@ TEST(ArquivoRemessa, falhasDeArquivoTemTextoProprio) {
 
 TEST(ArquivoRemessa, falhaDeLeituraDizALinha) {
     Bancada bancada("A001\n"_t);
-    bancada.arquivos.falhar(Operacao::Ler, 2, Falha(57, Texto("Gravacao"_t), Texto("Erro de E/S"_t)));
+    bancada.arquivos.falhar(Operacao::Ler, 2, Falha(57, "Gravacao"_t, "Erro de E/S"_t));
     EXPECT_EQ(bancada.arquivo.lerRegistro(false).linha(), "A001"_t);
     EXPECT_EQ(textoDaFalha([&] { return &bancada.arquivo.lerRegistro(false); }),
               "1 RegistroRemessa: Linha: 000002 - Erro de E/S"_t);
@@ -149,7 +151,7 @@ TEST(ArquivoRemessa, escreveRegistrosContandoAntes) {
     Bancada bancada;
     auto a = bancada.arquivo.criarRegistro("A"_t);
     auto b = bancada.arquivo.criarRegistro("B"_t);
-    b->add(campo("Sequencial"_t, {.natureza = "R", .tamanho = 4}));
+    b->add(campo("Sequencial"_t, {.natureza = "R"_t, .tamanho = 4}));
     a->setValorCampo("Texto"_t, "coração"_t);
     std::array<RegistroRemessa*, 2> ambos{a.get(), b.get()};
     bancada.arquivo.abrirArquivoSaida("y");
