@@ -85,31 +85,24 @@ TEST(RegistroRemessa, preguicosoLeOCampoQuandoPedido) {
     EXPECT_EQ(lido.getValorCampoString("Numero"_t), "007"_t);
 }
 
-TEST(RegistroRemessa, copiaNaoMudaComOOriginal) {
+TEST(RegistroRemessa, copiaECopiarLevamALinhaOuOsValores) {
     RegistroRemessa original = registro();
+    RegistroRemessa destino = registro();
     original.linha(boa);
     const RegistroRemessa copia = original.copia();
-    original.linha("outra"_t);
-    original.setValorCampo("Texto"_t, "outro"_t);
+    original.copiar(destino);
+    EXPECT_EQ(junta(destino.linha(), valores(destino)), junta(boa, "B;nulo;nulo;nulo;"_t));
+    original.linha(""_t);
+    original.lerLinha(boa);
+    original.copiar(destino);
+    EXPECT_EQ(junta(destino.linha(), valores(destino)), "B;12;31/01/2024;AB;"_t);
     EXPECT_EQ(valores(copia), "B;nulo;nulo;nulo;"_t);
     EXPECT_EQ(std::tuple(copia.nome(), copia.linha(), copia.identificador(), copia.Tamanho(), copia.tamanhoAtual()),
               std::tuple("B"_t, boa, "Tipo"_t, 16, 16));
-    EXPECT_EQ(copia.obterCampo("Texto"_t).registroPai(), &copia);
     EXPECT_EQ(copia.obterCampo("Texto"_t).inicio(), 13);
+    EXPECT_EQ(copia.obterCampo("Texto"_t).registroPai(), &copia);
     const RegistroRemessa mudada = std::move(original);
     EXPECT_EQ(mudada.obterCampo("Texto"_t).registroPai(), &mudada);
-}
-
-TEST(RegistroRemessa, copiarLevaALinhaOuOsValores) {
-    RegistroRemessa origem = registro();
-    RegistroRemessa destino = registro();
-    origem.linha(boa);
-    origem.copiar(destino);
-    EXPECT_EQ(junta(destino.linha(), valores(destino)), junta(boa, "B;nulo;nulo;nulo;"_t));
-    origem.linha(""_t);
-    origem.lerLinha(boa);
-    origem.copiar(destino);
-    EXPECT_EQ(junta(destino.linha(), valores(destino)), "B;12;31/01/2024;AB;"_t);
 }
 
 } // namespace
