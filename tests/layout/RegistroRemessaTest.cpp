@@ -53,7 +53,7 @@ TEST(RegistroRemessa, lerLinhaParaNoPrimeiroErro) {
     const std::tuple<VistaTexto, VistaTexto, VistaTexto> casos[] = {
         {boa, ""_t, "B;12;31/01/2024;AB;"_t},
         {"B01220240131AB "_t, "1 RegistroRemessa: Segmento=B - Tamanho de linha incompatível!"_t,
-         "_tB;nulo;nulo;nulo;"},
+         "B;nulo;nulo;nulo;"_t},
         // The content that identifies is what the field has when the failure is met.
         {"Z01220240230AB  "_t, "1 RegistroRemessa: Segmento=Z - Campo=Data - Campo data inválido"_t,
          "Z;12;nulo;nulo;"_t},
