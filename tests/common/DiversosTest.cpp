@@ -20,6 +20,8 @@ TEST(Diversos, textosDeValoresEDatas) {
         {Diversos::NuloSeVazio(""_t), "null"_t},
         {Diversos::NuloSeVazio("d'água"_t), "'d'água'"_t},
         {Diversos::ZeroSeNulo(nulo).texto(), "0"_t},
+        {Diversos::padL("123456"_t, 5, '0'), "23456"_t},
+        {Diversos::padR("12"_t, 3, '0'), "120"_t},
         {Diversos::FormatarData(dia, "YYNNN"_t), "24034"_t},
         {Diversos::FormatarData(dia, "NNNY"_t), "0344"_t},
         {Diversos::FormatarData(dia, "NNNYY"_t), "03424"_t},
