@@ -15,9 +15,11 @@ Texto consultar(VistaTexto banco) {
     try {
         BancoDeDados aberto(mundo.arquivos, "/b.mdb");
         for (const VistaTexto codigo : {"05"_t, "12"_t, "07"_t, "99"_t, "x"_t})
-            respostas += junta(aberto.ocorrencia(codigo).value_or(Texto("-"_t)), "|"_t);
-        for (Texto codigo : {Texto("1"_t), Texto("a"_t), Texto("X"_t), Texto()})
+            respostas += junta(aberto.ocorrencia(codigo).value_or(Texto(1, '-')), "|"_t);
+        for (const VistaTexto procurado : {"1"_t, "a"_t, "X"_t, ""_t}) {
+            Texto codigo(procurado);
             respostas += junta(aberto.descricaoFormaArrecadacao(codigo), aberto.descricaoFormaPagamento(codigo), "|"_t);
+        }
     } catch (const Falha& falha) {
         exigir(!falha.descricao().empty(), "a failure says what happened");
         respostas += falha.descricao();

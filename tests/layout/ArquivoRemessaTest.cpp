@@ -36,8 +36,8 @@ struct Bancada {
                 RegistroRemessa& lido = arquivo.lerRegistro(lerCampos);
                 EXPECT_EQ(&lido, &arquivo.registroEmMaos());
                 resultado += lido.nome().empty() ? Texto("fim"_t)
-                                                 : junta(lido.nome(), textoDe(arquivo.tipoEmMaos()), " "_t,
-                                                         lerCampos ? lido.gerarLinha() : lido.linha());
+                                                 : junta(lido.nome(), textoDe(static_cast<int>(arquivo.tipoEmMaos())),
+                                                         " "_t, lerCampos ? lido.gerarLinha() : lido.linha());
             });
             resultado += junta(falha, " ("_t, textoDe(arquivo.contador()), "); "_t);
         }
