@@ -26,8 +26,8 @@ std::int64_t linhasDe(VistaTexto arquivo) {
 }
 
 bool terminado(const Resultado& resultado, TipoArquivo tipo) {
-    if (tipo == TipoArquivo::ZUL702) return resultado.log.ends_with(junta("Depuração terminada!"_t, "\r\n"));
-    return resultado.log.empty() || resultado.log.ends_with("\r\n");
+    if (tipo == TipoArquivo::ZUL702) return resultado.log.ends_with("Depuração terminada!\r\n"_t);
+    return resultado.log.empty() || resultado.log.ends_with("\r\n"_t);
 }
 
 } // namespace

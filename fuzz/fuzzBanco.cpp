@@ -14,10 +14,12 @@ Texto consultar(VistaTexto banco) {
     Texto respostas;
     try {
         BancoDeDados aberto(mundo.arquivos, "/b.mdb");
-        for (const VistaTexto codigo : {"05", "12", "07", "99", "x"})
-            respostas += aberto.ocorrencia(codigo).value_or("-") + "|";
-        for (Texto codigo : {"1", "a", "X", ""})
-            respostas += aberto.descricaoFormaArrecadacao(codigo) + aberto.descricaoFormaPagamento(codigo) + "|";
+        for (const VistaTexto codigo : {"05"_t, "12"_t, "07"_t, "99"_t, "x"_t})
+            respostas += junta(aberto.ocorrencia(codigo).value_or(Texto(1, '-')), "|"_t);
+        for (const VistaTexto procurado : {"1"_t, "a"_t, "X"_t, ""_t}) {
+            Texto codigo(procurado);
+            respostas += junta(aberto.descricaoFormaArrecadacao(codigo), aberto.descricaoFormaPagamento(codigo), "|"_t);
+        }
     } catch (const Falha& falha) {
         exigir(!falha.descricao().empty(), "a failure says what happened");
         respostas += falha.descricao();

@@ -36,9 +36,10 @@ const std::vector<Lugar>& lugares() {
 
 /// Contents that rules look at: nothing, zeros, digits of all kinds, dates, signs, letters.
 Texto conteudo(std::mt19937& sorteio, std::size_t tamanho) {
-    static constexpr VistaTexto modelos[] = {"",         "0",        "1",        "9",    "-1",   "+1", ",5",  "1.5",
-                                             "20260310", "20990230", "00000000", "S",    "N",    "C",  "ACP", "X",
-                                             "1.00.01",  "1.00.02",  "ZUL702",   "4034", "4366", "O",  "6",   "00"};
+    static constexpr VistaTexto modelos[] = {
+        ""_t,         "0"_t,        "1"_t,        "9"_t,    "-1"_t,   "+1"_t, ",5"_t,  "1.5"_t,
+        "20260310"_t, "20990230"_t, "00000000"_t, "S"_t,    "N"_t,    "C"_t,  "ACP"_t, "X"_t,
+        "1.00.01"_t,  "1.00.02"_t,  "ZUL702"_t,   "4034"_t, "4366"_t, "O"_t,  "6"_t,   "00"_t};
     Texto texto(modelos[sorteio() % std::size(modelos)]);
     const char enchimento = " 0"[sorteio() % 2];
     if (texto.size() < tamanho) texto.insert(sorteio() % 2 == 0 ? texto.size() : 0, tamanho - texto.size(), enchimento);

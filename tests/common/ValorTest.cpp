@@ -1,5 +1,6 @@
 #include "common/Valor.h"
 
+#include "common/Numero.h"
 #include "support/Falhas.h"
 
 #include <gtest/gtest.h>
@@ -15,7 +16,7 @@ char sinal(std::partial_ordering ordem) {
 }
 
 TEST(Valor, comparacaoDeTodosComTodos) {
-    const std::vector<Valor> valores{Valor(), Valor::Nulo(), "", "abc", "5", " 5 ", 5, -1, serie5};
+    const std::vector<Valor> valores{Valor(), Valor::Nulo(), ""_t, "abc"_t, "5"_t, " 5 "_t, 5, -1, serie5};
     const std::vector<std::string> esperadas{
         // vazio nulo "" abc "5" " 5 " 5 -1 data
         "=?=<<<<><", // vazio
@@ -39,18 +40,15 @@ TEST(Valor, comparacaoDeTodosComTodos) {
         }
         EXPECT_EQ(linha, esperadas[i]) << i;
     }
-}
-
-TEST(Valor, textoNumericoComparaPeloQueSeLe) {
-    EXPECT_TRUE(igual("12,5", 12));  // numeric, but read up to the comma
-    EXPECT_TRUE(maior("\xC7", "Z")); // by code, unsigned
+    EXPECT_TRUE(igual("12,5"_t, 12)); // numeric, but read up to the comma
+    EXPECT_TRUE(maior("Ç"_t, "Z"_t)); // by code, unsigned
 }
 
 TEST(Valor, textoEComprimento) {
     using Caso = std::tuple<Valor, VistaTexto, std::optional<std::size_t>>;
     for (const auto& [valor, texto, comprimento] :
-         {Caso{Valor(), "", 0u}, Caso{Valor::Nulo(), "", std::nullopt}, Caso{" a ", " a ", 3u},
-          Caso{123.45, "123.45", 6u}, Caso{serie5, "04/01/1900", 10u}}) {
+         {Caso{Valor(), ""_t, 0u}, Caso{Valor::Nulo(), ""_t, std::nullopt}, Caso{" a "_t, " a "_t, 3u},
+          Caso{123.45, "123.45"_t, 6u}, Caso{serie5, "04/01/1900"_t, 10u}}) {
         EXPECT_EQ(valor.texto(), texto);
         EXPECT_EQ(valor.comprimento(), comprimento);
         EXPECT_EQ(semConteudo(valor), comprimento == 0u);
@@ -59,37 +57,38 @@ TEST(Valor, textoEComprimento) {
 }
 
 TEST(Valor, foraDeLista) {
-    EXPECT_FALSE(foraDe("B", "ABC"));
-    EXPECT_TRUE(foraDe("D", "ABC"));
-    EXPECT_FALSE(foraDe(Valor::Nulo(), "ABC")); // neither in nor out
-    EXPECT_TRUE(foraDe("AC", "ABC"));           // as it stands, not letter by letter
+    EXPECT_FALSE(foraDe("B"_t, "ABC"_t));
+    EXPECT_TRUE(foraDe("D"_t, "ABC"_t));
+    EXPECT_FALSE(foraDe(Valor::Nulo(), "ABC"_t)); // neither in nor out
+    EXPECT_TRUE(foraDe("AC"_t, "ABC"_t));         // as it stands, not letter by letter
+}
+
+/// The number that a conversion gives, or its failure.
+template <typename Conversao>
+Texto convertido(Conversao conversao) {
+    Texto numero;
+    const Texto falha = testes::textoDaFalha([&] { numero = textoDoNumero(conversao()); });
+    return junta(numero, falha);
 }
 
 TEST(Valor, conversaoParaNumero) {
-    constexpr VistaTexto comVirgula = " 12,7 "_t;
-    using Caso = std::tuple<Valor, double, std::int32_t>;
-    for (const auto& [valor, duplo, longo] :
-         {Caso{Valor(), 0, 0}, Caso{comVirgula, 12, 12}, Caso{3.5, 3.5, 4}, Caso{serie5, 5, 5}}) {
-        EXPECT_EQ(valor.paraDuplo(), duplo);
-        EXPECT_EQ(valor.paraLongo(), longo);
-        EXPECT_EQ(valor.paraInteiro(), longo);
-    }
-}
-
-TEST(Valor, conversaoImpossivel) {
-    constexpr VistaTexto letras = "12A"_t;
-    constexpr VistaTexto grande = "40000"_t;
     constexpr VistaTexto semNumero = "13 Valor: Tipos incompatíveis"_t;
     constexpr VistaTexto deNulo = "94 Valor: Uso de Null inválido"_t;
     constexpr VistaTexto estouro = "6 Numero: Estouro"_t;
-    const std::tuple<Valor, VistaTexto, VistaTexto, VistaTexto> casos[] = {{letras, semNumero, semNumero, semNumero},
-                                                                           {Valor::Nulo(), deNulo, deNulo, deNulo},
-                                                                           {grande, ""_t, ""_t, estouro},
-                                                                           {-2147483649.0, ""_t, estouro, estouro}};
+    const std::tuple<Valor, VistaTexto, VistaTexto, VistaTexto> casos[] = {
+        {Valor(), "0"_t, "0"_t, "0"_t},
+        {" 12,7 "_t, "12"_t, "12"_t, "12"_t},
+        {3.5, "3.5"_t, "4"_t, "4"_t},
+        {serie5, "5"_t, "5"_t, "5"_t},
+        {"12A"_t, semNumero, semNumero, semNumero},
+        {Valor::Nulo(), deNulo, deNulo, deNulo},
+        {"40000"_t, "40000"_t, "40000"_t, estouro},
+        {-2147483649.0, "-2147483649"_t, estouro, estouro},
+    };
     for (const auto& [valor, duplo, longo, inteiro] : casos) {
-        EXPECT_EQ(testes::textoDaFalha([&, &v = valor] { return v.paraDuplo(); }), duplo);
-        EXPECT_EQ(testes::textoDaFalha([&, &v = valor] { return v.paraLongo(); }), longo);
-        EXPECT_EQ(testes::textoDaFalha([&, &v = valor] { return v.paraInteiro(); }), inteiro);
+        EXPECT_EQ(convertido([&, &v = valor] { return v.paraDuplo(); }), duplo);
+        EXPECT_EQ(convertido([&, &v = valor] { return v.paraLongo(); }), longo);
+        EXPECT_EQ(convertido([&, &v = valor] { return v.paraInteiro(); }), inteiro);
     }
 }
 

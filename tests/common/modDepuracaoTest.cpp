@@ -10,8 +10,8 @@ TEST(modDepuracao, cadaCodigoNoSeuConjunto) {
     for (int codigo = 0; codigo < 256; ++codigo) {
         const Texto caractere(1, static_cast<char>(codigo));
         const bool especial = especiais.find(caractere) != VistaTexto::npos;
-        EXPECT_EQ(caracteresEspeciais(caractere), especial ? caractere + "(1), " : "") << codigo;
-        EXPECT_EQ(isDigito(codigo), VistaTexto("0123456789").find(caractere) != VistaTexto::npos) << codigo;
+        EXPECT_EQ(caracteresEspeciais(caractere), especial ? junta(caractere, "(1), "_t) : Texto()) << codigo;
+        EXPECT_EQ(isDigito(codigo), "0123456789"_t.find(caractere) != VistaTexto::npos) << codigo;
     }
 }
 
@@ -20,7 +20,7 @@ TEST(modDepuracao, caracterePosicaoEVirgula) {
     Texto linha(40, ' ');
     for (const std::size_t lugar : {0u, 15u, 16u, 31u, 32u, 39u})
         linha[lugar] = '&';
-    EXPECT_EQ(caracteresEspeciais(linha), "&(1), &(16), &(17), &(32), &(33), &(40), ");
+    EXPECT_EQ(caracteresEspeciais(linha), "&(1), &(16), &(17), &(32), &(33), &(40), "_t);
 }
 
 } // namespace

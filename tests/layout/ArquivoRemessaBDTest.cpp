@@ -8,54 +8,46 @@
 namespace quilatador {
 namespace {
 
-using testes::textoDaFalha;
-
-const Texto declaracao = R"(<?xml version="1.0" encoding="UTF-8"?>)";
+constexpr VistaTexto declaracao = R"(<?xml version="1.0" encoding="UTF-8"?>)"_t;
 
 /// A description of one record type of 9 characters; a case changes one piece of it.
-const Texto boa = declaracao + R"(
+constexpr VistaTexto boa = R"(<?xml version="1.0" encoding="UTF-8"?>
 <ArquivoRemessa>
   <Registro Nome="A" Tamanho="9" Identificador="Tipo">
     <Campo Nome="Tipo" Tipo="S" Tamanho="1" Formato="" Decimais="0" Valor="A"/>
     <Campo Nome="Data" Tipo="D" Alinhamento="1" Tamanho="8" Formato="AAAAMMDD" Decimais="2"/>
   </Registro>
 </ArquivoRemessa>
-)";
+)"_t;
 
-Texto trocar(Texto texto, VistaTexto de, VistaTexto para) {
-    return texto.replace(texto.find(de), de.size(), para);
+Texto trocar(VistaTexto descricao, VistaTexto de, VistaTexto para) {
+    return Texto(descricao).replace(descricao.find(de), de.size(), para);
 }
 
-Texto niveis(int quantos, VistaTexto marca) {
+/// So many elements, one in the other.
+Texto niveis(int quantos) {
     Texto todos;
-    while (quantos-- > 0)
-        todos += marca;
+    for (int i = 0; i < quantos; ++i)
+        todos += "<a>"_t;
+    for (int i = 0; i < quantos; ++i)
+        todos += "</a>"_t;
     return todos;
 }
 
-struct Carga {
-    std::unique_ptr<ArquivoRemessa> leiaute;
-    Texto falha;
-    std::vector<Texto> mensagens;
+/// A world whose only file is a layout description.
+struct Mundo : testes::MundoFalso {
+    explicit Mundo(VistaTexto descricao) { arquivos.conteudo["leiaute.xml"] = descricao; }
+
+    std::unique_ptr<ArquivoRemessa> carregar() {
+        return ArquivoRemessaBD::obterArquivoRemessa("leiaute.xml", arquivos, painel);
+    }
+    Texto falha() {
+        return testes::textoDaFalha([&] { return carregar(); });
+    }
 };
 
-Carga carregar(testes::MundoFalso& mundo) {
-    Carga carga;
-    carga.falha = textoDaFalha(
-        [&] { carga.leiaute = ArquivoRemessaBD::obterArquivoRemessa("leiaute.xml", mundo.arquivos, mundo.painel); });
-    carga.mensagens = mundo.painel.chamadas;
-    return carga;
-}
-
-Carga carregar(VistaTexto descricao) {
-    testes::MundoFalso mundo;
-    mundo.arquivos.conteudo["leiaute.xml"] = Texto(descricao);
-    return carregar(mundo);
-}
-
 TEST(ArquivoRemessaBD, registrosECamposNaOrdem) {
-    testes::MundoFalso mundo;
-    mundo.arquivos.conteudo["leiaute.xml"] = declaracao + R"(
+    Mundo mundo(junta(declaracao, R"(
         <ArquivoRemessa Versao="x">
           <Segmento Nome="A" Tamanho="240" Identificador="Tipo">
             <x Nome="Tipo" Tipo="S" Tamanho="1" Formato="" Decimais="0" Valor="A"/>
@@ -65,17 +57,17 @@ TEST(ArquivoRemessaBD, registrosECamposNaOrdem) {
           <Registro Nome="B" Tamanho="32767" Identificador="LARGO">
             <Campo Nome="Largo" Tipo="X" Tamanho="32767" Formato="" Decimais="0"/>
           </Registro>
-        </ArquivoRemessa>)";
-    const auto leiaute = carregar(mundo).leiaute;
+        </ArquivoRemessa>)"_t));
+    const auto leiaute = mundo.carregar();
     ASSERT_TRUE(leiaute);
     Texto descricao;
     for (const auto& tipo : leiaute->tiposRegistros()) {
-        descricao += junta(tipo->nome(), " ", std::to_string(tipo->Tamanho()), " ", tipo->identificador(), "\n");
+        descricao += junta(tipo->nome(), " "_t, textoDe(tipo->Tamanho()), " "_t, tipo->identificador(), "\n"_t);
         for (const auto& c : tipo->campos())
-            descricao += junta("  ", c->nome(), " ", c->natureza(), std::to_string(c->alinhamento()), " ",
-                               std::to_string(c->inicio()), "-", std::to_string(c->Fim()), " ", c->formato(), " ",
-                               std::to_string(c->numeroDecimais()), " ",
-                               c->Valor().nulo() ? "nulo" : junta("[", c->Valor().texto(), "]"), "\n");
+            descricao +=
+                junta("  "_t, c->nome(), " "_t, c->natureza(), textoDe(c->alinhamento()), " "_t, textoDe(c->inicio()),
+                      "-"_t, textoDe(c->Fim()), " "_t, c->formato(), " "_t, textoDe(c->numeroDecimais()), " "_t,
+                      c->Valor().nulo() ? Texto("nulo"_t) : junta("["_t, c->Valor().texto(), "]"_t), "\n"_t);
     }
     EXPECT_EQ(descricao, "A 240 Tipo\n"
                          "  Tipo S0 1-1  0 [A]\n"
@@ -90,88 +82,65 @@ TEST(ArquivoRemessaBD, registrosECamposNaOrdem) {
 TEST(ArquivoRemessaBD, nomesEmQualquerCodificacao) {
     for (const auto& [codificacao, nome] :
          {std::pair("UTF-8"_t, textoDosBytes("A\xC3\xA7\xC3\xA3o")), std::pair("windows-1252"_t, "Ação"_t)}) {
-        const Texto descricao = trocar(boa, "UTF-8"_t, codificacao);
-        const auto leiaute = carregar(trocar(descricao, "\"Data\""_t, junta("\""_t, nome, "\""_t))).leiaute;
-        ASSERT_TRUE(leiaute);
-        EXPECT_EQ(leiaute->tiposRegistros()[0]->campos()[1]->nome(), "Ação"_t);
+        Mundo mundo(trocar(trocar(boa, "UTF-8"_t, codificacao), "\"Data\""_t, junta("\""_t, nome, "\""_t)));
+        EXPECT_EQ(mundo.carregar()->tiposRegistros()[0]->campos()[1]->nome(), "Ação"_t);
     }
 }
 
 TEST(ArquivoRemessaBD, arquivoQueNaoSeAbre) {
-    testes::MundoFalso mundo;
-    const Carga carga = carregar(mundo);
-    EXPECT_EQ(carga.leiaute, nullptr);
-    EXPECT_EQ(carga.falha, ""_t);
-    EXPECT_EQ(carga.mensagens,
-              std::vector{Texto("mensagem [Solvara - Quilatador de Leiaute] Arquivo nao encontrado!"_t)});
-    mundo.arquivos.conteudo["leiaute.xml"] = boa;
+    Mundo mundo(boa);
     mundo.arquivos.falhar(testes::ArquivosEmMemoria::Operacao::Abrir, 1, testes::discoCheio);
-    EXPECT_EQ(carregar(mundo).falha, "61 Gravacao: Disco cheio"_t);
+    EXPECT_EQ(mundo.falha(), "61 Gravacao: Disco cheio"_t);
+    mundo.arquivos.conteudo.clear();
+    EXPECT_EQ(mundo.carregar(), nullptr);
+    EXPECT_EQ(mundo.painel.chamadas,
+              std::vector{Texto("mensagem [Solvara - Quilatador de Leiaute] Arquivo nao encontrado!"_t)});
 }
 
 TEST(ArquivoRemessaBD, outraRaizDaMensagemEFalha) {
-    constexpr VistaTexto abertura = "<ArquivoRemessa>"_t;
-    const Texto raiz = boa.substr(boa.find(abertura));
+    const VistaTexto raiz = boa.substr(declaracao.size());
     for (const Texto& descricao :
-         {raiz, trocar(trocar(boa, "ArquivoRemessa>"_t, "Outra>"_t), "/ArquivoRemessa>"_t, "/Outra>"_t),
-          junta(declaracao, "<!-- antes -->"_t, raiz)}) {
-        const Carga carga = carregar(descricao);
-        EXPECT_EQ(carga.falha, "1 ArquivoRemessaBD: Arquivo XML não corresponde a um arquivo de remessa!"_t);
-        EXPECT_EQ(carga.mensagens.size(), 1u);
-    }
-}
-
-TEST(ArquivoRemessaBD, falhaDizRegistroCampoEAtributo) {
-    constexpr VistaTexto registro = R"(Registro "A")";
-    constexpr VistaTexto campo = R"(Registro "A", Campo "Data")";
-    // An attribute, what it is, and what takes its place: null for none.
-    const std::tuple<VistaTexto, VistaTexto, VistaTexto, const char*> casos[] = {
-        {registro, "Tamanho", "9", nullptr},
-        {registro, "Tamanho", "9", "9x"},
-        {registro, "Tamanho", "9", "0"},
-        {registro, "Tamanho", "9", "32768"},
-        {registro, "Identificador", "Tipo", nullptr},
-        {campo, "Formato", "AAAAMMDD", nullptr},
-        {campo, "Decimais", "2", "-1"},
-        {campo, "Decimais", "2", "256"},
-        {campo, "Tamanho", "8", "0"},
-        {campo, "Tamanho", "8", "10"},
-        {campo, "Alinhamento", "1", "256"},
-        {campo, "Alinhamento", "1", "D"},
-        {R"(Registro "A", Campo "")", "Nome", "Data", nullptr},
-    };
-    for (const auto& [onde, atributo, antes, valor] : casos) {
-        const Texto novo = valor ? junta(atributo, "=\"", valor, "\"") : Texto();
-        const Texto descricao = trocar(boa, junta(" ", atributo, "=\"", antes, "\""), junta(" ", novo));
-        EXPECT_EQ(carregar(descricao).falha,
-                  junta("1 ArquivoRemessaBD: Leiaute inválido: "_t, onde,
-                        valor ? junta(", atributo \"", atributo, "\": valor inválido \""_t, valor, "\"")
-                              : junta(" sem o atributo \"", atributo, "\"")));
+         {Texto(raiz), junta(declaracao, "<Outra/>"_t), junta(declaracao, "<!-- antes -->"_t, raiz)}) {
+        Mundo mundo(descricao);
+        EXPECT_EQ(mundo.falha(), "1 ArquivoRemessaBD: Arquivo XML não corresponde a um arquivo de remessa!"_t);
+        EXPECT_EQ(mundo.painel.chamadas.size(), 1u);
     }
 }
 
 TEST(ArquivoRemessaBD, falhaDizOndeADescricaoNaoServe) {
-    const Texto registro = boa.substr(boa.find("<Registro"), boa.find("</Arq") - boa.find("<Registro"));
-    const std::tuple<VistaTexto, Texto, VistaTexto> casos[] = {
-        {"\"Data\"", "\"TIPO\"", "Registro \"A\", Campo \"TIPO\": Campo em duplicidade: TIPO"},
-        {"<Campo", "<!-- c --><Campo", "Registro \"A\", Campo: há um nó que não é elemento"_t},
-        {"<Registro", "<!-- c --><Registro", "Registro: há um nó que não é elemento"_t},
-        {"</Registro>", "", "não é XML (byte 290)"_t},
-        {boa, declaracao + Texto(1024 * 1024, ' '), "arquivo grande demais"},
-        {"</ArquivoRemessa>", "</ArquivoRemessa><ArquivoRemessa/>", "há mais de uma raiz"_t},
-        {declaracao, R"(<!DOCTYPE a [<!ENTITY e SYSTEM "file:///etc/passwd">]>)", "DOCTYPE não é permitido"_t},
-        {"/>\n  </R", junta(">", niveis(15, "<a>"), niveis(15, "</a>"), "</Campo></R"), "elementos em níveis demais"_t},
-        {"\"Tipo\"", "\"Tipos\"", "Registro \"A\", atributo \"Identificador\": não há o campo \"Tipos\""_t},
-        {"\"8\"", "\"9\"", "Registro \"A\", Campo \"Data\": passa do fim do registro"},
+    const Texto grande = junta(declaracao, Texto(1024 * 1024, ' '));
+    const std::tuple<VistaTexto, VistaTexto, VistaTexto> casos[] = {
+        {R"( Tamanho="9")"_t, {}, R"(Registro "A" sem o atributo "Tamanho")"_t},
+        {R"("9")"_t, R"("9x")"_t, R"(Registro "A", atributo "Tamanho": valor inválido "9x")"_t},
+        {R"("9")"_t, R"("0")"_t, R"(Registro "A", atributo "Tamanho": valor inválido "0")"_t},
+        {R"("9")"_t, R"("32768")"_t, R"(Registro "A", atributo "Tamanho": valor inválido "32768")"_t},
+        {R"( Identificador="Tipo")"_t, {}, R"(Registro "A" sem o atributo "Identificador")"_t},
+        {R"("Tipo">)"_t, R"("Tipos">)"_t, R"(Registro "A", atributo "Identificador": não há o campo "Tipos")"_t},
+        {R"( Nome="Data")"_t, {}, R"(Registro "A", Campo "" sem o atributo "Nome")"_t},
+        {R"( Formato="AAAAMMDD")"_t, {}, R"(Registro "A", Campo "Data" sem o atributo "Formato")"_t},
+        {R"("2")"_t, R"("-1")"_t, R"(Registro "A", Campo "Data", atributo "Decimais": valor inválido "-1")"_t},
+        {R"("2")"_t, R"("256")"_t, R"(Registro "A", Campo "Data", atributo "Decimais": valor inválido "256")"_t},
+        {R"("8")"_t, R"("0")"_t, R"(Registro "A", Campo "Data", atributo "Tamanho": valor inválido "0")"_t},
+        {R"("8")"_t, R"("10")"_t, R"(Registro "A", Campo "Data", atributo "Tamanho": valor inválido "10")"_t},
+        {R"("8")"_t, R"("9")"_t, R"(Registro "A", Campo "Data": passa do fim do registro)"_t},
+        {R"(to="1")"_t, R"(to="D")"_t, R"(Registro "A", Campo "Data", atributo "Alinhamento": valor inválido "D")"_t},
+        {R"("Data")"_t, R"("TIPO")"_t, R"(Registro "A", Campo "TIPO": Campo em duplicidade: TIPO)"_t},
+        {"<Campo"_t, "<!-- c --><Campo"_t, R"(Registro "A", Campo: há um nó que não é elemento)"_t},
+        {"<Registro"_t, "<!-- c --><Registro"_t, "Registro: há um nó que não é elemento"_t},
+        {"</Registro>"_t, {}, "não é XML (byte 290)"_t},
+        {boa, grande, "arquivo grande demais"_t},
+        {"</ArquivoRemessa>"_t, "</ArquivoRemessa><ArquivoRemessa/>"_t, "há mais de uma raiz"_t},
+        {declaracao, R"(<!DOCTYPE a [<!ENTITY e SYSTEM "file:///etc/passwd">]>)"_t, "DOCTYPE não é permitido"_t},
     };
     for (const auto& [de, para, esperada] : casos)
-        EXPECT_EQ(carregar(trocar(boa, de, para)).falha, junta("1 ArquivoRemessaBD: Leiaute inválido: "_t, esperada));
-    EXPECT_EQ(carregar(trocar(boa, "</Arq", registro + "</Arq")).falha,
-              "457 ArquivoRemessa: Registro em duplicidade: A");
-    EXPECT_EQ(
-        carregar(trocar(boa, "/>\n  </R", junta(">", niveis(14, "<a>"), niveis(14, "</a>"), "</Campo></R"))).falha, "");
-    EXPECT_TRUE(carregar(declaracao + niveis(300'000, "<a>"))
-                    .falha.starts_with("1 ArquivoRemessaBD: Leiaute inválido: não é XML"_t));
+        EXPECT_EQ(Mundo(trocar(boa, de, para)).falha(), junta("1 ArquivoRemessaBD: Leiaute inválido: "_t, esperada));
+    constexpr VistaTexto outroA =
+        R"(<R Nome="a" Tamanho="1" Identificador="c"><c Nome="c" Tipo="S" Tamanho="1" Formato="" Decimais="0"/></R>)"_t;
+    EXPECT_EQ(Mundo(trocar(boa, "</Arq"_t, junta(outroA, "</Arq"_t))).falha(),
+              "457 ArquivoRemessa: Registro em duplicidade: a"_t);
+    constexpr VistaTexto demais = "1 ArquivoRemessaBD: Leiaute inválido: elementos em níveis demais"_t;
+    for (const auto& [quantos, esperada] : {std::pair(14, ""_t), {15, demais}, {100'000, demais}})
+        EXPECT_EQ(Mundo(trocar(boa, "/>\n  </R"_t, junta(">"_t, niveis(quantos), "</Campo></R"_t))).falha(), esperada);
 }
 
 } // namespace

@@ -6,9 +6,9 @@
 namespace quilatador::testes {
 
 struct Definicao {
-    const char* natureza;
+    VistaTexto natureza;
     std::int16_t tamanho = 0;
-    const char* formato = "";
+    VistaTexto formato = {};
     std::uint8_t decimais = 0;
     std::uint8_t alinhamento = 0;
 };
@@ -16,9 +16,9 @@ struct Definicao {
 inline CampoRemessa campo(VistaTexto nome, const Definicao& definicao, Valor valor = Valor::Nulo()) {
     CampoRemessa novo;
     novo.nome(Texto(nome));
-    novo.natureza(definicao.natureza);
+    novo.natureza(Texto(definicao.natureza));
     novo.Tamanho(definicao.tamanho);
-    novo.formato(definicao.formato);
+    novo.formato(Texto(definicao.formato));
     novo.numeroDecimais(definicao.decimais);
     novo.alinhamento(definicao.alinhamento);
     novo.Valor(std::move(valor));
@@ -26,15 +26,15 @@ inline CampoRemessa campo(VistaTexto nome, const Definicao& definicao, Valor val
 }
 
 /// A record type of 16 characters, told by its first: "B" + number (3) + date (8) + text (4).
-inline RegistroRemessa registro(VistaTexto letra = "B") {
+inline RegistroRemessa registro(VistaTexto letra = "B"_t) {
     RegistroRemessa novo;
     novo.nome(Texto(letra));
     novo.Tamanho(16);
-    novo.identificador("Tipo");
-    novo.add(campo("Tipo", {.natureza = "S", .tamanho = 1}, letra));
-    novo.add(campo("Numero", {.natureza = "N", .tamanho = 3}));
-    novo.add(campo("Data", {.natureza = "D", .tamanho = 8, .formato = "AAAAMMDD"}));
-    novo.add(campo("Texto", {.natureza = "S", .tamanho = 4}));
+    novo.identificador(Texto("Tipo"_t));
+    novo.add(campo("Tipo"_t, {.natureza = "S"_t, .tamanho = 1}, letra));
+    novo.add(campo("Numero"_t, {.natureza = "N"_t, .tamanho = 3}));
+    novo.add(campo("Data"_t, {.natureza = "D"_t, .tamanho = 8, .formato = "AAAAMMDD"_t}));
+    novo.add(campo("Texto"_t, {.natureza = "S"_t, .tamanho = 4}));
     return novo;
 }
 

@@ -38,7 +38,7 @@ TEST_P(Exemplo, daOLogEOJsonEsperados) {
          {std::pair(fs::path("/programa/Arquivo_ZUL702.xml"), fs::path(QUILATADOR_LEIAUTE)),
           std::pair(fs::path("/programa/TabelaErrosZUL.mdb"), fs::path(QUILATADOR_TABELAS)),
           std::pair(analisado, entrada)})
-        mundo.arquivos.conteudo[nome] = textoDosBytes(lerTudo(origem));
+        mundo.arquivos.conteudo[nome] = lerTexto(origem);
     std::vector<std::string> argumentos = palavras(lerTudo(GetParam() / "opcoes.txt"));
     argumentos.insert(argumentos.end(), {"--json", analisado.string()});
     std::ostringstream json;

@@ -26,10 +26,10 @@ struct Variacao {
     std::string nome;
     std::vector<std::pair<std::string, std::string>> linhas; ///< operation on records, and on which
     std::vector<Troca> trocas;
-    std::vector<std::pair<std::string, std::string>> leiaute; ///< text of the description, and what takes its place
+    std::vector<std::pair<Texto, Texto>> leiaute; ///< text of the description, and what takes its place
     Texto convenio;
     std::int16_t posicaoDaData = 0;
-    Texto esperado; ///< "id | line", each ended by a line feed
+    std::string esperado; ///< "id | line", each ended by a line feed
 
     friend void PrintTo(const Variacao& variacao, std::ostream* saida) { *saida << variacao.nome; }
 };
@@ -45,7 +45,8 @@ Troca lerTroca(const std::string& linha) {
     const std::size_t ponto = linha.find('.');
     const auto [letra, vez] = lerAlvo(linha.substr(0, ponto));
     const std::string valor = linha.size() > igual + 3 ? linha.substr(igual + 3) : std::string();
-    return {letra, static_cast<std::size_t>(vez), linha.substr(ponto + 1, igual - ponto - 1), textoDeUtf8(valor)};
+    const std::string campo = linha.substr(ponto + 1, igual - ponto - 1);
+    return {letra, static_cast<std::size_t>(vez), textoDeUtf8(campo), textoDeUtf8(valor)};
 }
 
 std::vector<Variacao> lerVariacoes() {
@@ -56,15 +57,16 @@ std::vector<Variacao> lerVariacoes() {
         if (linha[0] == '[') {
             variacoes.emplace_back().nome = linha.substr(1, linha.size() - 2);
         } else if (linha.find(" | ") != std::string::npos) {
-            variacoes.back().esperado += textoDeUtf8(linha) + "\n";
+            variacoes.back().esperado += linha + "\n";
         } else if (linha.starts_with("remover ") || linha.starts_with("repetir ") || linha.starts_with("cortar ")) {
             const std::size_t branco = linha.find(' ');
             variacoes.back().linhas.emplace_back(linha.substr(0, branco), linha.substr(branco + 1));
         } else if (linha.starts_with("leiaute ")) {
             const std::size_t seta = linha.find(" => ");
-            variacoes.back().leiaute.emplace_back(linha.substr(8, seta - 8), linha.substr(seta + 4));
+            variacoes.back().leiaute.emplace_back(textoDosBytes(linha.substr(8, seta - 8)),
+                                                  textoDosBytes(linha.substr(seta + 4)));
         } else if (linha.starts_with("convenio ")) {
-            variacoes.back().convenio = linha.substr(9);
+            variacoes.back().convenio = textoDeUtf8(linha.substr(9));
         } else if (linha.starts_with("data ")) {
             variacoes.back().posicaoDaData = static_cast<std::int16_t>(std::stoi(linha.substr(5)));
         } else {
@@ -80,7 +82,7 @@ class Remessa {
     explicit Remessa(const ArquivoRemessa& leiaute) : leiaute_(leiaute) {
         std::istringstream texto(lerTudo(QUILATADOR_SAMPLES "/remessa-valida/remessa.rem"));
         for (std::string linha; std::getline(texto, linha, '\r'); texto.ignore(1))
-            linhas_.push_back(linha);
+            linhas_.emplace_back(textoDosBytes(linha));
     }
 
     void mudar(const Variacao& variacao) {
@@ -97,7 +99,7 @@ class Remessa {
     [[nodiscard]] Texto texto() const {
         Texto texto;
         for (const Texto& linha : linhas_)
-            texto += linha + "\r\n";
+            texto += junta(linha, "\r\n"_t);
         return texto;
     }
 
@@ -148,9 +150,10 @@ class Remessa {
 Texto achadosComoTexto(const RelatorMemoria& relator) {
     Texto texto;
     for (const Achado& achado : relator.achados) {
-        texto += junta(achado.id, " | ");
-        if (achado.gravidade == Gravidade::Erro) texto += junta("** ERRO -> Linha ", comZeros(achado.linha, 6), " - ");
-        texto += junta(achado.mensagem, "\n");
+        texto += junta(achado.id, " | "_t);
+        if (achado.gravidade == Gravidade::Erro)
+            texto += junta("** ERRO -> Linha "_t, comZeros(achado.linha, 6), " - "_t);
+        texto += junta(achado.mensagem, "\n"_t);
     }
     const Resumo& resumo = relator.resumos.back();
     const bool contada = !relator.achados.empty() && relator.achados.back().mensagem == resumo.descricao;
@@ -170,15 +173,13 @@ bool lugarCerto(const Achado& achado, VistaTexto arquivo) {
 
 class Variacoes : public testing::TestWithParam<Variacao> {
   protected:
-    Variacoes() {
-        mundo_.arquivos.conteudo["/programa/Arquivo_ZUL702.xml"] = textoDosBytes(lerTudo(QUILATADOR_LEIAUTE));
-    }
+    Variacoes() { mundo_.arquivos.conteudo["/programa/Arquivo_ZUL702.xml"] = lerTexto(QUILATADOR_LEIAUTE); }
 
     Texto depurar(const Variacao& variacao) {
         Texto& descricao = mundo_.arquivos.conteudo["/programa/Arquivo_ZUL702.xml"];
         for (const auto& [antes, depois] : variacao.leiaute) {
             const std::size_t lugar = descricao.find(antes);
-            if (lugar == Texto::npos) return "the layout has no such text: " + antes;
+            if (lugar == Texto::npos) return junta("the layout has no such text: "_t, antes);
             descricao.replace(lugar, antes.size(), depois);
         }
         const auto leiaute =
@@ -203,7 +204,7 @@ class Variacoes : public testing::TestWithParam<Variacao> {
 
 TEST_P(Variacoes, achaIstoENadaMais) {
     const Texto achado = depurar(GetParam());
-    EXPECT_EQ(diferenca(utf8DeTexto(achado), utf8DeTexto(GetParam().esperado)), "");
+    EXPECT_EQ(diferenca(utf8DeTexto(achado), GetParam().esperado), "");
     for (const Achado& um : relator_.achados)
         EXPECT_TRUE(lugarCerto(um, mundo_.arquivos.conteudo["/r.rem"])) << um.id;
     const Resumo& resumo = relator_.resumos.back();
