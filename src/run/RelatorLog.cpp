@@ -3,7 +3,7 @@
 namespace quilatador {
 
 namespace {
-/// Room for what the line that fills a block has beyond it.
+/// Room for the part of a line that goes beyond the block that it fills.
 constexpr std::size_t folga = 64 * 1024;
 } // namespace
 
@@ -30,7 +30,7 @@ void RelatorLog::escrever(const Pedacos&... pedacos) {
     terminar(caneta);
 }
 
-void RelatorLog::resumo(const Resumo&) {} // the run's own plain lines are the log's summary
+void RelatorLog::resumo(const Resumo&) {} // the log's summary consists of plain lines of the run
 
 void RelatorLog::gravarBlocos() {
     while (pendente_.texto().size() >= bloco) {
