@@ -23,7 +23,7 @@ class Analise {
     [[nodiscard]] virtual Desfecho analisar() = 0;
     /// The state of the file that is open now, or nothing when none is open.
     [[nodiscard]] virtual std::optional<VersaoDoArquivo> versaoDaEntrada() const noexcept = 0;
-    /// Closes the file; called at least once, whatever happened before.
+    /// Closes the file. It is called at least once, whatever happened before.
     virtual void fecharEntrada() noexcept = 0;
 };
 

@@ -19,8 +19,7 @@ enum class Desfecho {
 /// The result of a run in numbers.
 struct Resumo {
     Desfecho desfecho = Desfecho::Concluida;
-    std::int32_t totalErros =
-        0; ///< number of errors written; for a print return (ZUL708), number of records with an occurrence
+    std::int32_t totalErros = 0; ///< errors written; in a print return (ZUL708), records with an occurrence
     std::int32_t totalRegistros = 0;
     std::int32_t guiasDepuradas = 0;
     std::int32_t guiasAceitas = 0;

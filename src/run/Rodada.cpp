@@ -109,9 +109,7 @@ Desfecho Rodada::percorrer(Analise& analise) {
         if (alterada(analise.versaoDaEntrada())) return naoCompletar(Desfecho::NaoRodou, arquivoAlterado);
         return naoCompletar(falha.doAmbiente() ? Desfecho::NaoRodou : Desfecho::Falhou, falha.descricao());
     } catch (const std::bad_alloc&) {
-        return naoCompletar(
-            Desfecho::NaoRodou,
-            memoriaInsuficiente); // the memory of the analysis is free again, so that there is room to write this
+        return naoCompletar(Desfecho::NaoRodou, memoriaInsuficiente); // the analysis has freed its memory
     }
 }
 

@@ -30,8 +30,8 @@ struct PedidoDeRodada {
 /// when the run is cancelled or the file is changed by somebody else, and handles every way in which a run can end.
 ///
 /// Order of use: create it, which resets `cancelado`, and call `executar` once. During that call the analysis and its
-/// checks write through this object. Outside that call there is no log, and findings reach only the listeners; so a
-/// check can be run on any single record.
+/// checks write through this object. Outside that call there is no log, and what is written reaches only the
+/// listeners; so a check can be run on any single record.
 class Rodada {
   public:
     /// `cancelado` belongs to the caller, who sets it to stop the run, even from another thread or a signal handler. It
