@@ -23,9 +23,8 @@ struct FormatoJet {
     std::size_t cabecalhoCifrado; ///< length of the ciphered part of page 0, which starts at `inicioCifrado`
     std::size_t senha;            ///< length of the password in bytes
 
-    std::size_t contagemDeLinhas; ///< data page: place of the number of rows; their positions follow, two bytes each
-    std::size_t
-        larguraDaContagem; ///< bytes of each count and position in a row, of the length of a name, and of a character
+    std::size_t contagemDeLinhas;  ///< data page: place of the number of rows; their positions follow, two bytes each
+    std::size_t larguraDaContagem; ///< bytes of a count or position in a row, of a name's length, and of a character
 
     std::size_t colunasVariaveis; ///< definition: position of the number of columns of variable length
     std::size_t colunas;
