@@ -57,8 +57,10 @@ class Bloco {
         char* const lugar = bytes_.get() + tamanho_;
         return {lugar, lugar + bytes};
     }
+    /// Adds to the block what the pen has written.
     void terminar(const Caneta& caneta) noexcept { tamanho_ = static_cast<std::size_t>(caneta.lugar_ - bytes_.get()); }
 
+    /// Everything in the block, valid until the block changes.
     [[nodiscard]] VistaTexto texto() const noexcept { return {bytes_.get(), tamanho_}; }
     /// Removes the first `bytes`, which must not be more than the block has. The memory stays reserved.
     void descartar(std::size_t bytes) noexcept;

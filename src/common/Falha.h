@@ -34,9 +34,10 @@ inline constexpr int bancoDeDados = 3000;
 /// log. Faults in the data under check are findings (`Achado`), not failures.
 class Falha : public std::exception {
   public:
-    /// `numero` is one of `numeroDeFalha` or of the numbers of the database, `fonte` the class that raises the failure.
+    /// `numero` is one of `numeroDeFalha` or, from 3000, of the database; `fonte` is the class that raises the failure.
     Falha(int numero, VistaTexto fonte, VistaTexto descricao);
 
+    /// The number of the failure, by which callers tell one kind from another.
     [[nodiscard]] int numero() const noexcept { return numero_; }
     /// The class that raised the failure, or "Gravacao" for a file.
     [[nodiscard]] const Texto& fonte() const noexcept { return fonte_; }

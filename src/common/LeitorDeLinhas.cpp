@@ -76,7 +76,7 @@ std::size_t LeitorDeLinhas::procurarFim(std::size_t desde) const noexcept {
                                     bloco_.get());
 }
 
-/// Reads the next block behind the bytes that have not been returned yet, which are fewer than `maiorLinha`. Returns
+/// Appends the next block to the bytes that have not been returned yet, which are fewer than `maiorLinha`. Returns
 /// false at the end of the file.
 bool LeitorDeLinhas::encher() {
     if (acabou_) return false;

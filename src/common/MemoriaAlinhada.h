@@ -9,6 +9,7 @@ namespace quilatador {
 /// Size of a memory page in bytes. The system copies faster between a file and memory that starts at a page boundary.
 inline constexpr std::size_t tamanhoDaPagina = 4096;
 
+/// Releases memory that `reservarMemoria` has reserved.
 struct SoltarMemoria {
     void operator()(char* bytes) const noexcept { ::operator delete[](bytes, std::align_val_t{tamanhoDaPagina}); }
 };

@@ -29,6 +29,7 @@ class Valor {
     Valor(int numero) : conteudo_(static_cast<double>(numero)) {}
     Valor(const Data& data) : conteudo_(data) {}
 
+    /// Whether the value is empty or null; it is never both.
     [[nodiscard]] bool vazio() const noexcept { return std::holds_alternative<std::monostate>(conteudo_); }
     [[nodiscard]] bool nulo() const noexcept { return std::holds_alternative<Nulo>(conteudo_); }
     /// A pointer to the content when it is of the kind asked for, and a null pointer otherwise.

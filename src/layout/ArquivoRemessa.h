@@ -71,6 +71,7 @@ class ArquivoRemessa {
     /// Counts the record and writes its line in capitals without accents, followed by CR LF. Raises `Falha` 52 when no
     /// file is open for writing.
     void addRegistro(RegistroRemessa& registro);
+    /// Writes several records in the given order, each as `addRegistro` does.
     void addRegistros(std::span<RegistroRemessa*> registros);
 
   private:

@@ -34,6 +34,7 @@ class RegistroRemessa {
     /// The layout that owns the record, or null when it belongs to none.
     [[nodiscard]] const quilatador::ArquivoRemessa* ArquivoRemessa() const noexcept { return arquivo_; }
     void ArquivoRemessa(const quilatador::ArquivoRemessa* arquivo) noexcept { arquivo_ = arquivo; }
+    /// The name of the record type, which is unique in its layout.
     [[nodiscard]] const Texto& nome() const noexcept { return nome_; }
     void nome(Texto nome) { nome_ = std::move(nome); }
     /// The sum of the widths of the fields added so far.
@@ -62,6 +63,7 @@ class RegistroRemessa {
     /// The text of a field as it is in the line, with its blanks and without any check. In an eager record it is the
     /// text generated from the value.
     [[nodiscard]] Texto getValorCampoString(VistaTexto nomeCampo) const;
+    /// Stores the value of a field, or returns the field itself. Raises `Falha` 5 when the record has no such field.
     void setValorCampo(VistaTexto nomeCampo, Valor valor);
     [[nodiscard]] const CampoRemessa& obterCampo(VistaTexto nomeCampo) const;
     /// Always 0, because the operation was never completed; nothing may depend on it. Kept on purpose.

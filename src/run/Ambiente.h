@@ -20,6 +20,7 @@ struct Ambiente {
     Arquivos& arquivos;
     std::filesystem::path pastaDoPrograma; ///< folder of the layout description, the database and the help
 
+    /// The files of the program that a run reads: the layout description of a ZUL702, and the code tables.
     [[nodiscard]] std::filesystem::path leiaute() const { return pastaDoPrograma / "Arquivo_ZUL702.xml"; }
     [[nodiscard]] std::filesystem::path bancoDeDados() const { return pastaDoPrograma / "TabelaErrosZUL.mdb"; }
 };

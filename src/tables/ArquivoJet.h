@@ -29,6 +29,7 @@ class ArquivoJet {
     explicit ArquivoJet(std::string bytes);
 
     [[nodiscard]] const FormatoJet& formato() const noexcept { return *formato_; }
+    /// The size of the file in bytes.
     [[nodiscard]] std::size_t tamanho() const noexcept { return bytes_.size(); }
     /// The password of the database, or "" when it has none.
     [[nodiscard]] const Texto& senha() const noexcept { return senha_; }
