@@ -1,4 +1,5 @@
-// The kernels of a run, each on generated input: lines per second are the figure to look at. Not run by the tests.
+// Measures the innermost functions of a run on generated input. The figure to look at is lines per second. The tests do
+// not run this program.
 #include "cli/PainelDoTerminal.h"
 #include "common/DV.h"
 #include "common/Falha.h"
@@ -36,14 +37,14 @@ class EntradaEmMemoria final : public ArquivoEntrada {
     std::string_view resto_;
 };
 
-/// Takes what is written and keeps nothing.
+/// Accepts what is written and discards it.
 class SaidaPerdida final : public ArquivoSaida {
   public:
     void escrever(std::string_view bytes) override { benchmark::DoNotOptimize(bytes.data()); }
     void fechar() override {}
 };
 
-/// One input in memory; whatever else is read comes from the disk.
+/// Serves one input from memory; all other files are read from the disk.
 class ArquivosDaMedida final : public Arquivos {
   public:
     explicit ArquivosDaMedida(std::string_view entrada) : entrada_(entrada) {}
@@ -72,7 +73,7 @@ class LancadorParado final : public Lancador {
     void abrirDocumento(const std::filesystem::path&) override {}
 };
 
-/// All that a run needs, without screen and disk.
+/// Everything that a run needs, without a screen and without a log on the disk.
 struct Mundo {
     explicit Mundo(std::string_view entrada) : arquivos(entrada) {}
 
@@ -163,7 +164,7 @@ void digitosVerificadores(benchmark::State& estado) {
 }
 BENCHMARK(digitosVerificadores);
 
-/// A remittance of one slip is nearly all definition and slip checks.
+/// In a remittance with one slip, nearly all the time goes into the checks of the definitions and of the slip.
 void umaGuia(benchmark::State& estado) {
     const std::string entrada = gerado(gerador::Tipo::ZUL702, gerador::menorRemessa);
     Mundo mundo(entrada);

@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
-# Measures this program against a yardstick, or against another build of itself, as medians of side-by-side pairs.
+# Measures this program against a yardstick or against another build of itself. The two sides run in turn, in pairs,
+# and the result is the median of all pairs.
 #
 #   benchmarks/compare.sh [PARES]                   prints the table of docs/performance.md (yardstick: regua.cpp)
-#   benchmarks/compare.sh --com OUTRO_BIN [PARES]   prints how many times the other build's time this one takes
+#   benchmarks/compare.sh --com OUTRO_BIN [PARES]   prints the time of this build divided by that of the other
 #
-# PARES, the number of pairs, is 15 unless given. OUTRO_BIN is the folder of the other build's quilatador-cli, with its
-# layout description and code tables beside it. Builds what it needs under build/, and writes its files (about 1.5 GB)
-# to a temporary folder.
+# PARES is the number of pairs, by default 15. OUTRO_BIN is the folder that has the other build's quilatador-cli, its
+# layout description and its code tables. The script builds what it needs under build/ and writes its files (about
+# 1.5 GB) to a temporary folder.
 set -euo pipefail
 
 raiz=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
@@ -36,12 +37,12 @@ cd "$pasta"
 "$bin/gerarRemessa" --registros 10000 pequena.rem >/dev/null
 "$bin/gerarRemessa" --tipo ZUL708 --registros 999999 impressao.ret >/dev/null
 "$bin/gerarRemessa" --tipo TAV001 --registros 1000000 liquidacao.ret >/dev/null
-# An accented letter in a blank place of every record.
+# Each record gets an accented letter in a blank place, and so a finding.
 LC_ALL=C sed 's/^\(.\{228\}\)./\1\xC9/' grande.rem >acentos.rem
 
 em_turnos() { "$bin/emTurnos" "$pares" "$1" "$2"; }
 analise() { echo "$1/quilatador-cli -q --log $2.log $3"; } # folder of the program, name of the log, input
-sem_log_antigo() { echo "sh -c 'rm -f $1.log; exec $2'"; } # so that what was there before costs neither side
+sem_log_antigo() { echo "sh -c 'rm -f $1.log; exec $2'"; } # otherwise replacing the old log would cost time
 
 com_outro() {
     linha() { # what, input

@@ -1,7 +1,7 @@
-// Runs two commands in turn and prints how they compare: the median of the ratios, pair by pair, of wall and processor
-// time, and the peak memory of each. Times of a single run mean little on a machine that does other things.
+// Runs two commands in turn and compares them: it prints the median, over all pairs of runs, of the ratio of their wall
+// and processor times, and the peak memory of each. On a machine that also does other things, a single run says little.
 //
-//   emTurnos PAIRS COMMAND-A COMMAND-B     commands as the shell takes them
+//   emTurnos PAIRS COMMAND-A COMMAND-B     each command is one argument and goes to the shell
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -15,9 +15,9 @@
 namespace {
 
 struct Medida {
-    double parede; ///< seconds
+    double parede; ///< in seconds
     double processador;
-    double memoria; ///< peak, MiB
+    double memoria; ///< peak, in MiB
 };
 
 double segundos(const timeval& tempo) {
@@ -58,7 +58,7 @@ int main(int argc, char** argv) {
     std::vector<double> processador;
     double memoriaA = 0;
     double memoriaB = 0;
-    medir(argv[2]); // warms the page cache
+    medir(argv[2]); // fills the page cache
     medir(argv[3]);
     for (int par = 0; par < std::atoi(argv[1]); ++par) {
         const Medida a = medir(argv[2]);

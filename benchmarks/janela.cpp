@@ -1,6 +1,6 @@
-// Analyses one remittance in turn in an open window and by the command line, both in this process, so that neither
-// pays for the other's start, and prints the median of the ratios of wall and processor time, pair by pair. Run it with
-// QT_QPA_PLATFORM=offscreen.
+// Analyses one remittance in turn in an open window and through the command line, both within this process, so that
+// the start of a program does not count. It prints the median, over all pairs of runs, of the ratio of their wall and
+// processor times. Run it with QT_QPA_PLATFORM=offscreen.
 //
 //   janela PAIRS REMITTANCE
 #include "cli/Programa.h"
@@ -33,7 +33,7 @@ class LancadorParado final : public Lancador {
     void abrirDocumento(const std::filesystem::path&) override {}
 };
 
-/// Nobody is there to close a message box.
+/// Message boxes are not shown, since nobody is there to close them.
 class DialogosCalados final : public Dialogos {
   public:
     void mensagem(QWidget&, const Mensagem&) override {}
@@ -44,7 +44,7 @@ class DialogosCalados final : public Dialogos {
 };
 
 struct Tempos {
-    double parede; ///< seconds
+    double parede; ///< in seconds
     double processador;
 };
 
@@ -113,7 +113,7 @@ int main(int argc, char** argv) {
             std::fprintf(stderr, "janela: the two logs differ\n");
             return 2;
         }
-        if (par == 0) continue; // the first pair warms up
+        if (par == 0) continue; // the first pair only warms up
         parede.push_back(janelaAberta.parede / comando.parede);
         processador.push_back(janelaAberta.processador / comando.processador);
     }

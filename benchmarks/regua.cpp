@@ -1,13 +1,13 @@
-// The yardstick of compare.sh: the least work that still does the job, a program to be measured against. It is no
-// implementation of anything: messages and the order of the records are stand-ins, and an unexpected line only has to
-// be survived, not explained.
+// The yardstick of compare.sh: a program that does the least work that the job could need, so that others can be
+// measured against it. It implements no real check: its messages and its order of the records are placeholders, and it
+// only has to survive an unexpected line, not to explain it.
 //
-//   regua conferir FILE LOG    two passes over a file: order of the letters, columns 2 to 7 and 235 to 240 of each
-//                              line; then special characters, and what each line's letter is
-//   regua gravar BYTES FILE    writes so many bytes from memory
+//   regua conferir FILE LOG    makes two passes over a file: first the order of the letters and columns 2 to 7 and
+//                              235 to 240 of each line, then special characters and the letter of each line
+//   regua gravar BYTES FILE    writes that many bytes from memory
 //
-// It reads into and writes from one fixed buffer in pieces of 1 MiB, so that memory does not depend on the file's size.
-// What it found is printed on the standard error, so that a run can be checked.
+// It reads and writes through one fixed buffer in pieces of 1 MiB, so that its memory does not depend on the size of
+// the file. It prints what it found on the standard error, so that a run can be checked.
 #include <array>
 #include <cstdint>
 #include <cstdio>
@@ -22,7 +22,7 @@ namespace {
 constexpr std::size_t larguraDaLinha = 240;
 constexpr std::size_t tamanhoDoBloco = 1024 * 1024;
 constexpr std::size_t tamanhoDaPagina = 4096;
-/// Room behind a block of output for what one line adds.
+/// Extra room after a block of output, for the line that goes beyond its end.
 constexpr std::size_t folga = 8192;
 
 using Byte = unsigned char;
@@ -32,7 +32,7 @@ using Byte = unsigned char;
     std::exit(2);
 }
 
-/// A block of memory that begins a page.
+/// A block of memory that starts at a page boundary.
 template <typename Caractere>
 Caractere* reservar(std::size_t bytes) {
     auto* memoria = static_cast<Caractere*>(std::aligned_alloc(tamanhoDaPagina, bytes));
@@ -65,7 +65,7 @@ class Entrada {
         if (lseek(arquivo_, 0, SEEK_SET) != 0) desistir("lseek");
     }
 
-    /// Calls `tratar(line, length)` for each line, without its CR LF. One longer than the buffer comes in pieces.
+    /// Calls `tratar(line, length)` for each line, without its CR LF. A line longer than the buffer arrives in pieces.
     template <typename Tratamento>
     void linhas(Tratamento tratar) {
         std::size_t guardados = 0;
@@ -112,7 +112,7 @@ class Saida {
         if (close(arquivo_) != 0) desistir("close");
     }
 
-    /// Makes room for a line.
+    /// Makes sure that a whole line fits into the buffer.
     void comecarLinha() {
         if (static_cast<std::size_t>(lugar_ - bloco_) < tamanhoDoBloco) return;
         gravarTudo(arquivo_, bloco_, tamanhoDoBloco);
@@ -146,7 +146,7 @@ constexpr std::array<bool, 256> especiais = [] {
     return tabela;
 }();
 
-/// Which letter may follow which.
+/// The letters that may follow each letter.
 constexpr auto sucessoes = [] {
     std::array<std::array<bool, 256>, 256> tabela{};
     const auto permitir = [&](char antes, char depois) {
@@ -164,9 +164,9 @@ constexpr auto sucessoes = [] {
     return tabela;
 }();
 
-/// Whether a line may have a special character, many characters at a time.
+/// Whether a line may have a special character. The loop has no branch, so that many characters are tested at a time.
 bool suspeita(const Byte* linha, std::size_t tamanho) {
-    Byte algum = 0; // no wider than a character: the compiler then takes sixteen at a time
+    Byte algum = 0; // as narrow as a character, so that the compiler processes sixteen at a time
     for (std::size_t i = 0; i < tamanho; ++i)
         algum = static_cast<Byte>(algum | linha[i] | (linha[i] == '&' ? 0x80u : 0u));
     return (algum & 0x80u) != 0;
@@ -197,7 +197,7 @@ class Conferencia {
 
     void conteudo(const Byte* linha, std::size_t tamanho) {
         ++linha_;
-        ++letras_[tamanho > 0 ? linha[0] : 0]; // where the check of the record's letter would be called
+        ++letras_[tamanho > 0 ? linha[0] : 0]; // stands in for the check of the record
         if (!suspeita(linha, tamanho)) return;
         for (std::size_t i = 0; i < tamanho; ++i)
             if (especiais[linha[i]]) achar("caractere especial na coluna ", i + 1);

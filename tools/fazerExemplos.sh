@@ -1,5 +1,5 @@
 #!/bin/sh
-# Writes the inputs below samples/ anew. A deliberate act: look at the difference before it is committed.
+# Generates the input files below samples/ again. Do this only on purpose, and read the diff before you commit it.
 #
 #   tools/fazerExemplos.sh PATH-TO-gerarRemessa
 set -eu

@@ -1,7 +1,7 @@
-# shellcheck shell=bash disable=SC2034 # the lists are for the scripts that source this file
+# shellcheck shell=bash disable=SC2034 # the scripts that source this file use the lists
 #
-# Sourced by run.sh and test.sh: what the build needs of the machine, and how to build without noise.
-# Nothing is done twice: packages that are there are left alone, and only what changed is built.
+# The scripts run.sh, test.sh and tools/vigiar.sh source this file. It lists the packages that the build needs, installs
+# those that are missing, and builds what has changed without needless output.
 
 pacotes_da_compilacao=(
     g++ cmake ninja-build
@@ -16,7 +16,7 @@ avisar() {
     printf '%s\n' "$*" >&2
 }
 
-# Runs a command without its output, which is shown only where it fails.
+# Runs a command and shows its output only if the command fails.
 calado() {
     local saida estado=0
     saida=$(mktemp)
@@ -26,7 +26,7 @@ calado() {
     return "$estado"
 }
 
-# Those of the packages given that the machine lacks.
+# Prints those of the given packages that are not installed.
 faltantes() {
     local instalados pacote
     instalados=$(dpkg-query -W -f '${Package} ${db:Status-Status}\n' "$@" 2>/dev/null || true)
@@ -35,7 +35,7 @@ faltantes() {
     done
 }
 
-# Installs what is missing of the packages given. On a system that is no Debian it only says what is needed.
+# Installs those of the given packages that are missing. On a system without apt it only says what is needed.
 instalar() {
     if ! { command -v dpkg-query && command -v apt-get; } >/dev/null; then
         avisar "Este sistema não tem apt: instale o equivalente destes pacotes do Debian 12: $*"
@@ -58,7 +58,7 @@ instalar() {
         apt-get install -y --no-install-recommends "${faltam[@]}"
 }
 
-# Configures a preset, with the options given, and builds it.
+# Configures and builds a preset: construir PRESET [OPTION]...
 construir() {
     local preset=$1
     shift

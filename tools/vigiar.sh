@@ -1,20 +1,20 @@
 #!/usr/bin/env bash
-# Watches what the tests alone do not see, one job after the other or those that are named:
+# Looks for problems that the tests alone do not show. It runs the named jobs, or all of them one after the other:
 #
 #   tools/vigiar.sh [formato|sanitizadores|analise|fuzz|cobertura]...
 #
-#   formato        clang-format over every source: a difference fails
-#   sanitizadores  every test, the window's too, under the address and undefined-behaviour sanitizers
+#   formato        clang-format over every source; any difference is a failure
+#   sanitizadores  all tests, also those of the window, with the address and undefined-behaviour sanitizers
 #   analise        clang-tidy and cppcheck over every source
-#   fuzz           every fuzz target for a short time (FUZZ_SECONDS, 30)
-#   cobertura      the branch coverage of the core
+#   fuzz           every fuzz target for a short time (FUZZ_SECONDS, by default 30)
+#   cobertura      the share of the core's branches that the tests take
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/preparar.sh"
 
 pacotes_da_vigia=(clang clang-format libclang-rt-14-dev clang-tidy cppcheck llvm-14)
 export QT_QPA_PLATFORM=offscreen
 
-# Runs the tests of a preset; only their end is shown, or all where one fails.
+# Runs the tests of a preset and shows only their summary, or all the output when a test fails.
 testar() {
     local registro=$raiz/build/$1/testes.txt
     ctest --preset "$1" --output-log "$registro" >/dev/null 2>&1 || { cat "$registro"; return 1; }
@@ -31,8 +31,8 @@ sanitizadores() {
     testar asan
 }
 
-# Sources are analysed as the tested build compiles them. What clang-tidy only warns of leaves its status at 0; a source
-# that it cannot read, or that makes it crash, does not.
+# The sources are analysed with the options of a build with tests. The exit status of clang-tidy is 0 even when it
+# warns, so that its output has to be searched; a crash or an unreadable source does change the status.
 analise() {
     construir release -DQUILATADOR_TESTS=ON
     local registro=build/release/analise.txt estado=0
@@ -41,7 +41,7 @@ analise() {
         --suppress='*:*_autogen*' || estado=1
     run-clang-tidy -quiet -p build/release "^$raiz/(src|tools|tests|fuzz)/" >"$registro" 2>&1 || estado=1
     sed -i 's/\x1b\[[0-9;]*m//g' "$registro"
-    # 'expr-type' is a name of the checker's own
+    # a message about 'expr-type' concerns clang-tidy itself, not our sources
     if grep -E '(warning|error): |Stack dump|not found' "$registro" | grep -v "'expr-type'" | sort -u; then estado=1; fi
     ((estado == 0)) || return 1
     echo "clang-tidy and cppcheck: no finding in $(grep -c '^clang-tidy' "$registro") sources"

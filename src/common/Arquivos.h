@@ -11,51 +11,54 @@
 
 namespace quilatador {
 
-/// What tells one state of a file from another: two are equal as long as nobody changes or replaces the file.
+/// Identifies one state of a file. Two versions are equal as long as nobody changes or replaces the file between them.
 struct VersaoDoArquivo {
-    std::uint64_t arquivo = 0;   ///< which one, whatever its name is now
-    std::uint64_t tamanho = 0;   ///< bytes
-    std::int64_t modificado = 0; ///< when it was last changed, as finely as the system tells
+    std::uint64_t arquivo = 0;   ///< identity of the file, which stays when it is renamed
+    std::uint64_t tamanho = 0;   ///< size in bytes
+    std::int64_t modificado = 0; ///< time of the last change, in the finest unit that the system offers
 
     bool operator==(const VersaoDoArquivo&) const = default;
 };
 
-/// An open file to read from its start to its end; closed when destroyed.
+/// A file that is open for reading, from its start to its end. The destructor closes it.
 class ArquivoEntrada {
   public:
     virtual ~ArquivoEntrada() = default;
-    /// The state in which the file is now; always the same for what cannot change.
+    /// The state of the file at this moment. A source that cannot change always gives the same value.
     [[nodiscard]] virtual VersaoDoArquivo versao() const noexcept { return {}; }
-    /// Reads as many bytes as fit, or as are left: 0 at the end of the file. `Falha` 57 where the device fails.
+    /// Reads as many bytes as fit into `destino`, or as many as are left, and returns their number: 0 at the end of the
+    /// file. Raises `Falha` 57 when the device fails.
     [[nodiscard]] virtual std::size_t ler(std::span<char> destino) = 0;
 };
 
-/// An open file to write.
+/// A file that is open for writing. Write with `escrever`, then call `fechar` to learn whether everything was stored.
 class ArquivoSaida {
   public:
     virtual ~ArquivoSaida() = default;
-    /// Writes all of it, bytes of whatever encoding. `Falha` 61 where the disk is full, 57 for any other fault.
+    /// Writes all the bytes, in whatever encoding they are. Raises `Falha` 61 when the disk is full, 57 for any other
+    /// fault.
     virtual void escrever(std::string_view bytes) = 0;
-    /// Closes the file; what is destroyed without it is closed without report. Fails as `escrever` does.
+    /// Closes the file, with the same failures as `escrever`. The destructor also closes it, but cannot report a
+    /// failure.
     virtual void fechar() = 0;
 };
 
-/// The files of the system: everything that a run reads or writes goes through here.
+/// The file system. Everything that a run reads or writes goes through this interface.
 class Arquivos {
   public:
     virtual ~Arquivos() = default;
-    /// `Falha` 53 where the file is missing, 70 where it may not be read, 75 where it is a folder, 52 for a name
-    /// that no file can have.
+    /// Opens a file for reading. Raises `Falha` 53 when it does not exist, 70 when the user may not read it, 75 when it
+    /// is a folder and 52 when the name is impossible for a file.
     [[nodiscard]] virtual std::unique_ptr<ArquivoEntrada> abrirEntrada(const std::filesystem::path& caminho) = 0;
-    /// Replaces what was there. Same failures, and 61 where the disk is full.
+    /// Creates a file for writing and replaces an existing one. Raises the same failures, and 61 when the disk is full.
     [[nodiscard]] virtual std::unique_ptr<ArquivoSaida> criarSaida(const std::filesystem::path& caminho) = 0;
-    /// Whether something of this name exists.
+    /// Whether a file or folder with this name exists.
     [[nodiscard]] virtual bool existe(const std::filesystem::path& caminho) const = 0;
-    /// Bytes of the file, 0 where it has no length (a device) or is missing.
+    /// Size in bytes; 0 when the file does not exist or has no length, as a device.
     [[nodiscard]] virtual std::uint64_t tamanho(const std::filesystem::path& caminho) const = 0;
-    /// Whether both names lead to one existing file, links followed.
+    /// Whether both names lead to the same existing file. Links are followed.
     [[nodiscard]] virtual bool mesmoArquivo(const std::filesystem::path& a, const std::filesystem::path& b) const = 0;
-    /// Day of the last change, in local time; none where the file is missing.
+    /// The day of the last change in local time, or nothing when the file does not exist.
     [[nodiscard]] virtual std::optional<Data> modificadoEm(const std::filesystem::path& caminho) const = 0;
 };
 

@@ -9,36 +9,35 @@
 
 namespace quilatador {
 
-/// A text made of very many pieces, used again and again. It is written in strokes: room for a whole stroke is made
-/// at once, and the pieces are then copied one behind the other by code compiled into the caller, where most lengths
-/// are known; a string that makes room at each piece takes most of the time of a long report.
+/// A text buffer for reports that are made of very many small pieces. `comecar` makes room for several lines at once
+/// and returns a `Caneta`, which appends the pieces; `terminar` then adds what it wrote to the block. Making room once
+/// for each piece would take most of the time of a long report.
 class Bloco {
   public:
-    /// Writes behind what is there already; its caller has said how much at the most. A piece beyond that is
-    /// `std::length_error`.
+    /// Appends to the block within the room that `comecar` made. A piece that does not fit raises `std::length_error`.
     class Caneta {
       public:
-        /// Adds pieces. Compiled into the caller, always: where a piece's length is known there, its copy is a few
-        /// moves.
+        /// Appends all the pieces. It is always inlined: when the caller knows the length of a piece at compile time,
+        /// copying the piece takes only a few instructions.
         template <std::convertible_to<VistaTexto>... Pedacos>
         [[gnu::always_inline]] Caneta& append(const Pedacos&... pedacos) {
             char* destino = reservar((VistaTexto(pedacos).size() + ...));
             ((destino = copiar(VistaTexto(pedacos), destino)), ...);
             return *this;
         }
-        /// Room for `bytes` more, which the caller fills.
+        /// Reserves room for `bytes` more characters, which the caller has to fill.
         [[nodiscard]] char* reservar(std::size_t bytes) {
             if (bytes > static_cast<std::size_t>(fim_ - lugar_)) recusar();
             return std::exchange(lugar_, lugar_ + bytes);
         }
-        /// What this stroke has written.
+        /// The text that this pen has written since `comecar`.
         [[nodiscard]] VistaTexto texto() const noexcept { return {inicio_, lugar_}; }
 
       private:
         friend class Bloco;
         Caneta(char* lugar, char* fim) : inicio_(lugar), lugar_(lugar), fim_(fim) {}
         [[gnu::always_inline]] static char* copiar(VistaTexto pedaco, char* destino) {
-            if (!pedaco.empty()) std::memcpy(destino, pedaco.data(), pedaco.size()); // an empty one may have no address
+            if (!pedaco.empty()) std::memcpy(destino, pedaco.data(), pedaco.size()); // an empty view may be null
             return destino + pedaco.size();
         }
         [[noreturn]] static void recusar();
@@ -48,19 +47,22 @@ class Bloco {
         char* fim_;
     };
 
-    /// A block that takes `bytes` before it has to grow.
+    /// Creates a block that holds `bytes` before it has to grow.
     explicit Bloco(std::size_t bytes) : bytes_(reservarMemoria(bytes)), capacidade_(bytes) {}
 
-    /// Begins a stroke of up to `bytes`; nothing else may be done with the block until it ends.
+    /// Makes room for up to `bytes` and returns the pen that writes there. Until `terminar` is called with that pen,
+    /// nothing else may be done with the block.
     [[nodiscard]] Caneta comecar(std::size_t bytes) {
         if (capacidade_ - tamanho_ < bytes) crescer(bytes);
         char* const lugar = bytes_.get() + tamanho_;
         return {lugar, lugar + bytes};
     }
+    /// Adds to the block what the pen has written.
     void terminar(const Caneta& caneta) noexcept { tamanho_ = static_cast<std::size_t>(caneta.lugar_ - bytes_.get()); }
 
+    /// Everything in the block, valid until the block changes.
     [[nodiscard]] VistaTexto texto() const noexcept { return {bytes_.get(), tamanho_}; }
-    /// Takes away the first `bytes`, up to all there are; the room stays.
+    /// Removes the first `bytes`, which must not be more than the block has. The memory stays reserved.
     void descartar(std::size_t bytes) noexcept;
 
   private:

@@ -13,7 +13,7 @@ int digitoOuZero(char c) noexcept {
     return modDepuracao::isDigito(c) ? c - '0' : 0;
 }
 
-/// The digit at a position (0-based) of a CNPJ or CPF.
+/// The digit at a position (0-based) of a CNPJ or CPF. Raises `Falha` 13 when there is no digit.
 int digitoExigido(VistaTexto digitos, std::size_t posicao) {
     if (posicao >= digitos.size() || !modDepuracao::isDigito(digitos[posicao])) throw Falha::conversao("DV"_t);
     return digitos[posicao] - '0';
@@ -23,7 +23,8 @@ Texto umDigito(long long digito) {
     return Texto(1, static_cast<char>('0' + digito));
 }
 
-/// Sum of digit times weight from the right; the weights go from `primeiro` to `ultimo` by `passo`, again and again.
+/// The sum of each digit times its weight, from right to left. The weights run from `primeiro` to `ultimo` in steps of
+/// `passo` and then start again.
 long long somaPonderada(VistaTexto digitos, int primeiro, int ultimo, int passo) noexcept {
     long long soma = 0;
     int peso = primeiro;
@@ -34,8 +35,8 @@ long long somaPonderada(VistaTexto digitos, int primeiro, int ultimo, int passo)
     return soma;
 }
 
-/// The check digit of a CNPJ or CPF over its first `quantos` digits: weights 2 upwards from the right, again from 2
-/// after `maiorPeso`.
+/// A check digit of a CNPJ or CPF over its first `quantos` digits. From right to left, the weights run from 2 to
+/// `maiorPeso` and then start again.
 Texto digitoDeCadastro(VistaTexto digitos, std::size_t quantos, int maiorPeso) {
     int soma = 0;
     int peso = 2;

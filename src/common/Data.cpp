@@ -11,10 +11,10 @@ namespace {
 
 constexpr int menorAno = 100;
 constexpr int maiorAno = 9999;
-/// Years of two digits below this one are in the 2000s.
+/// Years of two digits below this one belong to the 2000s, the others to the 1900s.
 constexpr int viradaDoSeculo = 30;
 
-/// The number of a piece of a date text, or none where it is no digits or too long to be one.
+/// The number of one part of a date, or nothing when the part is not all digits or has too many of them.
 std::optional<int> lerParte(VistaTexto parte) {
     if (!soDigitos(parte) || parte.size() > 9) return std::nullopt;
     return static_cast<int>(lerNumero(parte));

@@ -10,7 +10,7 @@ namespace quilatador {
 
 namespace {
 
-/// Further away than this, a year digit means the neighbouring decade.
+/// A year digit that would lie more years away than this belongs to the neighbouring decade.
 constexpr int anosDaJanela = 5;
 
 struct Faixa {
@@ -19,8 +19,8 @@ struct Faixa {
     char simples;
 };
 
-/// Codes that an output line must not have, and what they become. 221 and 255 (Y with an accent) become "U": kept on
-/// purpose, the test `ConverteASC2EBCDIC` holds it.
+/// The codes that an output line must not contain and their replacements. Codes 221 and 255 (Y with an accent) become
+/// "U": kept on purpose, the test `ConverteASC2EBCDIC` holds it.
 constexpr std::array substituicoes{
     Faixa{38, 38, 'E'},   Faixa{39, 39, '.'},   Faixa{43, 43, '.'},   Faixa{95, 96, '.'},   Faixa{159, 159, 'U'},
     Faixa{161, 162, '.'}, Faixa{164, 169, '.'}, Faixa{170, 170, 'A'}, Faixa{171, 185, '.'}, Faixa{186, 186, 'O'},
@@ -40,7 +40,7 @@ constexpr std::array<char, 256> tabelaSimples = []() {
     return tabela;
 }();
 
-/// The text that `Juliana2Data` takes, cut from one of the formats with a day of the year; none for other formats.
+/// Rearranges a text in a format with a day of the year for `Juliana2Data`. Gives nothing for any other format.
 std::optional<Texto> textoJuliano(VistaTexto texto, VistaTexto formato) {
     if (formato == "ADDD"_t) return Texto(texto);
     if (formato == "DDDA"_t) return junta(ultimos(texto, 1), trecho(texto, 1, 3));
@@ -130,7 +130,7 @@ std::optional<Data> Diversos::String2Data(VistaTexto texto, VistaTexto formato, 
     try {
         return Juliana2Data(*juliano, anoCorrente);
     } catch (const Falha&) {
-        return std::nullopt; // a text that is no date is this function's answer, not its failure
+        return std::nullopt; // for this function a text that is not a date is an answer, not a failure
     }
 }
 

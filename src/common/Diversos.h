@@ -8,45 +8,48 @@
 
 namespace quilatador {
 
-/// Conversions of texts, numbers and dates, without state. What depends on the current year takes it as an argument.
+/// Conversions between texts, numbers and dates, without any state. Functions that depend on the current year take it
+/// as an argument.
 class Diversos {
   public:
-    /// "" where the value is null, else its text.
+    /// The text of the value, or "" when it is null.
     [[nodiscard]] static Texto VazioSeNulo(const Valor& valor);
-    /// "null" where the text is empty, else the text between single quotes; quotes inside are not doubled.
+    /// The text between single quotes, or "null" when it is empty. Quotes inside the text are not doubled.
     [[nodiscard]] static Texto NuloSeVazio(VistaTexto texto);
-    /// "Null" where the value is empty; a date as "#mm/dd/yyyy#"; anything else as its text.
+    /// "Null" when the value is empty, "#mm/dd/yyyy#" for a date, and the text of any other value.
     [[nodiscard]] static Texto NuloSeEmpty(const Valor& valor);
-    /// Empty where the value is null, else the value.
+    /// The value itself, or the empty value when it is null.
     [[nodiscard]] static Valor EmptySeNulo(const Valor& valor);
-    /// "null" where the value equals 0, else its text.
+    /// The text of the value, or "null" when the value equals 0.
     [[nodiscard]] static Texto NuloSeZero(const Valor& valor);
-    /// 0 where the value is null, else the value.
+    /// The value itself, or 0 when it is null.
     [[nodiscard]] static Valor ZeroSeNulo(const Valor& valor);
-    /// Whether the text is numeric (`ehNumerico`) and has no blank at all.
+    /// Whether the text is numeric (see `ehNumerico`) and has no blank anywhere.
     [[nodiscard]] static bool TodoNumerico(VistaTexto texto) noexcept;
-    /// The text in `tamanho` characters: filled on the left (`padL`) or right (`padR`) with `caractere`; a longer one
-    /// keeps its last (first) characters.
+    /// Brings the text to exactly `tamanho` characters. `padL` fills it with `caractere` on the left, `padR` on the
+    /// right. Of a longer text, `padL` keeps the last characters and `padR` the first.
     [[nodiscard]] static Texto padL(VistaTexto texto, std::size_t tamanho, char caractere = ' ');
     [[nodiscard]] static Texto padR(VistaTexto texto, std::size_t tamanho, char caractere = ' ');
 
-    /// The day of the year (three digits) with the last digit, or the last two, of the year: `formato` "YNNN",
-    /// "YYNNN", "NNNY" or "NNNYY". Any other format gives "".
+    /// The day of the year in three digits (N) combined with the last one or two digits of the year (Y). `formato` is
+    /// "YNNN", "YYNNN", "NNNY" or "NNNYY"; any other format gives "".
     [[nodiscard]] static Texto Data2Juliana(const Data& data, VistaTexto formato = "YNNN"_t);
-    /// The date of a year digit followed by the day of the year. The year is the one of that digit in the current
-    /// decade, moved by ten where it lies more than five years away. A day past the end of the year runs into the
-    /// next. `Falha` 13 where the text is not all digits, 6 where the date is out of range.
+    /// The date of a text with one digit of the year followed by the day of the year. The digit means a year of the
+    /// current decade, moved by ten years when it lies more than five years away. A day beyond the end of the year runs
+    /// into the next. Raises `Falha` 13 when the text is not all digits, 6 when the date is out of range.
     [[nodiscard]] static Data Juliana2Data(VistaTexto texto, int anoCorrente);
-    /// The date written with `formato`: as `Data2Juliana` where it contains "N", else as `formatarData`.
+    /// Writes a date: with `Data2Juliana` when the format contains "N", and with `formatarData` otherwise.
     [[nodiscard]] static Texto FormatarData(const Data& data, VistaTexto formato);
-    /// The date of a text in one of the layout's formats: "AAAAMMDD", "AAMMDD", "DDMMAAAA", "DDMMAA", "ADDD", "DDDA",
-    /// "AADDD" (its tens digit of the year is ignored). None where the text is no date or the format is another.
+    /// Reads a date in one of the layout's formats: "AAAAMMDD", "AAMMDD", "DDMMAAAA", "DDMMAA", "ADDD", "DDDA" or
+    /// "AADDD" (the first A is ignored). Gives nothing for another format or a text that is not such a date; it never
+    /// fails.
     [[nodiscard]] static std::optional<Data> String2Data(VistaTexto texto, VistaTexto formato, int anoCorrente);
-    /// The day-first text (`lerData`) of a calendar date in one of the four formats without day of the year; "" for
-    /// any other format.
+    /// Rearranges a text in one of the four formats without a day of the year into "day/month/year", as `lerData`
+    /// expects it. Any other format gives "".
     [[nodiscard]] static Texto textoDeData(VistaTexto texto, VistaTexto formato);
 
-    /// Upper case without accents, for output lines; the length stays. Despite the name it makes no EBCDIC.
+    /// Converts a line for output to upper case without accents; its length does not change. Despite the name, the
+    /// result is not EBCDIC.
     [[nodiscard]] static Texto ConverteASC2EBCDIC(VistaTexto texto);
 };
 

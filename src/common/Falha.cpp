@@ -3,7 +3,7 @@
 namespace quilatador {
 
 namespace {
-constexpr int ultimoNumeroDeArquivo = 76; // "path not found", the last of the file-system conditions
+constexpr int ultimoNumeroDeArquivo = 76; // "path not found", the highest number of a file-system failure
 }
 
 Falha::Falha(int numero, VistaTexto fonte, VistaTexto descricao)

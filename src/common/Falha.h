@@ -7,7 +7,7 @@
 
 namespace quilatador {
 
-/// Numbers of the failures that the system raises or translates.
+/// The failure numbers that the program raises itself or translates from the system.
 namespace numeroDeFalha {
 inline constexpr int geral = 1;
 inline constexpr int argumentoInvalido = 5;
@@ -29,28 +29,30 @@ inline constexpr int chaveDuplicada = 457;
 inline constexpr int bancoDeDados = 3000;
 } // namespace numeroDeFalha
 
-/// The work cannot go on: a file, a layout description or a value that does not convert. Each layer that has more
-/// to say puts it in front with `comContexto`; one handler at the top of a run turns the description into a line of
-/// the log. Faults in the data checked are no `Falha`: they are findings.
+/// Raised when the work cannot go on: because of a file, a layout description or a value that cannot be converted. Each
+/// layer that knows more adds it with `comContexto`, and one handler at the top of a run writes the description to the
+/// log. Faults in the data under check are findings (`Achado`), not failures.
 class Falha : public std::exception {
   public:
+    /// `numero` is one of `numeroDeFalha` or, from 3000, of the database; `fonte` is the class that raises the failure.
     Falha(int numero, VistaTexto fonte, VistaTexto descricao);
 
+    /// The number of the failure, by which callers tell one kind from another.
     [[nodiscard]] int numero() const noexcept { return numero_; }
-    /// The class that raised it, or "Gravacao" for files.
+    /// The class that raised the failure, or "Gravacao" for a file.
     [[nodiscard]] const Texto& fonte() const noexcept { return fonte_; }
-    /// What happened, in the user's language.
+    /// What happened, in Portuguese for the user.
     [[nodiscard]] const Texto& descricao() const noexcept { return descricao_; }
-    /// Whether files, devices or program parts are at fault (numbers 52 to 76 and from 3000), not the data; context
-    /// put in front keeps it.
+    /// Whether the cause lies in files, devices or parts of the program (numbers 52 to 76, and from 3000) rather than
+    /// in the data. Added context does not change the answer.
     [[nodiscard]] bool doAmbiente() const noexcept { return doAmbiente_; }
-    /// The description in UTF-8, for tools that know only `std::exception`.
+    /// The description in UTF-8, for code that only knows `std::exception`.
     [[nodiscard]] const char* what() const noexcept override { return what_.c_str(); }
 
-    /// The same failure as raised by `fonte`, its number 1 and its description after "`contexto` - ".
+    /// The same failure on behalf of `fonte`: it has the number 1, and its description begins with "`contexto` - ".
     [[nodiscard]] Falha comContexto(VistaTexto fonte, VistaTexto contexto) const;
 
-    /// 13, "Tipos incompatíveis": a value that cannot be converted.
+    /// The failure for a value that cannot be converted: number 13, "Tipos incompatíveis".
     [[nodiscard]] static Falha conversao(VistaTexto fonte);
 
   private:

@@ -8,7 +8,8 @@ namespace quilatador {
 namespace {
 
 constexpr std::size_t tamanhoDoBloco = 256 * 1024;
-/// Where the file's bytes are read to; before it lies the part of a line that came with the block before.
+/// The place in memory where blocks are read to. The space in front of it takes the start of a line whose end comes
+/// with the next block.
 constexpr std::size_t lugarDoBloco = LeitorDeLinhas::maiorLinha;
 static_assert(lugarDoBloco % tamanhoDaPagina == 0 && tamanhoDoBloco % tamanhoDaPagina == 0);
 constexpr char fimDeArquivo = 0x1A;
@@ -17,8 +18,8 @@ constexpr bool terminaLinha(char c) noexcept {
     return c == '\r' || c == '\n' || c == fimDeArquivo;
 }
 
-/// Whether no character is a control code that could end a line. Without a branch in the loop, so that the compiler
-/// takes many characters at a time.
+/// Whether the text has no control code that could end a line. The loop has no branch, so that the compiler can process
+/// many characters at a time.
 bool semControles(const char* texto, std::size_t tamanho) noexcept {
     unsigned char menor = 0xFF;
     for (std::size_t i = 0; i < tamanho; ++i)
@@ -61,7 +62,7 @@ std::optional<VistaTexto> LeitorDeLinhas::proxima() {
     }
 }
 
-/// The usual case, decided without looking for the line's end: the next line is as long as the one before.
+/// Recognizes the usual case without searching for the end of the line: the next line is as long as the one before.
 bool LeitorDeLinhas::comoAAnterior() const noexcept {
     if (saltarLF_ || tamanhoAnterior_ == 0 || fim_ - inicio_ < tamanhoAnterior_ + 2) return false;
     const char* linha = bloco_.get() + inicio_;
@@ -69,13 +70,14 @@ bool LeitorDeLinhas::comoAAnterior() const noexcept {
            semControles(linha, tamanhoAnterior_);
 }
 
-/// Place of the first mark that ends a line, `fim_` where none has been read yet.
+/// The place of the next end mark, or `fim_` when none has been read yet.
 std::size_t LeitorDeLinhas::procurarFim(std::size_t desde) const noexcept {
     return static_cast<std::size_t>(std::find_if(bloco_.get() + desde, bloco_.get() + fim_, terminaLinha) -
                                     bloco_.get());
 }
 
-/// Reads a block, behind the bytes not yet given out, less than a longest line. False at the end of the file.
+/// Appends the next block to the bytes that have not been returned yet, which are fewer than `maiorLinha`. Returns
+/// false at the end of the file.
 bool LeitorDeLinhas::encher() {
     if (acabou_) return false;
     const std::size_t restam = fim_ - inicio_;
@@ -91,7 +93,8 @@ std::size_t LeitorDeLinhas::lerBloco() {
     return arquivo_->ler({bloco_.get() + lugarDoBloco, tamanhoDoBloco});
 }
 
-/// Drops what is left of a line too long, its end included; the part that is given out stays at the block's start.
+/// Skips the rest of a line that is too long, with its end mark. The part that is returned stays at the start of the
+/// memory.
 void LeitorDeLinhas::saltarResto() {
     inicio_ += maiorLinha;
     for (;;) {
@@ -109,7 +112,7 @@ void LeitorDeLinhas::saltarResto() {
     }
 }
 
-/// Gives out the line up to an end mark, cut where it is too long, and takes the mark away.
+/// Returns the line up to an end mark, cut when it is too long, and moves past the mark.
 std::optional<VistaTexto> LeitorDeLinhas::terminarEm(std::size_t fimDaLinha) {
     const VistaTexto linha(bloco_.get() + inicio_, std::min(fimDaLinha - inicio_, maiorLinha));
     const char marca = bloco_[fimDaLinha];

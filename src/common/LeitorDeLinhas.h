@@ -10,21 +10,26 @@
 
 namespace quilatador {
 
-/// The lines of a text file, read in large blocks. A line ends in CR LF, LF or CR, also mixed; the last one needs no
-/// end. A Ctrl-Z (1A hex) ends the file.
+/// Reads a text file line by line, fetching it in large blocks. A line ends in CR LF, LF or CR, even mixed within one
+/// file; the last line needs no end. A Ctrl-Z (1A hex) ends the file.
 class LeitorDeLinhas {
   public:
-    /// A longer line comes cut to this length, more than any record can have: memory does not depend on the input.
+    /// Longer lines are cut to this many characters, far more than any record has, so that memory does not grow with
+    /// the input.
     static constexpr std::size_t maiorLinha = 64 * 1024;
 
-    /// Asked now and then while the rest of a line that is too long is dropped; true ends the reading there.
+    /// Called now and then while the rest of a line that is too long is skipped. When it returns true, the file ends
+    /// there.
     using Desistencia = std::function<bool()>;
 
+    /// Reads from the start of an open file, which the reader takes over. Without `desistir`, a long line is skipped to
+    /// its end.
     explicit LeitorDeLinhas(std::unique_ptr<ArquivoEntrada> arquivo, Desistencia desistir = {});
 
-    /// The next line without its end, valid until the next call; none at the end of the file. `Falha` of
-    /// `ArquivoEntrada::ler`.
+    /// The next line without its end mark, valid until the next call; nothing at the end of the file. Raises the
+    /// failures of `ArquivoEntrada::ler`.
     [[nodiscard]] std::optional<VistaTexto> proxima();
+    /// The state of the file at this moment; see `ArquivoEntrada::versao`.
     [[nodiscard]] VersaoDoArquivo versao() const noexcept { return arquivo_->versao(); }
 
   private:
@@ -38,11 +43,11 @@ class LeitorDeLinhas {
     std::unique_ptr<ArquivoEntrada> arquivo_;
     Desistencia desistir_;
     MemoriaAlinhada bloco_;
-    std::size_t inicio_ = 0; ///< of the bytes not yet given out
+    std::size_t inicio_ = 0; ///< start of the bytes that have not been returned yet
     std::size_t fim_ = 0;
     std::size_t tamanhoAnterior_ = 0;
-    bool acabou_ = false;   ///< nothing more comes from the file
-    bool saltarLF_ = false; ///< the last line ended in a CR, whose LF may still come
+    bool acabou_ = false;   ///< the file has no more bytes to give
+    bool saltarLF_ = false; ///< the last line ended in a CR, and the LF that belongs to it may still follow
 };
 
 } // namespace quilatador

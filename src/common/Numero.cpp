@@ -16,7 +16,7 @@ constexpr bool digito(char c) noexcept {
     return c >= '0' && c <= '9';
 }
 
-/// What a number past the limits of a double becomes: the largest there is or, where it is too small, 0.
+/// The replacement for a number beyond the limits of a double: the largest one, or 0 when the number is too small.
 double noLimite(VistaTexto numero) noexcept {
     const VistaTexto inteiros = numero.substr(0, numero.find('.'));
     if (inteiros.find_first_of("123456789"_t) == VistaTexto::npos) return 0;
@@ -25,7 +25,7 @@ double noLimite(VistaTexto numero) noexcept {
 
 template <typename Inteiro>
 Inteiro arredondar(double numero) {
-    const double inteiro = std::nearbyint(numero); // the default rounding mode takes halves to even
+    const double inteiro = std::nearbyint(numero); // the default rounding mode takes halves to the even neighbour
     if (!(inteiro >= std::numeric_limits<Inteiro>::min() && inteiro <= std::numeric_limits<Inteiro>::max()))
         throw Falha(numeroDeFalha::estouro, "Numero"_t, "Estouro"_t);
     return static_cast<Inteiro>(inteiro);
@@ -70,7 +70,7 @@ double lerNumero(VistaTexto texto) {
     double numero = 0;
     const auto lido = std::from_chars(resto.data(), resto.data() + resto.size(), numero, std::chars_format::fixed);
     if (lido.ec == std::errc::result_out_of_range) return noLimite(resto);
-    return numero == 0 ? 0 : numero; // "-0" is 0
+    return numero == 0 ? 0 : numero; // turns -0 into 0
 }
 
 Texto textoDoNumero(double numero) {

@@ -8,16 +8,16 @@
 
 namespace quilatador {
 
-/// Whether a text is numeric: blanks around it aside, an optional sign, digits and at most one decimal separator
-/// ("." or ","), with at least one digit. No grouping, no exponent, no blank inside.
+/// Whether the text is numeric: an optional sign, then digits with at most one decimal separator ("." or ","), and at
+/// least one digit. Blanks around it are ignored. Digit grouping, exponents and blanks inside are not accepted.
 [[nodiscard]] bool ehNumerico(VistaTexto texto) noexcept;
-/// Whether a text has only the digits 0 to 9, and at least one.
+/// Whether the text consists of the digits 0 to 9 only. An empty text does not.
 [[nodiscard]] bool soDigitos(VistaTexto texto) noexcept;
 
-/// The number of a text that is up to fifteen digits and nothing else, which nearly every numeric field is; none for
-/// any other text, be it numeric or not.
+/// A fast path for the form that most numeric fields have: one to fifteen digits and nothing else. Any other text, even
+/// a numeric one, gives nothing.
 [[nodiscard]] constexpr std::optional<double> numeroDeDigitos(VistaTexto texto) noexcept {
-    constexpr std::size_t digitosExatos = 15; // a double holds them without loss
+    constexpr std::size_t digitosExatos = 15; // a double holds this many digits exactly
     if (texto.empty() || texto.size() > digitosExatos) return std::nullopt;
     std::int64_t numero = 0;
     bool digitos = true;
@@ -29,19 +29,20 @@ namespace quilatador {
     return digitos ? std::optional(static_cast<double>(numero)) : std::nullopt;
 }
 
-/// The number at the start of a text: blanks are skipped, "." is the decimal point, reading stops at the first
-/// character that cannot go on. 0 when nothing was read; never fails for what the text is.
+/// Reads the number at the start of a text. Blanks are skipped, "." is the decimal point, and reading stops at the
+/// first character that does not continue the number. The result is 0 when there is no number; no text makes it fail.
 [[nodiscard]] double lerNumero(VistaTexto texto);
 
-/// Shortest decimal form of a number: "." as decimal point, no exponent, no blank.
+/// The shortest decimal form of a number, with "." as decimal point and without exponent or blanks.
 [[nodiscard]] Texto textoDoNumero(double numero);
 
-/// The whole number nearest to `numero`, halves to even. `Falha` 6 ("Estouro") outside 32 (16) bits.
+/// The nearest whole number, where halves go to the even neighbour. Raises `Falha` 6 ("Estouro") when the result does
+/// not fit into 32 bits (`arredondarParaLongo`) or 16 bits (`arredondarParaInteiro`).
 [[nodiscard]] std::int32_t arredondarParaLongo(double numero);
 [[nodiscard]] std::int16_t arredondarParaInteiro(double numero);
 
-/// An amount of cents, given as digits only, with the format "#,##0.00": two decimals and the separators given.
-/// Computed on the digits: none is lost, however many there are. The views stay the caller's.
+/// Formats an amount of cents like "1.234,56", with the given separators. `digitos` must be digits only; it may have
+/// any number of them, since no arithmetic is done. The caller owns all three texts, which must outlive this object.
 class Centavos {
   public:
     Centavos(VistaTexto digitos, VistaTexto separadorDeMilhar, VistaTexto separadorDecimal) noexcept
@@ -49,12 +50,13 @@ class Centavos {
         , milhar_(separadorDeMilhar)
         , decimal_(separadorDecimal) {}
 
-    /// Characters of the amount as it is shown.
+    /// Length of the formatted amount, in characters.
     [[nodiscard]] std::size_t tamanho() const noexcept {
         const std::size_t mostrados = std::max(digitos_.size(), menosDigitos);
         return mostrados + (mostrados - menosDigitos) / 3 * milhar_.size() + decimal_.size();
     }
-    /// Writes them to `destino`: from the cents backwards, which tells the threes without counting them first.
+    /// Writes `tamanho()` characters to `destino`. It goes from the cents to the left, so that the groups of three need
+    /// not be counted beforehand.
     void escrever(char* destino) const noexcept {
         char* lugar = destino + tamanho();
         std::size_t restam = digitos_.size();
@@ -75,14 +77,14 @@ class Centavos {
     }
 
   private:
-    static constexpr std::size_t menosDigitos = 3; // "0.00"
+    static constexpr std::size_t menosDigitos = 3; // as in "0.00"
 
-    VistaTexto digitos_; ///< without the zeros in front
+    VistaTexto digitos_; ///< without leading zeros
     VistaTexto milhar_;
     VistaTexto decimal_;
 };
 
-/// `Centavos` as a text; what is not all digits is read with `lerNumero` first.
+/// Formats an amount of cents as `Centavos` does. A text that is not all digits is first read with `lerNumero`.
 [[nodiscard]] Texto formatarCentavos(VistaTexto centavos, VistaTexto separadorDeMilhar, VistaTexto separadorDecimal);
 
 } // namespace quilatador

@@ -65,7 +65,7 @@ Cadeia converter1252(VistaTexto texto) {
     return utf8;
 }
 
-/// The digits of a number, and its sign, where there is room for the longest.
+/// The digits and sign of a number, in memory that is large enough for the longest one.
 class Digitos {
   public:
     explicit Digitos(long long numero) noexcept
@@ -74,7 +74,7 @@ class Digitos {
     [[nodiscard]] VistaTexto texto() const noexcept { return {digitos_.data(), fim_}; }
 
   private:
-    std::array<char, std::numeric_limits<long long>::digits10 + 2> digitos_; // one digit more, and the sign
+    std::array<char, std::numeric_limits<long long>::digits10 + 2> digitos_; // one more digit, and the sign
     const char* fim_;
 };
 

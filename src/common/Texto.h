@@ -8,47 +8,47 @@
 
 namespace quilatador {
 
-/// What makes `Texto` a type of its own. A text from a bare pointer has no length here: a literal that lacks its `_t`,
+/// The traits that make `Texto` a type of its own. A bare pointer has no length here, so that a literal without `_t`,
 /// whose bytes would be UTF-8, does not compile.
 struct TracosDoTexto : std::char_traits<char> {
     static constexpr std::size_t length(const char*) = delete;
 };
 
-/// A text as the system holds it: Windows-1252 bytes, one a character. UTF-8 is another type (`Utf8`, or `std::string`
-/// where a library wants that), and neither turns into the other, nor into a path or what a stream writes, unless one
-/// of the functions below is called, which only the places do where a text enters or leaves the program. So a line
-/// that would put UTF-8 into a log does not compile.
+/// A text inside the program: Windows-1252, one byte per character. UTF-8 has other types (`Utf8`, or `std::string`
+/// where a library asks for it). Only the functions below convert between them, and only code at the edges of the
+/// program calls these functions, so that a line that would write UTF-8 into a log does not compile.
 using Texto = std::basic_string<char, TracosDoTexto>;
-/// A text that somebody else owns; a literal is one when it is written `"..."_t`.
+/// A view of a text that somebody else owns. A literal written as `"..."_t` is one.
 using VistaTexto = std::basic_string_view<char, TracosDoTexto>;
-/// A text as files of settings, terminals and windows have it.
+/// UTF-8 text, as settings files, terminals and windows use it.
 using Utf8 = std::u8string;
 using VistaUtf8 = std::u8string_view;
 
-/// Windows-1252 text of a UTF-8 one. A character that the code page lacks becomes "?". Bytes that are no UTF-8
-/// stand for themselves, so that a file name of an old system keeps its letters.
+/// Converts UTF-8 to Windows-1252. A character that Windows-1252 lacks becomes "?". Bytes that are not valid UTF-8 are
+/// copied, so that a file name from an old system keeps its letters.
 [[nodiscard]] Texto paraTexto(VistaUtf8 utf8);
-/// UTF-8 of a Windows-1252 text. The five codes without a character become the control characters of that number.
+/// Converts Windows-1252 to UTF-8. The five codes without a character become the control characters of the same number.
 [[nodiscard]] Utf8 paraUtf8(VistaTexto texto);
-/// The same two, for libraries whose UTF-8 is made of `char`.
+/// The same two conversions, for libraries that hold UTF-8 in `char`.
 [[nodiscard]] Texto textoDeUtf8(std::string_view utf8);
 [[nodiscard]] std::string utf8DeTexto(VistaTexto texto);
-/// Bytes of a file or a library that are Windows-1252 already, taken for a text without a copy; and the reverse.
+/// Views the bytes of a file or a library as a text, or a text as bytes. Nothing is copied or converted: the bytes must
+/// already be Windows-1252.
 [[nodiscard]] constexpr VistaTexto textoDosBytes(std::string_view bytes) noexcept {
     return {bytes.data(), bytes.size()};
 }
 [[nodiscard]] constexpr std::string_view bytesDoTexto(VistaTexto texto) noexcept {
     return {texto.data(), texto.size()};
 }
-/// A path as the system shows it in a log or a message.
+/// A path as text for a log or a message.
 [[nodiscard]] Texto textoDoCaminho(const std::filesystem::path& caminho);
 
-/// Upper case in Windows-1252: à to þ (but ÷) become À to Þ; š œ ž ÿ become Š Œ Ž Ÿ.
+/// Converts to upper case by the rules of Windows-1252: à to þ (except ÷) become À to Þ, and š œ ž ÿ become Š Œ Ž Ÿ.
 [[nodiscard]] Texto maiusculas(VistaTexto texto);
-/// Whether two names are equal when the case of the letters A to Z does not count.
+/// Whether two names are equal when upper and lower case of the letters A to Z are treated alike.
 [[nodiscard]] bool iguaisSemCaixa(VistaTexto a, VistaTexto b) noexcept;
 
-/// The text without leading blanks, without trailing blanks, without either. Only the space is a blank.
+/// The text without its leading blanks, its trailing blanks, or both. Only the space character counts as a blank.
 [[nodiscard]] constexpr VistaTexto semBrancosAEsquerda(VistaTexto texto) noexcept {
     const std::size_t brancos = texto.find_first_not_of(' ');
     texto.remove_prefix(brancos == VistaTexto::npos ? texto.size() : brancos);
@@ -61,27 +61,29 @@ using VistaUtf8 = std::u8string_view;
     return semBrancosADireita(semBrancosAEsquerda(texto));
 }
 
-/// The characters from `posicao` (1-based), `tamanho` of them, or as many as there are: never fails.
+/// The part of a text that starts at `posicao` (1-based) and has `tamanho` characters, or fewer where the text ends. A
+/// position outside the text gives "".
 [[nodiscard]] constexpr VistaTexto trecho(VistaTexto texto, std::size_t posicao,
                                           std::size_t tamanho = VistaTexto::npos) noexcept {
     return posicao == 0 || posicao > texto.size() ? VistaTexto() : texto.substr(posicao - 1, tamanho);
 }
-/// The last `tamanho` characters, or all where there are fewer.
+/// The last `tamanho` characters, or the whole text when it is shorter.
 [[nodiscard]] constexpr VistaTexto ultimos(VistaTexto texto, std::size_t tamanho) noexcept {
     return tamanho < texto.size() ? texto.substr(texto.size() - tamanho) : texto;
 }
 
-/// The text laid into a mask: its characters take the places "@" from the right, other characters of the mask are
-/// copied. A text too short leaves blanks on the left, one too long keeps its surplus in front.
+/// Fills a mask with a text: from the right, each "@" is replaced by a character of the text, and the other characters
+/// of the mask are copied. A short text leaves blanks on the left; the surplus of a long text stays in front.
 [[nodiscard]] Texto comMascara(VistaTexto texto, VistaTexto mascara);
 
-/// Decimal digits of `numero`, with zeros in front up to `largura`; the sign of a negative number comes before them.
+/// The decimal digits of `numero`, with leading zeros up to `largura` digits. The sign of a negative number comes in
+/// front and is not counted.
 [[nodiscard]] Texto comZeros(long long numero, std::size_t largura);
 
-/// A whole number in decimal digits.
+/// The decimal digits of a whole number.
 [[nodiscard]] Texto textoDe(long long numero);
 
-/// Texts joined into one.
+/// Concatenates texts.
 template <typename... Partes>
 [[nodiscard]] Texto junta(const Partes&... partes) {
     Texto resultado;
@@ -92,13 +94,13 @@ template <typename... Partes>
 
 namespace detalhe {
 
-/// Code points of the codes 80 to 9F (hex); the others of Windows-1252 are those of Latin-1.
+/// The Unicode code points of the codes 80 to 9F (hex). All other codes of Windows-1252 equal those of Latin-1.
 inline constexpr std::array<char16_t, 32> altos{0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
                                                 0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
                                                 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
                                                 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-/// The Windows-1252 code of a code point, or -1.
+/// The Windows-1252 code of a Unicode code point, or -1 when there is none.
 constexpr int codigo1252(char32_t ponto) noexcept {
     if (ponto < 0x80 || (ponto >= 0xA0 && ponto <= 0xFF)) return static_cast<int>(ponto);
     for (std::size_t i = 0; i < altos.size(); ++i)
@@ -106,10 +108,10 @@ constexpr int codigo1252(char32_t ponto) noexcept {
     return -1;
 }
 
-/// One code point read from UTF-8.
+/// A code point read from UTF-8, and the number of bytes that it takes.
 struct Ponto {
     char32_t valor;
-    std::size_t bytes; ///< 0 where the bytes are no UTF-8
+    std::size_t bytes; ///< 0 when the bytes are not valid UTF-8
 };
 
 template <typename Caractere>
@@ -136,7 +138,7 @@ constexpr Ponto lerPonto(std::basic_string_view<Caractere> utf8) noexcept {
 template <std::size_t N>
 struct LiteralUtf8 {
     char bytes[N]{};
-    consteval LiteralUtf8(const char (&texto)[N]) { // implicit on purpose: a literal becomes a template argument
+    consteval LiteralUtf8(const char (&texto)[N]) { // not explicit, so that a literal can be a template argument
         for (std::size_t i = 0; i < N; ++i)
             bytes[i] = texto[i];
     }
@@ -170,8 +172,8 @@ inline constexpr VistaTexto vistaDoLiteral{literal1252<literal>.bytes.data(), li
 
 } // namespace detalhe
 
-/// `"Número"_t` is the Windows-1252 text of a literal, converted by the compiler. It names a constant rather than a new
-/// view: clang 14 crashes where it wants to tell of a view that such a literal made on the spot.
+/// `"Número"_t` is a literal as Windows-1252 text, converted at compile time. The operator returns a reference to a
+/// named constant because clang 14 crashes on a view that such a literal creates on the spot.
 template <detalhe::LiteralUtf8 literal>
 constexpr const VistaTexto& operator""_t() noexcept {
     static_assert(sizeof("ã") == 3, "the compiler must take literals as UTF-8");

@@ -17,8 +17,8 @@ constexpr std::array<bool, 256> especiais = [] {
     return tabela;
 }();
 
-/// Whether a line may hold a special character. They are "&" or lie above the ASCII codes, which nearly no line does;
-/// the loop has no branch, so that the compiler takes many characters at a time.
+/// Whether a line may contain a special character, that is "&" or a code above ASCII; nearly no line does. The loop has
+/// no branch, so that the compiler can process many characters at a time.
 bool suspeita(VistaTexto texto) noexcept {
     unsigned char algum = 0;
     for (const char c : texto)
@@ -35,7 +35,7 @@ Texto caracteresEspeciais(VistaTexto texto) {
     if (!suspeita(texto)) return achados;
     for (std::size_t inicio = 0; inicio < texto.size(); inicio += pedaco) {
         const std::size_t fim = std::min(inicio + pedaco, texto.size());
-        if (!suspeita(texto.substr(inicio, fim - inicio))) continue; // a line rarely has more than a few
+        if (!suspeita(texto.substr(inicio, fim - inicio))) continue; // skips the pieces of a line without any
         for (std::size_t i = inicio; i < fim; ++i) {
             if (!especiais[static_cast<unsigned char>(texto[i])]) continue;
             achados.push_back(texto[i]);

@@ -10,7 +10,7 @@ void tentar(ControlePorNome& controle, VistaTexto propriedade, int valor) {
     try {
         controle.definir(propriedade, valor);
     } catch (const Falha&) {
-        return; // a control without the property is left as it is
+        return; // a control without the property stays as it is
     }
 }
 

@@ -4,16 +4,18 @@
 
 namespace quilatador::util {
 
-/// A control with properties that are set by name; `Falha` 438 where it lacks the property.
+/// A control of a window whose properties are set by name. `definir` raises `Falha` 438 when the control has no such
+/// property.
 class ControlePorNome {
   public:
     virtual ~ControlePorNome() = default;
     virtual void definir(VistaTexto propriedade, int valor) = 0;
+    /// The number of characters in the control.
     [[nodiscard]] virtual int comprimento() const = 0;
 };
 
-/// Moves the caret of a text box that receives the focus to its start. The second property's name is misspelt, no
-/// control has it, and nothing is selected: kept on purpose, the test `SelecionarCampo` holds it. Never fails.
+/// Moves the caret of a text box that gets the focus to its start; it never fails. It also sets a second property whose
+/// name is misspelt, so that nothing gets selected: kept on purpose, the test `SelecionarCampo` holds it.
 void SelecionarCampo(ControlePorNome& controle);
 
 } // namespace quilatador::util

@@ -9,7 +9,7 @@ namespace quilatador {
 
 namespace {
 
-/// A file failure as this class raises it: known conditions have a fixed text.
+/// Rewrites a file failure for the user: the known conditions have fixed texts.
 Falha falhaDeArquivo(const Falha& falha) {
     const auto descricao = [&]() -> VistaTexto {
         switch (falha.numero()) {
@@ -32,7 +32,7 @@ Falha falhaDeArquivo(const Falha& falha) {
     return {falha.numero(), "Gravacao"_t, descricao()};
 }
 
-/// Does what may fail on a file, and raises its failures as `falhaDeArquivo`.
+/// Runs an operation on a file and rewrites its failures with `falhaDeArquivo`.
 template <typename Operacao>
 auto comTraducao(Operacao operacao) {
     try {
@@ -123,7 +123,7 @@ std::optional<std::size_t> ArquivoRemessa::reconhecer(VistaTexto linha) {
     return std::nullopt;
 }
 
-/// Finds out once what `RegistroRemessa::isRegistroTipo` would find out again for every type and line.
+/// Prepares once what `RegistroRemessa::isRegistroTipo` would have to look up for every record type and line.
 void ArquivoRemessa::prepararMarcas() {
     marcas_.clear();
     for (std::size_t i = 0; i < tipos_.size(); ++i) {

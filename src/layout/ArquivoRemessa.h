@@ -12,69 +12,76 @@
 
 namespace quilatador {
 
-/// A layout (its record types) and, with it, sequential access to one file: line by line, each line recognised as its
-/// record type. One file is open at a time, for reading or for writing.
+/// A layout, which is a list of record types, together with access to one file in that layout. First add the record
+/// types (see `ArquivoRemessaBD`) and set `anoCorrente`; then either open a file and call `lerRegistro` until it
+/// returns a record without name and line, or create one and call `addRegistro`. Only one file is open at a time.
 class ArquivoRemessa {
   public:
     explicit ArquivoRemessa(Arquivos& arquivos);
     ArquivoRemessa(const ArquivoRemessa&) = delete;
     ArquivoRemessa& operator=(const ArquivoRemessa&) = delete;
 
-    /// Whether `criarRegistro` and `lerRegistro` hand out copies of the record types (the default) or the record types
-    /// themselves, in which case every line of one type is read into the same object.
+    /// Whether `criarRegistro` and `lerRegistro` return copies of the record types, as they do by default. Without
+    /// copies they return the record types themselves, so that all lines of one type are read into the same object.
     [[nodiscard]] bool criarCopias() const noexcept { return criarCopias_; }
     void criarCopias(bool copias) noexcept { criarCopias_ = copias; }
-    /// A code of the file, kept for whoever wants it.
+    /// A code for the file, which this class only stores.
     [[nodiscard]] const Texto& codigoArquivo() const noexcept { return codigoArquivo_; }
     void codigoArquivo(Texto codigo) { codigoArquivo_ = std::move(codigo); }
-    /// The record types in layout order.
+    /// The record types in the order of the layout.
     [[nodiscard]] const std::vector<std::shared_ptr<RegistroRemessa>>& tiposRegistros() const noexcept {
         return tipos_;
     }
-    /// Records read or written so far. Opening a file does not reset it.
+    /// The number of records read or written so far. Opening a file does not reset it.
     [[nodiscard]] std::int32_t contador() const noexcept { return contador_; }
     void contador(std::int32_t contador) noexcept { contador_ = contador; }
-    /// The year that decides the decade of a one-digit year; 0 until it is set.
+    /// The year that decides the decade of a one-digit year in a date field; 0 until it is set.
     [[nodiscard]] int anoCorrente() const noexcept { return anoCorrente_; }
     void anoCorrente(int ano) noexcept { anoCorrente_ = ano; }
 
-    /// The record type of that name, or a copy of it (`criarCopias`). `Falha` 5 for an unknown name.
+    /// The record type with this name, or a copy of it (see `criarCopias`). Raises `Falha` 5 for an unknown name.
     [[nodiscard]] std::shared_ptr<RegistroRemessa> criarRegistro(VistaTexto nome);
-    /// Adds a record type. `Falha` 457 where one of that name is there already.
+    /// Adds a record type. Raises `Falha` 457 when there already is one with this name.
     void addTipoRegistro(std::shared_ptr<RegistroRemessa> registro);
 
-    /// Opens a file to read, `desistir` as for `LeitorDeLinhas`. `Falha` ("Gravacao") with the number of the
-    /// file-system condition.
+    /// Opens a file for reading and closes the one that was open; `desistir` is passed to `LeitorDeLinhas`. Raises the
+    /// failures of `Arquivos::abrirEntrada`, with "Gravacao" as their source.
     void abrirArquivoEntrada(const std::filesystem::path& caminho, LeitorDeLinhas::Desistencia desistir = {});
     void fecharArquivoEntrada() noexcept { leitor_.reset(); }
-    /// The state of the file that is open to read; none where none is.
+    /// The state of the file that is open for reading, or nothing when no file is.
     [[nodiscard]] std::optional<VersaoDoArquivo> versaoDaEntrada() const noexcept {
         return leitor_ ? std::optional(leitor_->versao()) : std::nullopt;
     }
-    /// The record of the next line, valid until the next call: eager with `lerCampos`, else lazy. A record without
-    /// name and line where the line is empty (it is not counted) or the file has ended. `Falha` 1: "Tipo de registro
-    /// não identificado!", or with "Linha: " and the count in front for a line that cannot be read.
+    /// Reads the next line and returns its record, valid until the next call. `lerCampos` parses all fields at once;
+    /// otherwise each is parsed when asked for. The record has no name and no line after the end of the file or for an
+    /// empty line, which is not counted. Raises `Falha` 1, for an unknown type or, with "Linha: " and the count, for an
+    /// unreadable line.
     [[nodiscard]] RegistroRemessa& lerRegistro(bool lerCampos);
-    /// That record again; before the first call one without name and line.
+    /// The record that `lerRegistro` returned last. Before the first call it has no name and no line.
     [[nodiscard]] const RegistroRemessa& registroEmMaos() const noexcept { return *emMaos_; }
-    /// The record type, as its place in `tiposRegistros` (0-based), of the record that `lerRegistro` gave last.
+    /// The record type of that record, as a 0-based index into `tiposRegistros`.
     [[nodiscard]] std::size_t tipoEmMaos() const noexcept { return tipoEmMaos_; }
 
-    /// Opens a file to write, replacing what was there. Same failures as for reading.
+    /// Creates a file for writing, replaces an existing one and closes the one that was open. Raises the failures of
+    /// `Arquivos::criarSaida`, with "Gravacao" as their source.
     void abrirArquivoSaida(const std::filesystem::path& caminho);
-    /// Closes it. `Falha` ("Gravacao") where what was written could not be kept.
+    /// Closes the file that is open for writing. Raises `Falha`, with "Gravacao" as its source, when the data could not
+    /// be stored.
     void fecharArquivoSaida();
-    /// Counts a record and writes its line, in capitals without accents, with CR LF.
+    /// Counts the record and writes its line in capitals without accents, followed by CR LF. Raises `Falha` 52 when no
+    /// file is open for writing.
     void addRegistro(RegistroRemessa& registro);
+    /// Writes several records in the given order, each as `addRegistro` does.
     void addRegistros(std::span<RegistroRemessa*> registros);
 
   private:
-    /// What tells a record type: the text that its lines have at one position (1-based), cut where the line ends.
+    /// How to recognize a record type: its lines have this text at this position (1-based). A line may end within the
+    /// text.
     struct Marca {
         std::size_t posicao;
         std::size_t tamanho;
         Texto texto;
-        std::size_t tipo; ///< place in `tipos_`
+        std::size_t tipo; ///< index into `tipos_`
     };
 
     [[nodiscard]] std::optional<std::size_t> reconhecer(VistaTexto linha);
@@ -89,10 +96,11 @@ class ArquivoRemessa {
     int anoCorrente_ = 0;
 
     std::vector<Marca> marcas_;
-    /// First mark that can match a line, by the character at `posicaoComum_`; only where all marks share a position.
+    /// The first mark that can match a line, by the character at `posicaoComum_`. Used only when all marks have the
+    /// same position.
     std::array<std::uint16_t, 256> primeiraMarca_{};
     std::size_t posicaoComum_ = 0;
-    bool marcasDeUmCaractere_ = false; ///< so that the first mark that can match does
+    bool marcasDeUmCaractere_ = false; ///< then the first mark that can match does match
     bool marcasProntas_ = false;
 
     std::optional<LeitorDeLinhas> leitor_;

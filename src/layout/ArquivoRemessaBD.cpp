@@ -13,7 +13,7 @@ namespace quilatador {
 
 namespace {
 
-/// More than any description of fixed-width records needs: a larger or deeper file is something else.
+/// No description of fixed-width records needs as much: a larger or deeper file must be something else.
 constexpr std::uint64_t maiorDescricao = 1024 * 1024; // in bytes
 constexpr int maiorProfundidade = 16;
 
@@ -36,7 +36,7 @@ std::vector<char> lerTudo(const std::filesystem::path& caminho, Arquivos& arquiv
     return conteudo;
 }
 
-/// One element with the words that tell where it stands, for error texts.
+/// An XML element and, for error texts, a description of where it stands.
 struct Elemento {
     pugi::xml_node no;
     Texto onde;
@@ -47,8 +47,8 @@ struct Elemento {
         return textoDeUtf8(valor.value());
     }
 
-    /// The number at the start of an attribute, rounded with halves to even; with `inteiro`, all of the attribute
-    /// must be a number.
+    /// The number at the start of an attribute, where halves are rounded to the even neighbour. With `inteiro`, the
+    /// whole attribute must be a number.
     [[nodiscard]] double numero(const char* atributo, double menor, double maior, bool inteiro = false) const {
         const Texto lido = texto(atributo);
         const double numero = std::nearbyint(lerNumero(lido));
@@ -79,7 +79,7 @@ CampoRemessa lerCampo(const Elemento& elemento, std::int16_t tamanhoDoRegistro) 
     return campo;
 }
 
-/// What a record can only be checked for with all its fields read.
+/// Checks what is only known once all fields of the record have been read.
 void conferirTipo(const RegistroRemessa& registro, VistaTexto onde) {
     if (!registro.indiceDoCampo(registro.identificador()))
         throw falhaDoLeiaute(
@@ -107,7 +107,8 @@ std::shared_ptr<RegistroRemessa> lerTipo(const Elemento& elemento) {
     return registro;
 }
 
-/// Refuses what a parser might act on or be exhausted by, though this one does neither: a description is data.
+/// Refuses documents that could make an XML parser act or exhaust it. This parser is not affected, but a description is
+/// only data and needs none of that.
 void conferirDocumento(pugi::xml_document& documento) {
     struct Inspetor : pugi::xml_tree_walker {
         bool for_each(pugi::xml_node& no) override {
@@ -122,7 +123,7 @@ void conferirDocumento(pugi::xml_document& documento) {
     documento.traverse(inspetor);
 }
 
-/// The second node of the document, where the root must stand.
+/// The root must be the second node of the document, after the XML declaration.
 pugi::xml_node obterRaiz(const pugi::xml_document& documento, Painel& painel) {
     const pugi::xml_node raiz = documento.first_child().next_sibling();
     if (raiz.name() == std::string_view("ArquivoRemessa")) return raiz;

@@ -10,21 +10,24 @@
 
 namespace quilatador {
 
-/// A failure that the user has been told of when it is raised.
+/// A failure about which the user has already seen a message box when it is raised.
 class FalhaMostrada : public Falha {
     using Falha::Falha;
 };
 
-/// Loads a layout from its XML description: the declaration, then the root "ArquivoRemessa"; its children are the
-/// record types (attributes "Nome", "Tamanho", "Identificador"), theirs the fields in line order ("Nome", "Tipo",
-/// "Alinhamento", "Tamanho", "Formato", "Decimais", "Valor"; the third and the last may be missing). Nothing but
-/// elements may stand at these two levels. The description is input like any other: at most 1 MiB and 16 levels, one
-/// root, no DOCTYPE, and so no entities but XML's own.
+/// Loads a layout from its XML description. Below the root "ArquivoRemessa" stand the record types ("Nome", "Tamanho",
+/// "Identificador"), and in them the fields in line order ("Nome", "Tipo", "Alinhamento", "Tamanho", "Formato",
+/// "Decimais", "Valor"; only "Alinhamento" and "Valor" are optional).
+///
+/// An XML declaration must come first, and the two levels below the root must contain elements only. To keep untrusted
+/// input harmless, a description has at most 1 MiB, 16 levels, one root and no DOCTYPE.
 class ArquivoRemessaBD {
   public:
-    /// The layout; none, after a message box, where the file is missing. `Falha` where it is no XML, its root is
-    /// another (`FalhaMostrada`: a message box says so first) or a record or field is not right: the text names record,
-    /// field and attribute.
+    /// Returns the layout, or null after a message box when the file does not exist. Raises `Falha` 1 when the file is
+    /// not XML or a record or field is wrong; the text names the record, the field and the attribute. Another root
+    /// Returns the layout, or null after a message box when the file does not exist. Raises `Falha` 1 when the file is
+    /// not XML or a record or field is wrong (the text names the place), 457 for two record types with one name, and
+    /// the failures of `Arquivos`. Another root element raises `FalhaMostrada` after a message box.
     [[nodiscard]] static std::unique_ptr<ArquivoRemessa> obterArquivoRemessa(const std::filesystem::path& caminho,
                                                                              Arquivos& arquivos, Painel& painel);
 };

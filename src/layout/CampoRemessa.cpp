@@ -63,7 +63,7 @@ Valor CampoRemessa::interpretarData(VistaTexto texto, int anoCorrente) const {
     if (formato_ != "ADDD"_t) {
         data = lerData(Diversos::textoDeData(texto, formato_));
     } else if (const auto juliana = Diversos::String2Data(texto, formato_, anoCorrente)) {
-        // Written month first and read day first, so that up to the 12th day and month change places. Kept on
+        // The date is written month first and read day first, so that day and month are swapped up to the 12th. Kept on
         // purpose, the test `dataJulianaTrocaDiaEMes` holds it.
         data = lerData(formatarData(*juliana, "MM/DD/YYYY"_t));
     }
@@ -94,7 +94,7 @@ Texto CampoRemessa::gerarNumero() {
     if (valor_.nulo() || valor_.comoData() || (texto && !ehNumerico(*texto))) valor_ = 0;
     const double inteiro = std::floor(valor_.paraDuplo() * potenciaDeDez(numeroDecimais_));
     if (!std::isfinite(inteiro)) throw Falha(numeroDeFalha::estouro, "CampoRemessa"_t, "Estouro"_t);
-    return textoDoNumero(inteiro + 0.0); // + 0.0: never "-0"
+    return textoDoNumero(inteiro + 0.0); // adding 0.0 turns -0 into 0
 }
 
 Texto CampoRemessa::gerarData() const {

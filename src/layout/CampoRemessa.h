@@ -9,51 +9,54 @@ namespace quilatador {
 
 class RegistroRemessa;
 
-/// One fixed-width field of a record type: where it lies in the line, how wide it is, what it holds, and the value
-/// last read or given. Properties have a reader and a writer of the same name.
+/// One fixed-width field of a record type: its place in the line, its type, and the value that was last read or set.
+/// Set the properties, then add the field to a `RegistroRemessa`, which determines its position. A property is read and
+/// written by two functions of the same name.
 class CampoRemessa {
   public:
-    /// 1 aligns a text to the right (padding on the left); any other value to the left. Only for `natureza` "S".
+    /// Alignment of a text (`natureza` "S"): 1 aligns it to the right, any other value to the left.
     [[nodiscard]] std::uint8_t alinhamento() const noexcept { return alinhamento_; }
     void alinhamento(std::uint8_t alinhamento) noexcept { alinhamento_ = alinhamento; }
-    /// The record type that owns the field; set by `RegistroRemessa::add`, null before.
+    /// The record type that owns the field. `RegistroRemessa::add` sets it; before that it is null.
     [[nodiscard]] const RegistroRemessa* registroPai() const noexcept { return registroPai_; }
     void registroPai(const RegistroRemessa* registro) noexcept { registroPai_ = registro; }
-    /// Key of the field in its record type; stands in error texts.
+    /// The name of the field, which is unique in its record type. Error texts contain it.
     [[nodiscard]] const Texto& nome() const noexcept { return nome_; }
     void nome(Texto nome) { nome_ = std::move(nome); }
-    /// Date format ("AAAAMMDD", "AAMMDD", "DDMMAAAA", "DDMMAA", "ADDD"; A year, M month, D day), only for "D".
+    /// The format of a date (`natureza` "D"): "AAAAMMDD", "AAMMDD", "DDMMAAAA", "DDMMAA" or "ADDD", where A stands for
+    /// the year, M for the month and D for the day (DDD is the day of the year).
     [[nodiscard]] const Texto& formato() const noexcept { return formato_; }
     void formato(Texto formato) { formato_ = std::move(formato); }
-    /// First and last position in the line, 1-based, inclusive; kept by `RegistroRemessa::add`.
+    /// The first and last position in the line, 1-based and inclusive. `RegistroRemessa::add` sets them.
     [[nodiscard]] std::int16_t inicio() const noexcept { return inicio_; }
     void inicio(std::int16_t inicio) noexcept { inicio_ = inicio; }
     [[nodiscard]] std::int16_t Fim() const noexcept { return fim_; }
     void Fim(std::int16_t fim) noexcept { fim_ = fim; }
-    /// Implied decimal places of a number.
+    /// The number of implied decimal places of a number: with 2, the text "150" means 1.5.
     [[nodiscard]] std::uint8_t numeroDecimais() const noexcept { return numeroDecimais_; }
     void numeroDecimais(std::uint8_t decimais) noexcept { numeroDecimais_ = decimais; }
-    /// Width in characters.
+    /// The width in characters.
     [[nodiscard]] std::int16_t Tamanho() const noexcept { return tamanho_; }
     void Tamanho(std::int16_t tamanho) noexcept { tamanho_ = tamanho; }
-    /// "S" text, "N" number, "D" date, "R" sequence number of the record; any other code is not converted.
+    /// The type of the field: "S" is a text, "N" a number, "D" a date and "R" the sequence number of the record. A
+    /// field with any other code is not converted.
     [[nodiscard]] const Texto& natureza() const noexcept { return natureza_; }
     void natureza(Texto natureza);
-    /// The value as stored, never coerced.
+    /// The value as it was stored, without any conversion.
     [[nodiscard]] const quilatador::Valor& Valor() const noexcept { return valor_; }
     void Valor(quilatador::Valor valor) { valor_ = std::move(valor); }
 
-    /// The value that the field's text stands for; the field itself does not change. A blank or all-zero date is null;
-    /// a field of an unknown `natureza` gives its stored value. `anoCorrente` decides the decade of "ADDD".
-    /// `Falha` 1 ("CampoRemessa") for a number or date that is none.
+    /// Converts a text to the value that it means for this field, without changing the field. A blank or all-zero date
+    /// is null, and a field of unknown `natureza` gives its stored value. `anoCorrente` decides the decade of "ADDD".
+    /// Raises `Falha` 1 with "CampoRemessa" as its source for an invalid number or date.
     [[nodiscard]] quilatador::Valor interpretar(VistaTexto texto, int anoCorrente) const;
-    /// Stores what `interpretar` gives; after a failure the field keeps its value.
+    /// Stores the result of `interpretar`. After a failure the field keeps its old value.
     void lerTexto(VistaTexto texto, int anoCorrente) { valor_ = interpretar(texto, anoCorrente); }
-    /// The value in exactly `Tamanho` characters. A number is floored, and loses its high digits where it is too long.
-    /// An unusable number becomes 0 and a null text "" in the field too. `Falha` 5 where a sequence number is longer
-    /// than the field, 6 where a number with its decimal places is past all limits.
+    /// The value as text in `Tamanho` characters (a date in the length of its format). A number loses excess decimals
+    /// and excess digits on the left. An unusable number becomes 0 and a null text "", also in the field. Raises
+    /// `Falha` 5 when a sequence number is too long, 6 when a number with its decimal places is too large.
     [[nodiscard]] Texto gerarTexto();
-    /// A field of the same definition and value, without positions and owner.
+    /// A field with the same definition and value, but without position and owner.
     [[nodiscard]] CampoRemessa copia() const;
 
   private:
@@ -64,10 +67,10 @@ class CampoRemessa {
     [[nodiscard]] Texto gerarNumero();
     [[nodiscard]] Texto gerarData() const;
     [[nodiscard]] Texto gerarContador() const;
-    /// The text with every character `de` replaced by `para`.
+    /// The text with each character `de` replaced by `para`.
     [[nodiscard]] static Texto substituirCaractere(VistaTexto texto, char de, char para);
 
-    Tipo tipo_ = Tipo::SemConversao; ///< what `natureza_` means
+    Tipo tipo_ = Tipo::SemConversao; ///< the meaning of `natureza_`
     std::uint8_t alinhamento_ = 0;
     std::uint8_t numeroDecimais_ = 0;
     std::int16_t inicio_ = 0;

@@ -11,73 +11,78 @@ namespace quilatador {
 
 class ArquivoRemessa;
 
-/// One record type ("segment") of a fixed-width layout, or a record read from one line of that type.
+/// One record type ("segment") of a fixed-width layout, or a record that was read from a line of that type.
 ///
-/// A record that was read eagerly (`lerLinha`) has its values in the fields and no `linha`. A lazy one has only
-/// `linha`, and a field is parsed when it is asked for; what is parsed is not stored, so that a template which also
-/// serves as the record in hand keeps the content that identifies it.
+/// An eager record comes from `lerLinha`: the values are in its fields, and `linha` is empty. A lazy record has only
+/// `linha`; its fields are parsed each time they are asked for, and the result is not stored. So a record type can also
+/// serve as the current record without losing the content that identifies it.
 class RegistroRemessa {
   public:
     RegistroRemessa() = default;
     RegistroRemessa(RegistroRemessa&& outro) noexcept;
     RegistroRemessa& operator=(RegistroRemessa&& outro) noexcept;
 
-    /// The line of a lazy record; "" in an eager one.
+    /// The line of a lazy record, or "" for an eager one.
     [[nodiscard]] const Texto& linha() const noexcept { return linha_; }
     void linha(VistaTexto linha) { linha_.assign(linha); }
-    /// The fields in line order: each starts right behind the one before.
+    /// The fields in line order; each starts right after the one before.
     [[nodiscard]] const std::vector<std::unique_ptr<CampoRemessa>>& campos() const noexcept { return campos_; }
-    /// Name of the field whose content tells this record type; that field's `Valor` is the content expected.
+    /// The name of the field that identifies this record type. The `Valor` of that field is the content that the lines
+    /// must have there.
     [[nodiscard]] const Texto& identificador() const noexcept { return identificador_; }
     void identificador(Texto nomeCampo) { identificador_ = std::move(nomeCampo); }
-    /// The layout that owns the record; null for one on its own.
+    /// The layout that owns the record, or null when it belongs to none.
     [[nodiscard]] const quilatador::ArquivoRemessa* ArquivoRemessa() const noexcept { return arquivo_; }
     void ArquivoRemessa(const quilatador::ArquivoRemessa* arquivo) noexcept { arquivo_ = arquivo; }
+    /// The name of the record type, which is unique in its layout.
     [[nodiscard]] const Texto& nome() const noexcept { return nome_; }
     void nome(Texto nome) { nome_ = std::move(nome); }
-    /// Sum of the widths of the fields added so far.
+    /// The sum of the widths of the fields added so far.
     [[nodiscard]] std::int16_t tamanhoAtual() const noexcept { return tamanhoAtual_; }
     void tamanhoAtual(std::int16_t tamanho) noexcept { tamanhoAtual_ = tamanho; }
-    /// Length that a line must have, in characters.
+    /// The length that a line must have, in characters.
     [[nodiscard]] std::int16_t Tamanho() const noexcept { return tamanho_; }
     void Tamanho(std::int16_t tamanho) noexcept { tamanho_ = tamanho; }
 
-    /// Appends a field right behind the last one and gives back the one stored. `Falha` 457 where a field of that
-    /// name is there already (`tamanhoAtual` has grown all the same), 6 where the line would pass 32767 characters.
+    /// Appends a field after the last one and returns the stored field. Raises `Falha` 457 when there already is a
+    /// field with this name (`tamanhoAtual` has grown nevertheless), 6 when the line would exceed 32767 characters.
     CampoRemessa& add(CampoRemessa campo);
-    /// Whether a line has the content expected in the identifying field. `Falha` 5 where that field is missing.
+    /// Whether the line has the expected content in the identifying field. Raises `Falha` 5 when the record has no such
+    /// field.
     [[nodiscard]] bool isRegistroTipo(VistaTexto linha) const;
-    /// Reads all fields of a line. `Falha` 1 ("RegistroRemessa") with "Segmento=" and the identifying content in
-    /// front: for a line of another length ("Tamanho de linha incompatível!", no field is read) and for the first
-    /// field that is wrong (those before it are read).
+    /// Reads all fields of a line. Raises `Falha` 1, its text beginning with "Segmento=" and the identifying content,
+    /// for a line of the wrong length (then no field is read) or for the first invalid field (then the fields before it
+    /// have been read).
     void lerLinha(VistaTexto linha);
-    /// The texts of all fields, one behind the other.
+    /// The texts of all fields in line order. Raises the failures of `CampoRemessa::gerarTexto`.
     [[nodiscard]] Texto gerarLinha();
 
-    /// A field's value. `Falha` 5 for a name that the record lacks, 1 for a field that cannot be read. Names ignore
-    /// letter case here and below.
+    /// The value of a field. Raises `Falha` 5 when the record has no field with this name, 1 when the field cannot be
+    /// read. Upper and lower case do not matter in field names, here and in the functions below.
     [[nodiscard]] Valor getValorCampo(VistaTexto nomeCampo) const;
-    /// A field's raw text in the line, untrimmed and unchecked; in an eager record the text of its value.
+    /// The text of a field as it is in the line, with its blanks and without any check. In an eager record it is the
+    /// text generated from the value.
     [[nodiscard]] Texto getValorCampoString(VistaTexto nomeCampo) const;
+    /// Stores the value of a field, or returns the field itself. Raises `Falha` 5 when the record has no such field.
     void setValorCampo(VistaTexto nomeCampo, Valor valor);
     [[nodiscard]] const CampoRemessa& obterCampo(VistaTexto nomeCampo) const;
-    /// Always 0: the operation was never completed, and nothing may depend on it. Kept on purpose.
+    /// Always 0, because the operation was never completed; nothing may depend on it. Kept on purpose.
     [[nodiscard]] std::int16_t obterPosicaoCampo(VistaTexto nomeCampo) const noexcept;
 
-    /// Where a field stands among `campos` (0-based), none where the record lacks it: look-ups that are made for
-    /// every line are made once this way.
+    /// The 0-based index of a field in `campos`, or nothing when the record has no such field. It lets code that runs
+    /// for every line look a field up only once.
     [[nodiscard]] std::optional<std::size_t> indiceDoCampo(VistaTexto nomeCampo) const noexcept;
-    /// The same as by name, for a field found before.
+    /// The value of a field that was looked up before; otherwise like the function that takes a name.
     [[nodiscard]] Valor getValorCampo(const CampoRemessa& campo) const;
-    /// Raw text of a field in the line of a lazy record.
+    /// The text of a field in the line of a lazy record.
     [[nodiscard]] VistaTexto textoNaLinha(const CampoRemessa& campo) const noexcept {
         return textoDoCampo(linha_, campo);
     }
 
-    /// A deep copy.
+    /// A copy that shares nothing with this record.
     [[nodiscard]] RegistroRemessa copia() const;
-    /// Gives this record's content to `destino`: only the line of a lazy one, all values of an eager one (`Falha` 5
-    /// where the destination lacks a field).
+    /// Copies the content to `destino`: the line of a lazy record, or all values of an eager one. Raises `Falha` 5 when
+    /// the destination lacks a field.
     void copiar(RegistroRemessa& destino) const;
 
   private:

@@ -7,30 +7,31 @@
 
 namespace quilatador {
 
+/// How serious a finding is: whether it is counted as an error, and whether the run continues.
 enum class Gravidade {
-    Erro,       ///< an error line of the log; counted, and the run goes on
-    Ocorrencia, ///< what the bank reports: a plain line of the log, and the run goes on
-    Estrutural  ///< a plain line of the log that ends the run
+    Erro,       ///< an error line in the log; it is counted, and the run continues
+    Ocorrencia, ///< something that the bank reports: a plain line in the log, and the run continues
+    Estrutural  ///< a plain line in the log that ends the run
 };
 
-/// The field that a finding is about. Positions are 1-based and inclusive.
+/// The field that a finding is about. Positions in the line are 1-based and inclusive.
 struct CampoDoAchado {
     Texto nome;
     int inicio = 0;
     int fim = 0;
-    Texto encontrado;              ///< raw text in the line
-    std::optional<Texto> esperado; ///< where the rule knows the one right value
+    Texto encontrado;              ///< the text in the line, unchanged
+    std::optional<Texto> esperado; ///< the right value, when the rule allows only one
 
     bool operator==(const CampoDoAchado&) const = default;
 };
 
-/// One fault in the data. `id` is stable ("c.moeda.invalida"): texts may change, ids are never reused or renamed;
-/// docs/findings.md lists them all.
+/// A fault in the data. `id` ("c.moeda.invalida") is stable: the text of a finding may change, but an id is never
+/// renamed or used again. docs/findings.md lists all ids.
 struct Achado {
-    VistaTexto id; ///< of a constant: outlives the finding
+    VistaTexto id; ///< view of a constant, which outlives the finding
     Gravidade gravidade = Gravidade::Erro;
-    std::int32_t linha = 0; ///< 1-based; 0 where the rule gives none
-    char segmento = 0;      ///< letter of the record, 0 where it is about the file
+    std::int32_t linha = 0; ///< line number, 1-based; 0 when the rule has none
+    char segmento = 0;      ///< letter of the record; 0 when the finding is about the file
     std::optional<CampoDoAchado> campo;
     Texto mensagem;
 };

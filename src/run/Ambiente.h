@@ -10,15 +10,17 @@
 
 namespace quilatador {
 
-/// The world around a run, as its owner (a program's main, or a test) puts it together.
+/// The outside world of a run. Its owner, the main function of a program or a test, creates the parts and keeps them
+/// alive for as long as the run needs them.
 struct Ambiente {
     Painel& painel;
     Relogio& relogio;
     Localidade& localidade;
     Lancador& lancador;
     Arquivos& arquivos;
-    std::filesystem::path pastaDoPrograma; ///< where the layout description, the database and the help are
+    std::filesystem::path pastaDoPrograma; ///< folder of the layout description, the database and the help
 
+    /// The files of the program that a run reads: the layout description of a ZUL702, and the code tables.
     [[nodiscard]] std::filesystem::path leiaute() const { return pastaDoPrograma / "Arquivo_ZUL702.xml"; }
     [[nodiscard]] std::filesystem::path bancoDeDados() const { return pastaDoPrograma / "TabelaErrosZUL.mdb"; }
 };

@@ -7,8 +7,8 @@
 
 namespace quilatador {
 
-/// What one kind of file makes of a run. `Rodada::executar` calls the operations in the order in which they stand
-/// here; whatever they raise ends the run in order.
+/// The part of a run that depends on the type of the file. `Rodada::executar` calls the operations in the order in
+/// which they are declared here. Whatever they throw ends the run in an orderly way.
 class Analise {
   public:
     Analise() = default;
@@ -16,13 +16,14 @@ class Analise {
     Analise& operator=(const Analise&) = delete;
     virtual ~Analise() = default;
 
-    /// Before the log is created: why nothing can be analysed, after telling the user; none where all is well.
+    /// Called before the log is created. When the analysis is impossible, it tells the user and returns the reason;
+    /// otherwise it returns nothing.
     [[nodiscard]] virtual std::optional<Texto> preparar() { return std::nullopt; }
-    /// Reads the file and tells of it; the title is in the log already.
+    /// Reads the file and writes lines and findings through the `Rodada`. The log already has its title.
     [[nodiscard]] virtual Desfecho analisar() = 0;
-    /// The state of the file that is open now; none where none is open.
+    /// The state of the file that is open now, or nothing when none is open.
     [[nodiscard]] virtual std::optional<VersaoDoArquivo> versaoDaEntrada() const noexcept = 0;
-    /// Closes the file; called at least once, whatever happened before.
+    /// Closes the file. It is called at least once, whatever happened before.
     virtual void fecharEntrada() noexcept = 0;
 };
 

@@ -4,13 +4,13 @@
 
 namespace quilatador {
 
-/// Starts other programs, without waiting for them. Nothing is reported when one cannot be started.
+/// Starts other programs without waiting for them. A program that cannot be started is not reported.
 class Lancador {
   public:
     virtual ~Lancador() = default;
-    /// Opens a log in the system's plain text editor, in a normal window.
+    /// Opens a log in the plain text editor of the system, in a normal window.
     virtual void abrirTexto(const std::filesystem::path& caminho) = 0;
-    /// Opens a document with the program that the system has for it.
+    /// Opens a document with the program that the system has assigned to it.
     virtual void abrirDocumento(const std::filesystem::path& caminho) = 0;
 };
 

@@ -4,13 +4,14 @@
 
 namespace quilatador {
 
-/// What the few texts that follow the system's language need of it.
+/// The regional settings of the system, for the few texts that follow them.
 class Localidade {
   public:
     virtual ~Localidade() = default;
+    /// The separators of a number: between groups of three digits, and before the decimals.
     [[nodiscard]] virtual Texto separadorDeMilhar() const = 0;
     [[nodiscard]] virtual Texto separadorDecimal() const = 0;
-    /// Full name of a month, 1 to 12, as the system writes it.
+    /// The full name of a month, 1 to 12, as the system writes it.
     [[nodiscard]] virtual Texto nomeDoMes(unsigned mes) const = 0;
 };
 

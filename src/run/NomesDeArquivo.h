@@ -6,12 +6,12 @@
 
 namespace quilatador {
 
-/// The log's path: that of the analysed file up to and including its first "." (even one in a folder's name), then
-/// "log". A path without "." gets "log" appended for a remittance, but ".log" for a return: kept on purpose, the test
+/// The path of the log: that of the analysed file up to its first ".", even one in the name of a folder, followed by
+/// "log". Without any "." a remittance gets "log" appended, but a return ".log": kept on purpose, the test
 /// `caminhoDoLog` holds it.
 [[nodiscard]] std::filesystem::path caminhoDoLog(const std::filesystem::path& arquivo, TipoArquivo tipo);
 
-/// The first line of every log.
+/// The first line of every log. `hoje` is the date of the run as it is to be shown.
 [[nodiscard]] Texto tituloDoLog(const std::filesystem::path& arquivo, VistaTexto hoje);
 
 } // namespace quilatador

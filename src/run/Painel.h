@@ -7,13 +7,13 @@
 
 namespace quilatador {
 
-/// Labels that a run sets.
+/// The labels that a run fills.
 enum class Rotulo { Operacao, Empresa, Remessa };
 
-/// A message box. All have an OK button only.
+/// A message box. It has only an OK button.
 struct Mensagem {
     enum class Icone { Nenhum, Exclamacao };
-    /// Whether it tells of a problem or only that something is over.
+    /// Whether the message reports a problem or only that something is finished.
     enum class Assunto { Problema, Aviso };
 
     Texto texto;
@@ -24,29 +24,29 @@ struct Mensagem {
 
 inline constexpr VistaTexto tituloDoPrograma = "Solvara - Quilatador de Leiaute"_t;
 inline constexpr VistaTexto tituloDeErro = "Solvara - Quilatador de Leiaute - Erro!"_t;
-/// What an analysis says, in place of its end, where the system has no more memory for it.
+/// The message that replaces the end of an analysis when the system has no memory left.
 inline constexpr VistaTexto memoriaInsuficiente = "Memória insuficiente!"_t;
-/// What an analysis says, in place of its end, of a file that somebody changed meanwhile.
+/// The message that replaces the end of an analysis when somebody changed the file meanwhile.
 inline constexpr VistaTexto arquivoAlterado = "O arquivo foi alterado durante a análise!"_t;
 
-/// What a run needs of a display. It is called from the run's own thread.
+/// The display of a run: labels, progress and message boxes. All functions are called on the thread of the run.
 class Painel {
   public:
     virtual ~Painel() = default;
 
-    /// Shows a text in a label; a display without labels shows none, since the log says the same.
+    /// Shows a text in a label. A display without labels need not override it, since the log says the same.
     virtual void rotulo(Rotulo /*qual*/, VistaTexto /*texto*/) {}
-    /// A phase begins: `progresso.totalRegistros` records are foreseen. Its times read "00:00:00".
+    /// A phase begins, in which `progresso.totalRegistros` records are expected. Both times are shown as "00:00:00".
     virtual void iniciarProgresso(const Progresso& progresso) = 0;
-    /// Once per line. The display handles its waiting events here, so that a cancel request can come in.
+    /// Called once per line. The display also handles its waiting events here, so that the user can cancel.
     virtual void avancar(const Progresso& progresso) = 0;
-    /// A phase ended: what was shown last may be behind `progresso`, which is final.
+    /// A phase has ended. `progresso` is final, and the display may still show an older state.
     virtual void concluirProgresso(const Progresso& progresso) = 0;
-    /// Lets waiting events run.
+    /// Lets the display handle its waiting events.
     virtual void processarEventos() = 0;
-    /// Shows a message box and waits until it is closed.
+    /// Shows a message box and waits until the user closes it.
     virtual void mensagem(const Mensagem& mensagem) = 0;
-    /// How many slips ("guias") the user wants checked, read anew at each slip; none for all of them.
+    /// How many slips ("guias") the user wants to have checked; nothing means all. It is asked again for each slip.
     [[nodiscard]] virtual std::optional<double> primeirasGuias() const = 0;
 };
 

@@ -7,20 +7,21 @@
 
 namespace quilatador {
 
-/// How far a run has come, in plain numbers: what a display makes of them, and how often, is its own business.
+/// How far a run has come, in plain numbers. The display decides how and how often it shows them.
 struct Progresso {
-    std::int32_t registroAtual = 0; ///< 1-based; 0 before the first
+    std::int32_t registroAtual = 0; ///< number of the current record, 1-based; 0 before the first
     std::int32_t totalRegistros = 0;
     std::int32_t guias = 0;
-    Relogio::Instante inicio{}; ///< of the phase in hand, on `Relogio::agora`
+    Relogio::Instante inicio{}; ///< start of the current phase, as read from `Relogio::agora`
 };
 
-/// Time since the start of the phase, and the time that the records left will take at the same pace (negative where
-/// more records came than were foreseen).
+/// The time since the phase started, and the time that the remaining records will take at the same pace. The latter is
+/// negative when there are more records than expected.
 [[nodiscard]] Relogio::Instante tempoDecorrido(const Progresso& progresso, Relogio::Instante agora) noexcept;
 [[nodiscard]] Relogio::Instante tempoRestante(const Progresso& progresso, Relogio::Instante agora) noexcept;
 
-/// "hh:nn:ss", with as many digits for the hours as they need, "-" in front of a negative time.
+/// Formats a time as "hh:nn:ss" (hours, minutes, seconds). Hours take more digits when they need them, and a negative
+/// time starts with "-".
 [[nodiscard]] Texto formatarTempo(Relogio::Instante tempo);
 
 } // namespace quilatador

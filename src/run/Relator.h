@@ -8,33 +8,34 @@
 
 namespace quilatador {
 
-/// How a run ended.
+/// The ways in which a run can end.
 enum class Desfecho {
     Concluida,
     Cancelada,
-    Falhou,  ///< the data made it stop: a structural finding or a value that cannot be read
-    NaoRodou ///< files or program parts that it needs are missing, or its log could not be written
+    Falhou,  ///< the data stopped it: a structural finding, or a value that cannot be read
+    NaoRodou ///< it lacked files or parts of the program, or its log could not be written
 };
 
-/// What a run found, in numbers.
+/// The result of a run in numbers.
 struct Resumo {
     Desfecho desfecho = Desfecho::Concluida;
-    std::int32_t totalErros = 0; ///< errors written; for a print return, records with an occurrence
+    std::int32_t totalErros = 0; ///< errors written; in a print return (ZUL708), records with an occurrence
     std::int32_t totalRegistros = 0;
     std::int32_t guiasDepuradas = 0;
     std::int32_t guiasAceitas = 0;
     std::int32_t guiasRejeitadas = 0;
-    Texto descricao; ///< why it failed or did not run; "" otherwise
+    Texto descricao; ///< why the run failed or did not start; "" otherwise
 };
 
-/// Listens to a run. Lines and findings come in the order of the log; a listener overrides what it wants to hear.
+/// Receives what a run writes. Lines and findings arrive in the order of the log; a listener overrides what it wants.
 class Relator {
   public:
     virtual ~Relator() = default;
-    /// A plain line: title, phase, echo, summary.
+    /// A plain line: title, phase, echo or summary.
     virtual void linha(VistaTexto /*texto*/) {}
+    /// A finding, as soon as it is made.
     virtual void achado(const Achado& achado) = 0;
-    /// Called once, at the end of the run.
+    /// The result of the run. It comes last, and exactly once.
     virtual void resumo(const Resumo& /*resumo*/) {}
 };
 

@@ -3,7 +3,7 @@
 namespace quilatador {
 
 namespace {
-/// Room for what the line that fills a block has beyond it.
+/// Room for the part of a line that goes beyond the block that it fills.
 constexpr std::size_t folga = 64 * 1024;
 } // namespace
 

@@ -9,33 +9,36 @@
 
 namespace quilatador {
 
-/// The log could not be written: nothing can be said there, so the user is told in another way.
+/// The log could not be written. Since the log cannot report this, the user is told in a message box.
 class FalhaDoLog : public Falha {
     using Falha::Falha;
 };
 
-/// The log file: Windows-1252, each line ended by CR LF whatever the platform, written in large blocks. A failed
-/// write raises `FalhaDoLog` at the line that filled the block, or at `fechar`; what is destroyed unclosed reports
-/// nothing.
+/// Writes the log file: Windows-1252, every line ended by CR LF on every platform, collected into large blocks. A write
+/// that fails raises `FalhaDoLog` at the line that filled the block or in `fechar`. The destructor closes the file
+/// without writing what is still waiting, so always call `fechar`.
 class RelatorLog : public Relator {
   public:
     explicit RelatorLog(std::unique_ptr<ArquivoSaida> arquivo);
 
     void linha(VistaTexto texto) override;
-    /// An error is "** ERRO -> Linha " + line in six digits + " - " + message; a structural finding its plain message.
+    /// An error becomes "** ERRO -> Linha ", the line number in six digits, " - " and the message. Any other finding
+    /// becomes its message alone.
     void achado(const Achado& achado) override;
 
-    /// Begins and ends a stroke of whole lines, with their CR LF, for whoever writes very many: see `Bloco`.
+    /// A fast way to write very many lines: reserve room with `comecar`, append whole lines with their CR LF, and call
+    /// `terminar`. See `Bloco`.
     [[nodiscard]] Bloco::Caneta comecar(std::size_t bytes) { return pendente_.comecar(bytes); }
     void terminar(const Bloco::Caneta& caneta) {
         pendente_.terminar(caneta);
         if (pendente_.texto().size() >= bloco) gravarBlocos();
     }
-    /// Writes what is waiting and closes the file.
+    /// Writes what is still waiting and closes the file. Raises `FalhaDoLog` when either fails.
     void fechar();
 
   private:
-    /// So much is written at once, always whole pages: the system's cost of a write falls with its size, up to here.
+    /// The number of bytes written at once. It is a multiple of the page size, and large because writing more at once
+    /// costs the system less per byte; beyond this size nothing more is gained.
     static constexpr std::size_t bloco = 1024 * 1024;
 
     template <typename... Pedacos>

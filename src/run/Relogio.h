@@ -6,13 +6,15 @@
 
 namespace quilatador {
 
-/// The only source of time. `agora` never goes back, whatever happens to the time of day.
+/// The only source of the time in the program.
 class Relogio {
   public:
     using Instante = std::chrono::nanoseconds;
 
     virtual ~Relogio() = default;
+    /// Today's date in local time.
     [[nodiscard]] virtual Data hoje() const = 0;
+    /// A clock for measuring durations. It never goes back, even when somebody changes the time of day.
     [[nodiscard]] virtual Instante agora() const = 0;
 };
 

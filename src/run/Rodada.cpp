@@ -11,11 +11,11 @@ namespace quilatador {
 
 namespace {
 
-/// The words in which the analyses differ.
+/// The texts in which the types of files differ.
 struct Dizeres {
     VistaTexto tituloDoErro;
     VistaTexto cancelada;
-    VistaTexto terminada; ///< last line of the log, "" for none
+    VistaTexto terminada; ///< last line of the log, or "" for none
 };
 
 constexpr Dizeres dizeresDaRemessa{tituloDeErro, "DEPURACAO CANCELADA!"_t, "Depuração terminada!"_t};
@@ -61,7 +61,8 @@ Resumo Rodada::executar(Analise& analise) {
     return resumo_;
 }
 
-/// False, after an error box, where the log cannot be created or would be a file that must not be lost.
+/// Returns false after a message box when the log cannot be created, or when it would overwrite a file that must not be
+/// lost.
 bool Rodada::criarLog() {
     const auto recusar = [&](VistaTexto motivo) {
         avisar(junta(motivo, textoDoCaminho(nomeArquivoLog_)));
@@ -108,7 +109,7 @@ Desfecho Rodada::percorrer(Analise& analise) {
         if (alterada(analise.versaoDaEntrada())) return naoCompletar(Desfecho::NaoRodou, arquivoAlterado);
         return naoCompletar(falha.doAmbiente() ? Desfecho::NaoRodou : Desfecho::Falhou, falha.descricao());
     } catch (const std::bad_alloc&) {
-        return naoCompletar(Desfecho::NaoRodou, memoriaInsuficiente); // what the analysis had is free again
+        return naoCompletar(Desfecho::NaoRodou, memoriaInsuficiente); // the analysis has freed its memory
     }
 }
 

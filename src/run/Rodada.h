@@ -20,64 +20,66 @@ namespace quilatador {
 struct PedidoDeRodada {
     TipoArquivo tipoArquivo = TipoArquivo::ZUL702;
     std::filesystem::path nomeArquivo;
-    /// Takes the place of the usual log, which lies beside the file.
+    /// The path of the log. Without it, the log gets its usual name beside the file (see `caminhoDoLog`).
     std::optional<std::filesystem::path> log{};
-    /// Further listeners, called behind the log. Not owned.
+    /// Further listeners, which are called after the log. The caller owns them.
     std::span<Relator* const> ouvintes{};
     /// Whether the log is opened in the system's editor at the end.
     bool abrirLog = true;
 };
 
-/// One analysis of one file: its log and listeners, its counts and progress, the wish to cancel it, the test whether
-/// somebody changed the file meanwhile, and each way in which it may end.
+/// One analysis of one file. It owns the log, the counts and the progress, passes everything to the listeners, notices
+/// when the run is cancelled or the file is changed by somebody else, and handles every way in which a run can end.
 ///
-/// Order of use: make it, which takes back an earlier wish to cancel; then `executar`, once. While that goes on the
-/// analysis and its checks write through this object. Outside of `executar` there is no log, and what is written
-/// reaches the listeners alone: so a check can be asked about any record.
+/// Order of use: create it, which resets `cancelado`, and call `executar` once. During that call the analysis and its
+/// checks write through this object. Outside that call there is no log, and what is written reaches only the
+/// listeners; so a check can be run on any single record.
 class Rodada {
   public:
-    /// `cancelado` belongs to the caller, who sets it when the run is to stop, from another thread or a signal handler
-    /// if need be; it is read at every line. Everything given must live as long as the run.
+    /// `cancelado` belongs to the caller, who sets it to stop the run, even from another thread or a signal handler. It
+    /// is read at every line. Everything passed here must outlive this object.
     Rodada(Ambiente& ambiente, PedidoDeRodada pedido, std::atomic<bool>& cancelado);
     Rodada(const Rodada&) = delete;
     Rodada& operator=(const Rodada&) = delete;
 
-    /// Runs an analysis and opens its log in the system's editor, where it could be written to its end. An input that
-    /// cannot be read becomes a line of the log, as does a structural finding; a log that cannot be created or
-    /// written, and memory that runs out, are told in an error box. Listeners get the summary in any case.
+    /// Runs an analysis, and opens its log in the editor of the system if the log could be completed. An unreadable
+    /// input and a structural finding become lines of the log. A log that cannot be created or written, and a lack of
+    /// memory, are shown in a message box. The listeners always get the summary.
     Resumo executar(Analise& analise);
 
     /// Writes a plain line.
     void escreverLog(VistaTexto texto);
-    /// Writes a finding; one of gravity `Erro` is counted.
+    /// Writes a finding, and counts it if its gravity is `Erro`.
     void escreverErro(const Achado& achado);
-    /// The same as `escreverLog` for whoever writes very much: a stroke of whole lines, each with its CR LF. Only
-    /// while the run goes on.
+    /// A fast way to write very many lines: reserve room with `comecar`, append whole lines with their CR LF, and call
+    /// `terminar`. Allowed only while `executar` is running.
     [[nodiscard]] Bloco::Caneta comecar(std::size_t bytes) { return log_->comecar(bytes); }
     void terminar(const Bloco::Caneta& caneta) {
         if (!pedido_.ouvintes.empty()) entregarLinhas(caneta.texto());
         log_->terminar(caneta);
     }
-    /// The lines that say of the run that it was cancelled.
+    /// Writes the lines that say that the run was cancelled.
     void escreverCancelamento();
 
+    /// Whether the caller wants the run to stop.
     [[nodiscard]] bool cancelada() const noexcept { return cancelado_.load(std::memory_order_relaxed); }
-    /// For the reader of a file: lets events run where a line is very long, and says whether to give up.
+    /// For `LeitorDeLinhas`: lets the display handle its events while a very long line is skipped, and tells whether to
+    /// stop.
     [[nodiscard]] LeitorDeLinhas::Desistencia desistencia();
-    /// Holds the state of the open input against the first one that was given. `Falha` 65 where it is another: passes
-    /// over the file would speak of different files.
+    /// Compares the state of the open input with the first state that was passed. Raises `Falha` 65 when they differ,
+    /// because the passes over the file would then describe different files.
     void conferirEntrada(const std::optional<VersaoDoArquivo>& agora);
 
     [[nodiscard]] const std::filesystem::path& nomeArquivo() const noexcept { return pedido_.nomeArquivo; }
     [[nodiscard]] const std::filesystem::path& nomeArquivoLog() const noexcept { return nomeArquivoLog_; }
     [[nodiscard]] Ambiente& ambiente() noexcept { return ambiente_; }
     [[nodiscard]] Painel& painel() noexcept { return ambiente_.painel; }
-    /// The day of the run, the same from its start to its end.
+    /// The date of the run, which stays the same even when the run goes past midnight.
     [[nodiscard]] const Data& hoje() const noexcept { return hoje_; }
-    /// What was counted so far; the analysis adds what only it knows.
+    /// The counts so far. The analysis adds those that only it knows.
     [[nodiscard]] Resumo& resumo() noexcept { return resumo_; }
     [[nodiscard]] Progresso& progresso() noexcept { return progresso_; }
-    /// Begins a phase of `total` records, with its time at 0, on the display too.
+    /// Starts a phase with `total` expected records: its time begins at 0, and the display is told.
     void iniciarFase(std::int32_t total);
 
   private:

@@ -4,14 +4,14 @@
 
 namespace quilatador {
 
-/// The files that can be analysed.
+/// The types of files that can be analysed.
 enum class TipoArquivo {
     ZUL702, ///< remittance for printing
-    ZUL708, ///< return of that remittance
-    TAV001  ///< settlement return
+    ZUL708, ///< return that answers a ZUL702
+    TAV001  ///< return about settled payments
 };
 
-/// The name that the bank gives to a file of this type.
+/// The name that the bank gives to files of this type.
 [[nodiscard]] constexpr VistaTexto nomeDo(TipoArquivo tipo) noexcept {
     switch (tipo) {
     case TipoArquivo::ZUL702:

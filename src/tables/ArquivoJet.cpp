@@ -10,7 +10,7 @@ namespace quilatador {
 
 namespace {
 
-/// The version that a file says it is, null where it is none of ours.
+/// The format of the version that the file claims to have, or null when it is not one that we can read.
 const FormatoJet* formatoDe(std::string_view bytes) {
     if (!bytes.starts_with(lugarJet::assinatura) || bytes.size() < jet3.pagina) return nullptr;
     const std::uint32_t versao = numeroJet(bytes, lugarJet::versao, 4);
@@ -19,7 +19,7 @@ const FormatoJet* formatoDe(std::string_view bytes) {
     return nullptr;
 }
 
-/// Calls `receber` for each page that a bitmap marks; the first bit stands for the page `primeira`.
+/// Calls `receber` for each page that is marked in a bitmap, whose first bit stands for the page `primeira`.
 template <typename Receber>
 void percorrerBits(std::string_view bits, std::uint64_t primeira, Receber receber) {
     for (std::size_t i = 0; i < bits.size(); ++i)
@@ -27,7 +27,8 @@ void percorrerBits(std::string_view bits, std::uint64_t primeira, Receber recebe
             if ((byte & 1u) != 0) receber(primeira + 8 * i + bit);
 }
 
-/// A text up to its first NUL. A character that Windows-1252 lacks becomes one that no password of ours has.
+/// The password, which ends at its first NUL. A character that Windows-1252 lacks becomes code 255, which our passwords
+/// do not use.
 Texto lerSenha(std::string_view bytes, const FormatoJet& formato) {
     Texto senha;
     for (std::size_t i = 0; i < bytes.size(); i += formato.larguraDaContagem) {
@@ -71,7 +72,8 @@ std::size_t ArquivoJet::vagas(std::string_view pagina) const {
     return numeroJet(pagina, formato_->contagemDeLinhas, 2);
 }
 
-/// Rows fill a page from its end; behind its head stands where each of them starts. One ends where that before starts.
+/// Rows fill a page from its end to its start, and their positions follow the head of the page. So each row ends where
+/// the row before it in that list starts.
 VagaJet ArquivoJet::vaga(std::string_view pagina, std::size_t qual) const {
     const std::size_t quantas = vagas(pagina);
     exigirIntegro(qual < quantas);
@@ -90,8 +92,8 @@ VagaJet ArquivoJet::vagaEm(std::uint32_t ponteiro) const {
     return vaga(pagina(ponteiro >> 8, PaginaJet::Dados), ponteiro & 0xFF);
 }
 
-/// A map is of one of two kinds: 0 has a bit for each page from a first one on, 1 the numbers of pages that have
-/// nothing but such bits, from page 0 on.
+/// There are two types of map. Type 0 has one bit per page, starting with the page that it names. Type 1 lists pages
+/// that contain only such bits, starting with page 0.
 std::vector<std::uint32_t> ArquivoJet::paginasDoMapa(std::uint32_t ponteiro) const {
     std::vector<std::uint32_t> paginas;
     const auto guardar = [&](std::uint64_t numero) {
@@ -103,7 +105,7 @@ std::vector<std::uint32_t> ArquivoJet::paginasDoMapa(std::uint32_t ponteiro) con
     const std::uint32_t tipo = numeroJet(mapa, 0, 1);
     exigirIntegro(tipo <= 1);
     if (tipo == 0) percorrerBits(mapa.substr(5), primeira, guardar);
-    constexpr std::size_t cabeca = 4; // of a page of bits
+    constexpr std::size_t cabeca = 4; // length of the head of a page of bits
     for (std::size_t i = 0; tipo == 1 && i < (mapa.size() - 1) / 4; ++i) {
         const std::uint32_t numero = numeroJet(mapa, 1 + 4 * i, 4);
         if (numero == 0) continue;

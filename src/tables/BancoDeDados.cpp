@@ -13,7 +13,7 @@ namespace quilatador {
 
 namespace {
 
-/// The code tables have some hundreds of rows; a file larger than this is something else.
+/// The code tables have a few hundred rows, so a file that is larger than this must be something else.
 constexpr std::size_t maiorArquivo = std::size_t{64} << 20;
 
 Falha falha(int numero, VistaTexto descricao) {
@@ -23,7 +23,7 @@ Falha falha(int numero, VistaTexto descricao) {
 std::string lerArquivo(Arquivos& arquivos, const std::filesystem::path& caminho) {
     try {
         const auto arquivo = arquivos.abrirEntrada(caminho);
-        constexpr std::size_t folga = 4096; // where the end shows without another round
+        constexpr std::size_t folga = 4096; // lets the first read reach the end of the file
         const std::size_t previsto = std::min<std::uint64_t>(arquivos.tamanho(caminho), maiorArquivo);
         std::string bytes;
         std::size_t lidos = 0;
@@ -39,7 +39,7 @@ std::string lerArquivo(Arquivos& arquivos, const std::filesystem::path& caminho)
     }
 }
 
-/// The password that a connect string gives, "" where it gives none.
+/// The password in a connection string, or "" when it has none.
 VistaTexto senhaDaConexao(VistaTexto conexao) {
     constexpr VistaTexto chave = "pwd="_t;
     while (!conexao.empty()) {
@@ -52,11 +52,11 @@ VistaTexto senhaDaConexao(VistaTexto conexao) {
 
 } // namespace
 
-/// A table is copied to the engine by the first look-up in it: most runs of the program make none.
+/// A table is copied into the engine by the first look-up that needs it, because most runs of the program need none.
 struct BancoDeDados::Conexao {
-    /// The value of a column (0-based) in the first row for which the condition holds.
+    /// The value of a column (0-based) in the first row that meets the condition.
     [[nodiscard]] std::optional<Texto> consultar(TabelaDeCodigos qual, VistaTexto condicao, int coluna);
-    /// Looks a code up in a table of code and description.
+    /// Looks up the description of a code.
     [[nodiscard]] Texto descricao(TabelaDeCodigos qual, Texto& codigo);
 
     TabelasDeCodigos tabelas;

@@ -6,13 +6,13 @@
 
 namespace quilatador {
 
-/// `Falha` 3049 where `condicao` does not hold: the file contradicts itself. All that a file says of places and lengths
-/// goes through here before it is believed.
+/// Raises `Falha` 3049 when the condition is false, because the file contradicts itself. Every position and length in a
+/// file must be checked with it before it is used.
 void exigirIntegro(bool condicao);
 
-/// Bytes of a file from a place (0-based); all of them must be there, or `Falha` 3049.
+/// The `tamanho` bytes at `posicao` (0-based). Raises `Falha` 3049 when the file does not have all of them.
 [[nodiscard]] std::string_view pedacoJet(std::string_view bytes, std::size_t posicao, std::size_t tamanho);
-/// A little-endian number of up to four bytes, under the same condition.
+/// The little-endian number in `largura` bytes (up to four) at `posicao`. Raises the same failure.
 [[nodiscard]] std::uint32_t numeroJet(std::string_view bytes, std::size_t posicao, std::size_t largura);
 
 } // namespace quilatador

@@ -11,17 +11,17 @@ namespace quilatador {
 
 class BancoDeDados;
 
-/// The look-ups of one run: each distinct code reaches the code tables once.
+/// The look-ups of one run. It remembers the answers, so that each distinct code is looked up in the code tables once.
 class ConsultasDaRodada {
   public:
-    /// `banco` is null where it could not be opened: each look-up is then `Falha` 3420.
+    /// `banco` is null when the database could not be opened. Every look-up then raises `Falha` 3420.
     explicit ConsultasDaRodada(BancoDeDados* banco) : banco_(banco) {}
 
-    /// The description of a code of one character, "" for an empty code. Valid as long as this object. Fails as
-    /// `BancoDeDados` does.
+    /// The description of a code of one character, or "" for an empty code. The view is valid as long as this object.
+    /// Raises the failures of `BancoDeDados`.
     [[nodiscard]] VistaTexto formaArrecadacao(VistaTexto codigo);
     [[nodiscard]] VistaTexto formaPagamento(VistaTexto codigo);
-    /// The text of an occurrence, none where it has none.
+    /// The text of an occurrence, or nothing when the table has no such code. Raises the failures of `BancoDeDados`.
     [[nodiscard]] const std::optional<Texto>& ocorrencia(VistaTexto codigo);
 
   private:

@@ -17,7 +17,7 @@ constexpr std::size_t byteDe(std::uint32_t numero, std::size_t qual) noexcept {
 
 } // namespace
 
-/// RC4, whose key is the four bytes of `chave`, the lowest first.
+/// RC4; the key is the four bytes of `chave`, starting with the lowest.
 void cifrarJet(std::span<char> bytes, std::uint32_t chave) {
     std::array<std::uint8_t, 256> estado{};
     std::iota(estado.begin(), estado.end(), std::uint8_t{0});

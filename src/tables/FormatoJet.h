@@ -7,37 +7,37 @@
 
 namespace quilatador {
 
-/// Versions of the Jet file format: 3 is that of Access 97, 4 that of Access 2000 to 2003.
+/// The versions of the Jet file format: Access 97 writes version 3, Access 2000 to 2003 write version 4.
 enum class VersaoJet : std::uint32_t { Jet3 = 0, Jet4 = 1 };
 
-/// First byte of a page.
+/// The type of a page, which is its first byte.
 enum class PaginaJet : std::uint8_t { Cabecalho, Dados, Definicao, Indice, Folha, Mapa };
 
-/// Where things lie in a Jet file. It is made of pages of one size; numbers are little-endian; all places are 0-based
-/// and in bytes, those of a table definition from the start of its first page. What is here is
-/// what reading asks for.
+/// Where things are stored in a Jet file of one version, as far as reading needs it. A file consists of pages of one
+/// size, and its numbers are little-endian. All positions are 0-based and in bytes; those of a table definition count
+/// from the start of its first page.
 struct FormatoJet {
     VersaoJet versao;
-    std::size_t pagina; ///< size of a page
+    std::size_t pagina; ///< size of a page in bytes
 
-    std::size_t cabecalhoCifrado; ///< bytes of page 0 that are ciphered, from `inicioCifrado`
-    std::size_t senha;            ///< bytes of the password
+    std::size_t cabecalhoCifrado; ///< length of the ciphered part of page 0, which starts at `inicioCifrado`
+    std::size_t senha;            ///< length of the password in bytes
 
-    std::size_t contagemDeLinhas;  ///< in a data page: number of rows, whose places follow, two bytes each
-    std::size_t larguraDaContagem; ///< bytes of each count and place in a row, of a name's length, and of a character
+    std::size_t contagemDeLinhas;  ///< data page: place of the number of rows; their positions follow, two bytes each
+    std::size_t larguraDaContagem; ///< bytes of a count or position in a row, of a name's length, and of a character
 
-    std::size_t colunasVariaveis; ///< in a definition: how many columns are of variable length
+    std::size_t colunasVariaveis; ///< definition: position of the number of columns of variable length
     std::size_t colunas;
-    std::size_t indices; ///< physical indexes
+    std::size_t indices; ///< the number of physical indexes
     std::size_t paginasUsadas;
-    std::size_t entradas; ///< the indexes' entries, behind which the columns follow
+    std::size_t entradas; ///< the entries of the indexes; the columns follow them
     std::size_t tamanhoDaEntrada;
 
-    std::size_t coluna; ///< bytes of a column in a definition; its type is the first
+    std::size_t coluna; ///< length of a column entry in a definition; its first byte is the type
     std::size_t numeroDaColuna;
-    std::size_t lugarVariavel; ///< its number among the columns of variable length
+    std::size_t lugarVariavel; ///< index of the column among those of variable length
     std::size_t sinais;
-    std::size_t lugarFixo; ///< place in a row, counted from behind the number of columns
+    std::size_t lugarFixo; ///< position in a row, counted from the end of the number of columns
     std::size_t tamanhoDaColuna;
 };
 
@@ -79,27 +79,27 @@ inline constexpr FormatoJet jet4{.versao = VersaoJet::Jet4,
                                  .lugarFixo = 21,
                                  .tamanhoDaColuna = 23};
 
-/// Places that both versions share.
+/// Positions and other values that both versions share.
 namespace lugarJet {
 inline constexpr std::string_view assinatura{"\0\1\0\0Standard Jet DB\0", 20};
 inline constexpr std::size_t versao = 0x14;
 inline constexpr std::size_t inicioCifrado = 0x18;
-inline constexpr std::size_t chave = 0x3E; ///< 4 bytes: 0, or what all pages but the first are ciphered with
+inline constexpr std::size_t chave = 0x3E; ///< 4 bytes: 0, or the key with which all pages but the first are ciphered
 inline constexpr std::size_t senha = 0x42;
-inline constexpr std::size_t data = 0x72;       ///< Jet 4: day of creation, a double; it masks the password too
-inline constexpr std::size_t proximaPagina = 4; ///< of a definition, 0 for none; in a data page the table's definition
-inline constexpr std::size_t continuacao = 8;   ///< in the further pages of a definition
-inline constexpr std::uint32_t catalogo = 2;    ///< page with the definition of the table of all objects
+inline constexpr std::size_t data = 0x72;       ///< Jet 4: day of creation, a double, which also masks the password
+inline constexpr std::size_t proximaPagina = 4; ///< of a definition, 0 for none; on a data page: its table's definition
+inline constexpr std::size_t continuacao = 8;   ///< start of the content in the further pages of a definition
+inline constexpr std::uint32_t catalogo = 2;    ///< page that defines the table of all objects
 } // namespace lugarJet
 
-/// In the place of a row on its page.
+/// The parts of the number that gives the position of a row on its page.
 namespace linhaJet {
 inline constexpr std::uint32_t lugar = 0x1FFF;
-inline constexpr std::uint32_t mudada = 0x4000;    ///< only the place where the row is now stands here
-inline constexpr std::uint32_t escondida = 0x8000; ///< deleted, or to be reached only from where the row was before
+inline constexpr std::uint32_t mudada = 0x4000;    ///< the slot holds only a pointer to the new place of the row
+inline constexpr std::uint32_t escondida = 0x8000; ///< deleted, or only to be reached from where the row was before
 } // namespace linhaJet
 
-/// Types of columns that are read. The rest are dates, money, pictures and the like.
+/// The column types that can be read. Other types are dates, money, pictures and the like.
 enum class TipoJet : std::uint8_t {
     Byte = 2,
     Inteiro = 3, ///< 16 bits
@@ -107,17 +107,17 @@ enum class TipoJet : std::uint8_t {
     Simples = 6,
     Duplo = 7,
     Caracteres = 10,
-    Memo = 12 ///< a text of any length, which lies elsewhere
+    Memo = 12 ///< a text of any length, which is stored outside the row
 };
 
-/// In the first of the signs of a column.
+/// A bit in the first byte of the flags of a column: its values have a fixed length.
 inline constexpr unsigned colunaFixa = 0x01;
 
-/// Ciphers bytes with a key of four, or brings them back.
+/// Enciphers bytes with a key of four bytes, or deciphers them again.
 void cifrarJet(std::span<char> bytes, std::uint32_t chave);
-/// The same for the part of page 0 that all files have ciphered.
+/// Does the same for the part of page 0 that is ciphered in every file.
 void cifrarCabecalhoJet(std::span<char> pagina, const FormatoJet& formato);
-/// Lays the mask over the password of a plain page 0, or takes it off. Jet 3 has none.
+/// Masks the password in a deciphered page 0, or unmasks it again. Jet 3 has no mask.
 void mascararSenhaJet(std::span<char> pagina, const FormatoJet& formato);
 
 } // namespace quilatador

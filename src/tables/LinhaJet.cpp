@@ -11,9 +11,9 @@ namespace quilatador {
 
 namespace {
 
-constexpr std::size_t maiorTexto = 255; // characters of a column that is no memo
+constexpr std::size_t maiorTexto = 255; // in characters, for a column that is not a memo
 
-/// A little-endian number, of which there must be all bytes and no more.
+/// Reads a little-endian number. The bytes must have exactly the length of its type.
 template <typename Numero>
 Numero lerValor(std::string_view bytes) {
     std::array<char, sizeof(Numero)> copia{};
@@ -30,8 +30,8 @@ bool ColunaJet::deNumeros() const noexcept {
     return std::ranges::find(tipos, tipo) != tipos.end();
 }
 
-/// A row is: number of columns, fixed columns, variable ones, the places of these from the last to the first, their
-/// number, and a bit for each column that is not null.
+/// A row consists of the number of columns, the fixed columns, the variable columns, the positions of the variable
+/// columns from the last to the first, their number, and one bit per column that is set when the column is not null.
 LinhaJet::LinhaJet(const FormatoJet& formato, bool comVariaveis, std::string_view bytes, PonteirosJet& ponteiros)
     : formato_(&formato), ponteiros_(&ponteiros), bytes_(bytes) {
     colunas_ = numeroJet(bytes_, 0, formato_->larguraDaContagem);
@@ -41,12 +41,13 @@ LinhaJet::LinhaJet(const FormatoJet& formato, bool comVariaveis, std::string_vie
     if (comVariaveis) lerLugares(bytes_.size() - mascara);
 }
 
-/// `fim` is where the row's null mask starts.
+/// `fim` is the position of the bits at the end of the row.
 void LinhaJet::lerLugares(std::size_t fim) {
     const std::size_t largura = formato_->larguraDaContagem;
     const std::size_t lugarDaQuantidade = fim - largura;
     const std::size_t quantidade = numeroJet(bytes_, lugarDaQuantidade, largura);
-    // Places of one byte do not reach further than 255: Jet 3 then has jumps, the columns from which 256 is added.
+    // In Jet 3 a position has one byte and reaches only 255. A list of jumps then names the columns from which on
+    // another 256 is added.
     const std::size_t saltos = formato_->versao == VersaoJet::Jet3 ? (bytes_.size() - 1) / 256 : 0;
     const std::size_t ocupados = saltos + (quantidade + 1) * largura;
     exigirIntegro(quantidade <= colunas_ && ocupados <= lugarDaQuantidade);

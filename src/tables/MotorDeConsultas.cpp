@@ -21,19 +21,19 @@ Falha falha(int numero, VistaTexto descricao) {
     return {numero, "BancoDeDados"_t, descricao};
 }
 
-/// The engine failed for want of memory: there is nothing else in its way.
+/// Lack of memory is the only reason why these operations can fail, since the database is in memory.
 void exigirRecursos(bool teve) {
     if (!teve) throw falha(falhaDoBanco::motor, "Recursos do sistema excedidos"_t);
 }
 
-/// What a look-up may do: read the code tables.
+/// Allows a query to read the code tables, and nothing else.
 int autorizar(void*, int acao, const char* tabela, const char*, const char*, const char*) {
     const auto eh = [&](const EsquemaDeTabela& uma) { return textoDosBytes(tabela) == uma.nome; };
     const bool permitida = acao == SQLITE_SELECT || (acao == SQLITE_READ && std::ranges::any_of(tabelasDeCodigos, eh));
     return permitida ? SQLITE_OK : SQLITE_DENY;
 }
 
-/// One whole statement: whatever is behind its end makes it wrong too.
+/// Prepares a text that must be one whole statement. Anything after its end is an error too.
 Comando preparar(sqlite3& sqlite, VistaTexto sql) {
     const std::string utf8 = utf8DeTexto(sql);
     sqlite3_stmt* comando = nullptr;

@@ -11,16 +11,17 @@ struct sqlite3;
 
 namespace quilatador {
 
-/// The engine that runs the queries: it has copies of code tables in memory, and a query may do no more than read them.
-/// Texts compare without regard to the case of the letters A to Z. `Falha` 3035 where the engine gets no memory.
+/// The SQL engine of the look-ups. It holds copies of code tables in memory, which queries may only read. Upper and
+/// lower case of the letters A to Z do not matter in comparisons. Every function raises `Falha` 3035 when there is not
+/// enough memory.
 class MotorDeConsultas {
   public:
     MotorDeConsultas();
 
-    /// Copies a table, once; a query may then ask for it.
+    /// Copies a table into the engine; only then may queries use it. A second call does nothing.
     void copiar(TabelaDeCodigos qual, const TabelasDeCodigos& tabelas);
-    /// The value of a column (0-based) in the first row of a query, "" where it is null; none without rows. `Falha`
-    /// 3075 where the text is anything but one query that the engine takes.
+    /// Runs a query and returns the value of a column (0-based) in its first row: "" for a null value, nothing when
+    /// there is no row. Raises `Falha` 3075 when the text is not exactly one query that the engine accepts.
     [[nodiscard]] std::optional<Texto> consultar(VistaTexto sql, int coluna) const;
 
   private:

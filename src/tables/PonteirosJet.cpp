@@ -39,7 +39,7 @@ std::string PonteirosJet::textoLongo(std::string_view cabeca) {
     return juntarPedacos(ponteiro, tamanho);
 }
 
-/// Each piece begins with the place of the next.
+/// Each piece begins with a pointer to the next one.
 std::string PonteirosJet::juntarPedacos(std::uint32_t ponteiro, std::size_t tamanho) {
     exigirIntegro(tamanho <= restam_);
     std::string texto;

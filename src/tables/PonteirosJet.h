@@ -10,17 +10,18 @@
 
 namespace quilatador {
 
-/// What the rows of a table point to: rows that moved to another page, and long texts. In a sound file nothing is
-/// pointed to twice, and all of it together is never more than the file: a chain that comes back to itself, or many
-/// rows that name one text, end in `Falha` 3049. An object is made for each reading of a table.
+/// Follows the pointers from the rows of a table: to rows that have moved to another page, and to long texts. In a
+/// sound file nothing is pointed to twice, and the total is never larger than the file; so a chain that returns to
+/// itself, or many rows that share one text, raise `Falha` 3049. Use a new object each time a table is read.
 class PonteirosJet {
   public:
     explicit PonteirosJet(const ArquivoJet& arquivo) : arquivo_(&arquivo), restam_(arquivo.tamanho()) {}
 
-    /// The bytes of a row, wherever it has moved to. `vaga` is where it was first.
+    /// The bytes of a row, even when it has moved. `vaga` is the slot where it was first.
     [[nodiscard]] std::string_view linha(const VagaJet& vaga);
-    /// The bytes of a long text, of which a row has only the given head: its length, in the two uppermost bits of this
-    /// where the text is (behind the head, whole in another place, or in pieces), and where it begins.
+    /// The bytes of a long text, for which a row has only the given head. The head contains the length, whose two
+    /// highest bits tell where the text is (right after the head, whole in another slot, or in pieces), and the pointer
+    /// to its start.
     [[nodiscard]] std::string textoLongo(std::string_view cabeca);
 
   private:
@@ -28,8 +29,8 @@ class PonteirosJet {
     [[nodiscard]] std::string juntarPedacos(std::uint32_t ponteiro, std::size_t tamanho);
 
     const ArquivoJet* arquivo_;
-    std::size_t restam_;         ///< bytes that may yet be fetched
-    std::vector<bool> seguidos_; ///< by pointer; as long as the last page with one asks for
+    std::size_t restam_;         ///< number of bytes that may still be read
+    std::vector<bool> seguidos_; ///< by pointer; grows with the pages that are pointed to
 };
 
 } // namespace quilatador

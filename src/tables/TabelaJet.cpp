@@ -14,9 +14,9 @@ TabelaJet::TabelaJet(const ArquivoJet& arquivo, std::uint32_t pagina) : arquivo_
     lerColunas(definicao);
 }
 
-/// A definition may go on from page to page.
+/// A definition may take several pages, each with the number of the next.
 std::string TabelaJet::bytesDaDefinicao() const {
-    constexpr std::size_t maisPaginas = 32; // than all the columns and indexes need that a table may have
+    constexpr std::size_t maisPaginas = 32; // more than the largest definition that Access allows
     std::string bytes;
     std::uint32_t proxima = pagina_;
     for (std::size_t lidas = 0; lidas == 0 || proxima != 0; ++lidas) {
@@ -28,7 +28,7 @@ std::string TabelaJet::bytesDaDefinicao() const {
     return bytes;
 }
 
-/// Behind the entries of the indexes come those of the columns, and then the columns' names.
+/// The entries of the columns follow those of the indexes, and the names of the columns come last.
 void TabelaJet::lerColunas(std::string_view definicao) {
     const std::size_t quantas = numeroJet(definicao, formato().colunas, 2);
     const std::uint64_t indices = numeroJet(definicao, formato().indices, 4);

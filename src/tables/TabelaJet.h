@@ -13,13 +13,14 @@
 
 namespace quilatador {
 
-/// A table of a Jet file, which must live as long. Everything that reading it comes by is checked: `Falha` 3049.
+/// A table of a Jet file. The file must outlive it. Everything read from the file is checked, and any function but
+/// `coluna` raises `Falha` 3049 for damage.
 class TabelaJet {
   public:
-    /// Reads the definition, which starts on this page.
+    /// Reads the definition of the table, which starts on this page.
     TabelaJet(const ArquivoJet& arquivo, std::uint32_t pagina);
 
-    /// The column of a name, in which the case of the letters A to Z does not count; null where there is none.
+    /// The column with this name, or null when there is none. Upper and lower case of the letters A to Z do not matter.
     [[nodiscard]] const ColunaJet* coluna(VistaTexto nome) const noexcept;
     /// Calls `receber` with each row, in the order of the file.
     void percorrer(const std::function<void(const LinhaJet&)>& receber) const;
@@ -33,7 +34,7 @@ class TabelaJet {
 
     const ArquivoJet* arquivo_;
     std::uint32_t pagina_;
-    std::uint32_t mapa_ = 0; ///< where the map of its pages is
+    std::uint32_t mapa_ = 0; ///< pointer to the map of its pages
     bool temVariaveis_ = false;
     std::vector<ColunaJet> colunas_;
 };

@@ -13,14 +13,14 @@ Falha falha(int numero, VistaTexto descricao) {
     return {numero, "TabelasDeCodigos"_t, descricao};
 }
 
-/// A column without which the catalogue is none.
+/// A column that the table of all objects must have in a sound file.
 const ColunaJet& colunaDoCatalogo(const TabelaJet& catalogo, VistaTexto nome, bool deTextos) {
     const ColunaJet* const coluna = catalogo.coluna(nome);
     exigirIntegro(coluna != nullptr && (deTextos ? coluna->deTextos() : coluna->deNumeros()));
     return *coluna;
 }
 
-/// Where the definitions of the tables are, 0 for a table that is missing.
+/// The page on which each table is defined, or 0 for a table that is missing.
 std::array<std::uint32_t, tabelasDeCodigos.size()> paginasDasTabelas(const ArquivoJet& arquivo) {
     std::array<std::uint32_t, tabelasDeCodigos.size()> paginas{};
     const TabelaJet catalogo(arquivo, lugarJet::catalogo);

@@ -14,7 +14,7 @@
 
 namespace quilatador {
 
-/// The code tables and the columns of each that the look-ups ask for.
+/// The code tables, and the columns of each that look-ups need.
 enum class TabelaDeCodigos : std::size_t { Ocorrencia, FormaArrecadacao, FormaPagamento };
 
 struct EsquemaDeTabela {
@@ -31,22 +31,25 @@ inline constexpr std::array<EsquemaDeTabela, 3> tabelasDeCodigos{
     return tabelasDeCodigos[static_cast<std::size_t>(qual)];
 }
 
-/// The code tables of a database file: opened with `TabelasDeCodigos`, asked for with `exigir`, read with `percorrer`.
+/// The code tables of a database file. Create it from the bytes of the file, call `exigir` for a table, and then read
+/// that table with `percorrer`.
 class TabelasDeCodigos {
   public:
-    /// A value for each column of the schema.
+    /// One value for each column of the schema.
     using Linha = std::array<ValorJet, 3>;
 
-    /// Takes a whole file, and reads all rows of the tables that it has, so that no damage shows later. `Falha` 3343
-    /// where it is no such file, 3049 where it is damaged on the way to those rows, 3031 where it has another password.
+    /// Takes the bytes of a whole file and reads all rows of the code tables once, so that any damage shows now and not
+    /// later. Raises `Falha` 3343 when it is not such a file, 3049 when it is damaged on the way to those rows, 3031
+    /// when the password is wrong.
     TabelasDeCodigos(std::string bytes, VistaTexto senha);
     TabelasDeCodigos(const TabelasDeCodigos&) = delete;
     TabelasDeCodigos& operator=(const TabelasDeCodigos&) = delete;
 
-    /// `Falha` 3078 where the file lacks the table, 3061 where this lacks a column, 3259 where one has neither numbers
-    /// nor texts. The other members ask for a table that has passed.
+    /// Checks that a table can be used. Raises `Falha` 3078 when the file lacks the table, 3061 when the table lacks a
+    /// column, 3259 when a column has neither numbers nor texts. Call the functions below only for a table that has
+    /// passed.
     void exigir(TabelaDeCodigos qual) const;
-    /// Whether a column (0-based) holds texts; else it holds numbers.
+    /// Whether a column (0-based) holds texts. If not, it holds numbers.
     [[nodiscard]] bool deTextos(TabelaDeCodigos qual, std::size_t coluna) const;
     /// Calls `receber` with each row, in the order of the file.
     void percorrer(TabelaDeCodigos qual, const std::function<void(const Linha&)>& receber) const;
@@ -54,8 +57,8 @@ class TabelasDeCodigos {
   private:
     struct Aberta {
         std::optional<TabelaJet> tabela;
-        std::array<const ColunaJet*, 3> colunas{}; ///< null where look-ups cannot have it
-        std::optional<Falha> falta;                ///< what keeps look-ups out
+        std::array<const ColunaJet*, 3> colunas{}; ///< null when look-ups cannot use the column
+        std::optional<Falha> falta;                ///< the reason why look-ups in the table fail
     };
 
     static void acharColunas(const EsquemaDeTabela& esquema, Aberta& aberta);

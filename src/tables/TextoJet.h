@@ -7,9 +7,9 @@
 
 namespace quilatador {
 
-/// UTF-8 of a text as rows and definitions have it. Jet 3 has Windows-1252. Jet 4 has UTF-16, or, behind the mark FF
-/// FE, one byte a character; there a NUL changes to two bytes a character, and the next one back. A half of a character
-/// pair becomes "?", a single byte at the end is dropped.
+/// Converts a text from a row or a definition to UTF-8. In Jet 3 it is Windows-1252. In Jet 4 it is UTF-16, or
+/// compressed after the mark FF FE: one byte per character, where each NUL switches between one and two bytes per
+/// character. Half of a surrogate pair becomes "?", and a single byte at the end is dropped.
 [[nodiscard]] std::string utf8DoTextoJet(std::string_view bytes, VersaoJet versao);
 
 } // namespace quilatador

@@ -7,9 +7,9 @@
 
 namespace quilatador::leiautes {
 
-/// The document made of a template (UTF-8): each place "<!-- registro NAME -->" becomes an HTML table of that record
-/// type's fields with their positions. `Falha` 1 where a record type has no place, or a place no record type, so that
-/// the document never tells of another layout.
+/// Fills in a template (UTF-8): each "<!-- registro NAME -->" becomes an HTML table with the fields of that record type
+/// and their positions. Raises `Falha` 1 when a record type does not appear in the template or the template names an
+/// unknown one, so that the document always describes this layout.
 [[nodiscard]] std::string preencher(std::string_view modelo, const ArquivoRemessa& leiaute);
 
 } // namespace quilatador::leiautes

@@ -1,4 +1,4 @@
-// Writes the document of the layouts: a template, with the record types of the layout description in its places.
+// Generates the document about the layouts from a template and the layout description.
 
 #include "common/Falha.h"
 #include "gerarLeiautes/Documento.h"
@@ -16,7 +16,7 @@ using namespace quilatador;
 
 constexpr int situacaoDeFalha = 2;
 
-/// Messages of the loading go to the terminal; there is nothing else to show.
+/// Prints the messages of the loading on the terminal. The other operations of a display are not needed.
 class PainelDeErros final : public Painel {
   public:
     void rotulo(Rotulo, VistaTexto) override {}

@@ -12,7 +12,7 @@ char digitoVerificador(VistaTexto digitos, int moeda) {
 }
 
 CodigoDeBarras fazerCodigoDeBarras(const DadosDaBarra& dados) {
-    // The digits that the general check digit covers: all of the barcode but its own place, the fourth.
+    // The general check digit covers all digits but its own, which is the fourth.
     std::array<char, 43> base{'8', dados.segmento, static_cast<char>('0' + dados.moeda)};
     escreverDigitos(std::span(base).subspan<3, 11>(), dados.valor);
     std::ranges::copy(dados.empresa, base.begin() + 14);

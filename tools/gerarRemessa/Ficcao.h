@@ -4,7 +4,7 @@
 
 #include <array>
 
-/// People, streets and towns that do not exist, in capitals without accents as remittances must be.
+/// Invented people, streets and towns, in capitals without accents as remittances require.
 namespace quilatador::gerador::ficcao {
 
 inline constexpr std::array<VistaTexto, 16> nomes{

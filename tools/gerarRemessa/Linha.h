@@ -10,7 +10,7 @@
 
 namespace quilatador::gerador {
 
-/// Where a field lies in its line: `inicio` is 1-based. The name only tells it from the others.
+/// The place of a field in its line, starting at `inicio` (1-based). The name only serves to find the field.
 struct Campo {
     char segmento;
     std::string_view nome;
@@ -18,28 +18,29 @@ struct Campo {
     std::size_t tamanho;
 };
 
-/// A line of 240 characters with its CR LF, blank until fields are written.
+/// A line of 240 characters with its CR LF. It is blank until fields are written.
 class Linha {
   public:
     static constexpr std::size_t tamanho = 240;
 
     Linha();
 
-    /// Texts, one behind the other, filled with blanks on the right; what passes the field's end is cut.
+    /// Writes the texts one after the other and fills the field with blanks on the right. What goes beyond the end of
+    /// the field is cut.
     void texto(const Campo& campo, std::initializer_list<VistaTexto> partes) noexcept;
-    /// Digits, filled with zeros on the left; high-order digits that do not fit are cut.
+    /// Writes a number with leading zeros. Digits on the left that do not fit are cut.
     void numero(const Campo& campo, std::uint64_t valor) noexcept;
 
-    /// The character at a position, 1-based.
+    /// The character at a position (1-based).
     [[nodiscard]] char caractere(std::size_t posicao) const noexcept { return bytes_[posicao - 1]; }
-    /// The line with its end.
+    /// The line, with its CR LF.
     [[nodiscard]] std::string_view bytes() const noexcept { return {bytes_.data(), bytes_.size()}; }
 
   private:
     std::array<char, tamanho + 2> bytes_;
 };
 
-/// Writes a number as digits that fill the whole of `destino`, zeros on the left; surplus high-order digits are cut.
+/// Writes a number with leading zeros into the whole of `destino`. Digits on the left that do not fit are cut.
 inline void escreverDigitos(std::span<char> destino, std::uint64_t valor) noexcept {
     for (std::size_t i = destino.size(); i-- > 0; valor /= 10)
         destino[i] = static_cast<char>('0' + valor % 10);

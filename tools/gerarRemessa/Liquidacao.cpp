@@ -43,7 +43,7 @@ constexpr Campo registros{'Z', "TotalRegistros", 2, 6};
 constexpr Campo valor{'Z', "ValorTotal", 8, 17};
 } // namespace trailer
 
-/// Collection channels and payment forms, in both letter cases, and one of each that no table has.
+/// Collection channels and payment forms in upper and lower case; one of each is in no table.
 constexpr VistaTexto canais = "1234567ABCDEFabc9?"_t;
 constexpr VistaTexto formas = "1122331X"_t;
 constexpr int moedaReal = 6;
@@ -62,7 +62,7 @@ void escreverCabecalho(Sorteio& sorteio, SaidaEmBlocos& saida) {
     saida.acrescentar(linha.bytes());
 }
 
-/// Small amounts mostly, now and then one of up to ten digits.
+/// Mostly small amounts, and now and then one of up to ten digits.
 std::uint64_t sortearValor(Sorteio& sorteio) {
     return sorteio.abaixoDe(100) == 0 ? sorteio.entre(1, 4'000'000'000) : sorteio.entre(1, 500'000);
 }
@@ -77,7 +77,7 @@ CodigoDeBarras sortearBarras(Sorteio& sorteio, std::uint64_t valor, std::uint32_
                                 .campoLivre = {campoLivre.data(), campoLivre.size()}});
 }
 
-/// Fills a payment's line and gives back its amount, in cents.
+/// Fills in the line of a payment and returns its amount in cents.
 std::uint64_t preencherPagamento(Linha& linha, Sorteio& sorteio, std::uint32_t numero) {
     const std::uint64_t valor = sortearValor(sorteio);
     const CodigoDeBarras barras = sortearBarras(sorteio, valor, numero);

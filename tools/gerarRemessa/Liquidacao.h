@@ -5,7 +5,7 @@
 
 namespace quilatador::gerador {
 
-/// Writes a TAV001, its options checked before; gives back its number of lines.
+/// Writes a TAV001 and returns its number of lines. The options must have been checked before.
 std::uint64_t gerarLiquidacao(const Opcoes& opcoes, SaidaEmBlocos& saida);
 
 } // namespace quilatador::gerador

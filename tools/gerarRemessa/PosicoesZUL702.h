@@ -6,17 +6,18 @@
 #include <iterator>
 #include <string_view>
 
-/// The positions of a ZUL702, known when the program is compiled. They repeat those of `data/Arquivo_ZUL702.xml`: the
-/// generator stands on its own, so that it cannot share a fault of the layout engine; a test holds the two together.
+/// The field positions of a ZUL702 as compile-time constants. They repeat those of `data/Arquivo_ZUL702.xml` on
+/// purpose: the generator does not use the layout engine, so that it cannot share its faults. A test checks that both
+/// agree.
 namespace quilatador::gerador {
 
-/// Fields that every record type has at the same place.
+/// The fields that have the same place in every record type.
 inline constexpr Campo camposComuns[] = {
     Campo{'*', "TipoReg", 1, 1},       Campo{'*', "Convenio", 2, 6},     Campo{'*', "IDRegistro", 8, 4},
     Campo{'*', "Ocorrencias", 229, 6}, Campo{'*', "Sequencial", 235, 6},
 };
 
-/// The fields between those.
+/// The fields between those, by record type.
 inline constexpr Campo camposProprios[] = {
     Campo{'A', "NomeArquivo", 12, 6},
     Campo{'A', "VersaoLayout", 18, 7},
@@ -142,14 +143,14 @@ inline constexpr Campo camposProprios[] = {
     Campo{'Z', "TotalRegistros", 12, 6},
 };
 
-/// A field that every record type has.
+/// A field that every record type has. An unknown name does not compile.
 consteval Campo campo(std::string_view nome) {
     const auto achado = std::ranges::find(camposComuns, nome, &Campo::nome);
     if (achado == std::end(camposComuns)) throw "no such field is common to all record types";
     return *achado;
 }
 
-/// A field of a record type; one that does not exist does not compile.
+/// A field of one record type. An unknown name does not compile.
 consteval Campo campo(char segmento, std::string_view nome) {
     const auto achado =
         std::ranges::find_if(camposProprios, [=](const Campo& c) { return c.segmento == segmento && c.nome == nome; });

@@ -15,11 +15,11 @@ namespace {
 
 constexpr std::uint32_t guiasPadrao = 3;
 
-/// The optional records of the definition part, in the order in which a longer file gets them. Those that every file
-/// has are A B C D E F G K L and the trailer.
+/// The optional records of the definition part, in the order in which longer files get them. Every file has the records
+/// A B C D E F G K L and the trailer.
 constexpr VistaTexto definicoesOpcionais = "LLLGGKKHIJ"_t;
 constexpr std::uint32_t definicoesExigidas = 10;
-/// A slip has S T U V W and Y at least; three more Y, then three X are optional.
+/// A slip has at least S T U V W and Y. Up to three more Y and then three X are optional.
 constexpr std::uint32_t menorGuia = 6;
 constexpr std::uint32_t maiorGuia = 12;
 constexpr std::uint32_t segmentosUnicos = 5;
@@ -29,7 +29,7 @@ static_assert(definicoesExigidas + definicoesOpcionais.size() + maximoDeGuias * 
 struct OpcaoDePagamento {
     char tipo;
     std::uint32_t numero;
-    VistaTexto vencimento; ///< AAAAMMDD
+    VistaTexto vencimento; ///< in the format AAAAMMDD
     VistaTexto denominacao;
 };
 constexpr std::array<OpcaoDePagamento, 4> opcoesDePagamento{{{'C', 0, "20990210"_t, "COTA UNICA COM DESCONTO"_t},
@@ -40,7 +40,7 @@ constexpr std::array<OpcaoDePagamento, 4> opcoesDePagamento{{{'C', 0, "20990210"
 constexpr std::array<VistaTexto, 3> caracteristicas{"AREA DO TERRENO (M2)"_t, "AREA CONSTRUIDA (M2)"_t,
                                                     "ANO DA CONSTRUCAO"_t};
 constexpr std::array<VistaTexto, 3> receitas{"IMPOSTO PREDIAL"_t, "TAXA DE COLETA DE LIXO"_t, "TAXA DE ILUMINACAO"_t};
-/// Rate of the first revenue, in hundredths of a per cent.
+/// The rate of the first revenue in hundredths of a per cent.
 constexpr std::uint64_t aliquota = 150;
 
 constexpr std::array camposValorRec{campo('U', "ValorRec1"), campo('U', "ValorRec2"), campo('U', "ValorRec3")};
@@ -50,7 +50,7 @@ constexpr std::array camposParte{campo('Y', "Parte1"), campo('Y', "Parte2"), cam
                                  campo('Y', "Parte4")};
 constexpr std::array camposDV{campo('Y', "DV1"), campo('Y', "DV2"), campo('Y', "DV3"), campo('Y', "DV4")};
 
-/// What the bank answers to every tenth record: one to three codes, known ones and one that no table has.
+/// The bank's answers to every tenth record: one to three codes, among them one that no table has.
 constexpr std::array<VistaTexto, 7> respostas{"010000"_t, "050000"_t, "071220"_t, "002000"_t,
                                               "980000"_t, "99    "_t, "202122"_t};
 
@@ -80,7 +80,7 @@ class Remessa {
     void pagamento(const OpcaoDePagamento& opcao, std::uint64_t valor);
     void barras(Linha& linha, const OpcaoDePagamento& opcao, std::uint64_t valor);
 
-    /// The line of a record type, as its last record left it.
+    /// The line of a record type, with the content of its last record.
     [[nodiscard]] Linha& linha(char segmento) { return linhas_[static_cast<std::size_t>(segmento - 'A')]; }
     void escrever(char segmento, std::uint64_t idRegistro = 0);
     void comecarTrocas();
@@ -91,8 +91,8 @@ class Remessa {
     SaidaEmBlocos& saida_;
     Sorteio sorteio_;
     VistaTexto opcionais_ = definicoesOpcionais;
-    std::uint32_t guiasAFazer_ = 0;     ///< where the number of slips was asked for
-    std::uint32_t registrosAFazer_ = 0; ///< of slips, where the number of records was asked for
+    std::uint32_t guiasAFazer_ = 0;     ///< slips still to write, when `Opcoes` gives their number
+    std::uint32_t registrosAFazer_ = 0; ///< slip records still to write, when `Opcoes` gives the number of records
 
     std::array<Linha, 26> linhas_;
     std::uint32_t sequencial_ = 0;
@@ -122,7 +122,7 @@ Remessa::Remessa(const Opcoes& opcoes, SaidaEmBlocos& saida)
         linha(segmento).texto(campo("TipoReg"), {VistaTexto(&segmento, 1)});
         linha(segmento).numero(campo("Convenio"), numeroDoConvenio_);
     }
-    for (const Campo& proprio : camposProprios) // most revenues of a slip stay at zero
+    for (const Campo& proprio : camposProprios) // most revenues stay at zero
         if (proprio.segmento == 'U') linha('U').numero(proprio, 0);
 }
 
@@ -177,7 +177,7 @@ void Remessa::convenio() {
     c.texto(campo('C', "IDFebraban"), {"0000"_t, VistaTexto(empresa_.data(), empresa_.size())});
     c.numero(campo('C', "Moeda"), static_cast<std::uint64_t>(moeda_));
     c.numero(campo('C', "Decimais"), 2);
-    c.texto(campo('C', "FormatoData"), {"4"_t}); // AAAAMMDD
+    c.texto(campo('C', "FormatoData"), {"4"_t}); // the code for AAAAMMDD
     c.texto(campo('C', "indAposReceb"), {"N"_t});
     c.numero(campo('C', "idServico"), 1);
     c.texto(campo('C', "Finalidade"), {"ARRECADACAO DE TRIBUTOS MUNICIPAIS"_t});
@@ -245,14 +245,14 @@ void Remessa::repetidos() {
     }
 }
 
-/// Records of the next slip; 0 when there is none to come, and the last slip takes its faults.
+/// The number of records in the next slip, or 0 when there are no more slips. The last slip gets its faults.
 std::uint32_t Remessa::tamanhoDaGuia() {
     std::uint32_t tamanho = 0;
     if (guiasAFazer_ > 0) {
         tamanho = sorteio_.entre(maiorGuia - 2, maiorGuia);
         if (--guiasAFazer_ == 0) comecarTrocas();
     } else if (registrosAFazer_ > 0) {
-        // What is left over must never be less than the smallest slip.
+        // The records that remain for the next slip must never be fewer than the smallest slip needs.
         tamanho = registrosAFazer_ <= maiorGuia       ? registrosAFazer_
                   : registrosAFazer_ <= 2 * maiorGuia ? registrosAFazer_ / 2
                                                       : sorteio_.entre(maiorGuia - 2, maiorGuia);
@@ -283,7 +283,7 @@ void Remessa::guia(std::uint32_t tamanho) {
 
     const std::uint64_t parcelas = std::max(pagamentos - 1, 1u);
     for (std::uint32_t i = 0; i < pagamentos; ++i) {
-        // Installments are equal but for the first, which takes what the division leaves.
+        // All installments are equal, except that the first one also gets the remainder of the division.
         const std::uint64_t parcela = total / parcelas + (i == 1 ? total % parcelas : 0);
         pagamento(opcoesDePagamento[i], i == 0 ? total : parcela);
         escrever('Y', i + 1);
@@ -304,7 +304,7 @@ void Remessa::contribuinte() {
     escrever('T');
 }
 
-/// Fills the record U and gives back its total, in cents.
+/// Fills in the record U and returns its total in cents.
 std::uint64_t Remessa::composicao() {
     const std::uint64_t valorVenal = sorteio_.entre(2'000'000, 90'000'000);
     std::uint64_t total = valorVenal * aliquota / 10'000;
@@ -352,7 +352,8 @@ void Remessa::pagamento(const OpcaoDePagamento& opcao, std::uint64_t valor) {
     barras(y, opcao, valor);
 }
 
-/// The barcode: the company's own part is due date (from position 20), agreement, slip and number of the payment.
+/// Fills in the barcode. The company's own part contains the due date (from position 20), the agreement, the slip and
+/// the number of the payment.
 void Remessa::barras(Linha& linha, const OpcaoDePagamento& opcao, std::uint64_t valor) {
     std::array<char, 25> campoLivre;
     const std::span livre(campoLivre);
@@ -382,7 +383,7 @@ void Remessa::escrever(char segmento, std::uint64_t idRegistro) {
     saida_.acrescentar(trocando_ ? comTrocas(segmento).bytes() : pronta.bytes());
 }
 
-/// From here on records take their faults, counted anew within each type.
+/// Starts to put faults into the records, which are now counted again from 1 within each type.
 void Remessa::comecarTrocas() {
     trocando_ = opcoes_.falhas;
     ordem_.fill(0);
@@ -396,7 +397,7 @@ Linha Remessa::comTrocas(char segmento) {
     return trocada;
 }
 
-/// How many records of a repeatable type the definitions have: one, and the optional ones.
+/// How many records of a repeatable type the definition part has: one, and the optional ones.
 std::uint32_t Remessa::quantos(char segmento) const {
     return 1 + static_cast<std::uint32_t>(std::ranges::count(opcionais_, segmento));
 }

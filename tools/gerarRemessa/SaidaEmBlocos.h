@@ -6,7 +6,7 @@
 
 namespace quilatador::gerador {
 
-/// Gathers lines and writes them in large blocks, so that memory does not grow with the file.
+/// Collects lines and writes them in large blocks, so that memory does not grow with the file.
 class SaidaEmBlocos {
   public:
     explicit SaidaEmBlocos(std::ostream& destino);
@@ -15,7 +15,7 @@ class SaidaEmBlocos {
         if (bloco_.size() + bytes.size() > tamanhoDoBloco) descarregar();
         bloco_.append(bytes);
     }
-    /// Writes what is still held. `Falha` 57 where the stream fails, here or while lines are added.
+    /// Writes what is still waiting. When the stream fails, this function and those that add lines raise `Falha` 57.
     void descarregar();
 
   private:

@@ -6,7 +6,7 @@
 
 namespace quilatador::gerador {
 
-/// Random numbers that are the same on every platform: the distributions of the standard library are not.
+/// Random numbers that are the same on every platform, which the distributions of the standard library are not.
 class Sorteio {
   public:
     explicit Sorteio(std::uint64_t semente) : motor_(semente) {}
@@ -15,11 +15,11 @@ class Sorteio {
     [[nodiscard]] std::uint32_t abaixoDe(std::uint32_t limite) {
         return static_cast<std::uint32_t>(((motor_() >> 32) * limite) >> 32);
     }
-    /// A number from `menor` to `maior`, both included.
+    /// A number from `menor` to `maior`, including both.
     [[nodiscard]] std::uint32_t entre(std::uint32_t menor, std::uint32_t maior) {
         return menor + abaixoDe(maior - menor + 1);
     }
-    /// One element of an array.
+    /// A random element of an array.
     template <typename Lista>
     [[nodiscard]] const auto& umDe(const Lista& lista) {
         return lista[abaixoDe(static_cast<std::uint32_t>(lista.size()))];

@@ -4,25 +4,26 @@
 
 namespace quilatador::gerador {
 
-/// A field that is overwritten to make a remittance faulty.
+/// A field whose content is replaced to put a fault into a remittance.
 struct Troca {
-    std::uint32_t ordem; ///< which record of its type, from 1; of the last slip where the type belongs to slips
+    std::uint32_t ordem; ///< number of the record within its type, 1-based; for slip records, within the last slip
     Campo campo;
     VistaTexto conteudo;
 };
 
-/// One fault a line. None of them breaks the order of the records, which would hide all the others.
+/// Each line of the table puts in one fault. None of them breaks the order of the records, which would hide all the
+/// others.
 inline constexpr Troca trocas[] = {
     {1, campo('A', "TipoForm"), "9"_t},
     {1, campo('A', "IndPostagem"), "X"_t},
-    {1, campo('A', "CNPJ"), "11222333000100"_t}, // wrong digits, and not the CNPJ of B
+    {1, campo('A', "CNPJ"), "11222333000100"_t}, // wrong check digits, and not the CNPJ of B
     {1, campo('B', "Bairro"), ""_t},
     {1, campo('C', "Decimais"), "9"_t},
     {1, campo('C', "indAposReceb"), "s"_t},
     {1, campo('D', "TipoID"), "X"_t},
     {1, campo('D', "TamanhoID"), "18"_t},
     {1, campo('E', "Sigla"), ""_t},
-    {2, campo('G', "Codigo"), "01"_t}, // said before, so that the second characteristic is missing as well
+    {2, campo('G', "Codigo"), "01"_t}, // a code used before, so that the second characteristic is missing as well
     {1, campo('H', "IDRegistro"), "0009"_t},
     {3, campo('K', "Denominacao"), ""_t},
     {2, campo('L', "DataVenc"), "20200310"_t},

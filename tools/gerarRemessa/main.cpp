@@ -21,7 +21,7 @@ constexpr const char* exemplos = R"(Exemplos:
   gerarRemessa --tipo TAV001 --registros 100 retorno.ret     liquidação de tantos pagamentos
 )";
 
-/// The library words its errors in English; what it found wrong is told by the error's type.
+/// Words a wrong use in Portuguese by the type of the error, because the library's own messages are in English.
 std::string mensagemDeUso(const CLI::App*, const CLI::Error& erro) {
     const std::string motivo = dynamic_cast<const CLI::RequiredError*>(&erro) ? "falta o nome do arquivo"
                                : dynamic_cast<const CLI::ExtrasError*>(&erro) ? "opção ou argumento desconhecido"
@@ -30,7 +30,7 @@ std::string mensagemDeUso(const CLI::App*, const CLI::Error& erro) {
 }
 
 void gravar(const gerador::Opcoes& opcoes, const std::filesystem::path& caminho) {
-    gerador::conferir(opcoes); // before a file is replaced for nothing
+    gerador::conferir(opcoes); // checked here too, so that no file is replaced for nothing
     std::ofstream arquivo(caminho, std::ios::binary);
     if (!arquivo) throw Falha(numeroDeFalha::acessoAoCaminho, "Gravacao"_t, "Não foi possível criar o arquivo!"_t);
     gerador::gerar(opcoes, arquivo);
