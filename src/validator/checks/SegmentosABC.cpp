@@ -165,8 +165,7 @@ void verificarSegmentoC(Rodada& rodada, Definicao& definicao) {
     c.ecoDoTexto("Id.Febraban    : "_t, "IDFebraban"_t);
     if (segmento != 9) verificarIDFebraban(c, segmento, definicao.registroB);
 
-    static_cast<void>(
-        c.valor("idServico"_t).paraLongo()); // the value is not used, but one that is not a number ends the run
+    static_cast<void>(c.valor("idServico"_t).paraLongo()); // only so that one that is no number ends the run
     static_cast<void>(c.valor("Finalidade"_t));
 
     verificarMoeda(c, definicao.moeda);
