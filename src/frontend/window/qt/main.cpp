@@ -22,7 +22,8 @@ int main(int argc, char** argv) {
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/logo.svg")));
     QGuiApplication::setDesktopFileName(QStringLiteral("org.quilatador.Quilatador"));
 
-    QTranslator traducao; // the texts of Qt's own dialogs and menus; ours are in Portuguese whatever the system's are
+    QTranslator
+        traducao; // for Qt's own dialogs and menus; our texts are in Portuguese whatever the language of the system
     if (traducao.load(QStringLiteral("qtbase_pt_BR"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QApplication::installTranslator(&traducao);
 
