@@ -46,8 +46,7 @@ class Trabalho {
     modVariaveis& globais_;
     std::atomic<bool>& cancelado_;
     std::unique_ptr<BancoDeDados> banco_;
-    std::unique_ptr<Depurador>
-        depurador_; ///< created for the first remittance, because it reports a faulty layout when it is created
+    std::unique_ptr<Depurador> depurador_; ///< created for the first remittance, since it reports a faulty layout
     std::vector<Relator*> ouvintes_;
 };
 
