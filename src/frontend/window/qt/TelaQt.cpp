@@ -91,8 +91,7 @@ void TelaQt::legenda(Controle controle, VistaTexto texto) {
 
 void TelaQt::focar(Controle controle) {
     widget(controle)->setFocus();
-    if (auto* caixa = qobject_cast<QLineEdit*>(widget(controle)))
-        caixa->selectAll(); // so that typing replaces the text
+    if (auto* caixa = qobject_cast<QLineEdit*>(widget(controle))) caixa->selectAll(); // typing then replaces it
 }
 
 void TelaQt::marcar(Controle controle, bool marcado) {

@@ -22,8 +22,7 @@ int main(int argc, char** argv) {
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/logo.svg")));
     QGuiApplication::setDesktopFileName(QStringLiteral("org.quilatador.Quilatador"));
 
-    QTranslator
-        traducao; // for Qt's own dialogs and menus; our texts are in Portuguese whatever the language of the system
+    QTranslator traducao; // for the dialogs and menus of Qt itself; our own texts are always in Portuguese
     if (traducao.load(QStringLiteral("qtbase_pt_BR"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QApplication::installTranslator(&traducao);
 
