@@ -16,8 +16,7 @@ class ArquivosDoSistema final : public Arquivos {
 
     [[nodiscard]] std::unique_ptr<ArquivoEntrada> abrirEntrada(const std::filesystem::path& caminho) override;
     /// Writes through a link or a device of this name. The content of an existing regular file is lost: the file is
-    /// truncated, or deleted first if that is faster on this system. A write-protected file stays as it is (`Falha`
-    /// 70).
+    /// truncated, or deleted first if that is faster on this system. A write-protected file stays as it is: `Falha` 70.
     [[nodiscard]] std::unique_ptr<ArquivoSaida> criarSaida(const std::filesystem::path& caminho) override;
     [[nodiscard]] bool existe(const std::filesystem::path& caminho) const override;
     [[nodiscard]] std::uint64_t tamanho(const std::filesystem::path& caminho) const override;

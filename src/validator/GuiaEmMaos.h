@@ -14,7 +14,7 @@ namespace quilatador {
 /// Order of use: `iniciar` with the record S, then one of the `guardar` functions for each line that follows.
 class GuiaEmMaos {
   public:
-    /// A slip without record types: its records have no fields, so that a check on it raises `Falha` 5.
+    /// A slip without record types: its records have no fields, so that `verificarGuia` raises `Falha` 5 for it.
     GuiaEmMaos() = default;
     /// An empty slip with the record types of a layout, which must outlive this object. `Falha` 5 if the layout lacks
     /// one of S to X.

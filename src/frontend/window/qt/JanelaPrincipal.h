@@ -33,6 +33,7 @@ class JanelaPrincipal final : public QDialog {
     void reject() override;
 
   signals:
+    /// One file of this machine was dropped on the window.
     void arquivoSolto(const std::filesystem::path& arquivo);
 
   protected:
