@@ -1,13 +1,13 @@
 #!/usr/bin/env bash
-# Builds the program, first installing what that needs, and runs it:
+# Installs what the build needs, builds the program and runs it:
 #
-#   ./run.sh                    the sample remittance is checked, and its log shown
-#   ./run.sh ARQUIVO...         the command line, with these arguments
-#   ./run.sh --janela [ARG...]  the window
+#   ./run.sh                    checks the sample remittance and shows its log
+#   ./run.sh ARQUIVO...         runs the command line with these arguments
+#   ./run.sh --janela [ARG...]  runs the window
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/tools/preparar.sh"
 
-# The tests, which need more packages, are left out of a build that is made for running.
+# A build that is made only for running leaves out the tests, which need more packages.
 preparar() {
     local preset=$1
     shift
@@ -20,7 +20,7 @@ preparar() {
     fi
 }
 
-# A copy is checked, so that the log does not lie among the sources.
+# Checks a copy, so that the log is not written among the sources.
 mostrar_exemplo() {
     local pasta=$raiz/build/exemplo estado=0
     mkdir -p "$pasta"

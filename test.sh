@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Builds everything as users run it, first installing what that needs, and runs every test. Arguments go to ctest
+# Installs what the build needs, builds everything as users run it, and runs every test. Arguments are passed to ctest
 # ("./test.sh -R LeitorDeLinhas").
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/tools/preparar.sh"

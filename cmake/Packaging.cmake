@@ -1,6 +1,6 @@
-# What `cmake --install` places beside the programs, which install themselves, and what `cpack` packs.
+# Installs the files that belong to the programs (each program installs itself) and says what `cpack` packs.
 
-# The programs look for it from their own folder: src/platform has the way.
+# The programs find it relative to their own folder: see src/platform/Pastas.cpp.
 set(pasta_instalada ${CMAKE_INSTALL_DATADIR}/quilatador)
 set(construidos ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
 set(identidade org.quilatador.Quilatador)
@@ -20,13 +20,13 @@ if(QUILATADOR_WINDOW)
   list(APPEND manuais Quilatador.1)
   install(FILES data/desktop/${identidade}.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
   install(FILES data/desktop/${identidade}.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
-  # The icon is the window's logo, so that there is one picture to draw.
+  # The window's logo is the icon too, so that there is only one picture to draw.
   install(FILES src/frontend/window/qt/recursos/logo.svg
           DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps
           RENAME ${identidade}.svg)
 endif()
 
-# Manuals are compressed where that can be done, without a time in them, so that a package comes out the same each time.
+# Manuals are compressed if gzip is there, and without a time stamp, so that a package comes out the same each time.
 find_program(QUILATADOR_GZIP gzip)
 mark_as_advanced(QUILATADOR_GZIP)
 foreach(manual ${manuais})
@@ -42,7 +42,7 @@ endforeach()
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME quilatador)
 set(CPACK_PACKAGE_VENDOR "the Quilatador de Leiaute developers")
-# A package must name an address; this one is reserved for having nobody behind it.
+# A package must name an address. Names that end in ".invalid" are reserved, so that this one belongs to nobody.
 set(CPACK_PACKAGE_CONTACT "Quilatador de Leiaute developers <developers@quilatador.invalid>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_DESCRIPTION}")
 set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
@@ -50,7 +50,7 @@ set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION misc)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# To open a log or a document the programs ask the desktop.
+# The programs ask the desktop to open a log or a document.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS xdg-utils)
 if(QUILATADOR_WINDOW)
   string(APPEND CPACK_DEBIAN_PACKAGE_RECOMMENDS ", qt6-translations-l10n") # Qt's own dialogs in Portuguese

@@ -1,4 +1,4 @@
-# What every target of ours is compiled with, as one interface target.
+# The options that every target of this project is compiled with, as one interface target.
 add_library(quilatador_compiler INTERFACE)
 
 if(MSVC)
@@ -15,18 +15,19 @@ if(QUILATADOR_SANITIZE)
     -fsanitize=${QUILATADOR_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer -D_GLIBCXX_ASSERTIONS)
   target_link_options(quilatador_compiler INTERFACE -fsanitize=${QUILATADOR_SANITIZE})
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    # What the sanitizers add keeps the compiler from seeing what is set where: it then warns of the standard library.
+    # The code that sanitizers add hides from the compiler where a variable is set, so that it warns about the standard
+    # library.
     target_compile_options(quilatador_compiler INTERFACE -Wno-maybe-uninitialized)
   endif()
 endif()
 
 if(QUILATADOR_COVERAGE)
-  # By conditions of the source (clang): g++ counts the hidden branches of exceptions too.
+  # Counts by conditions of the source, which needs clang: g++ also counts the hidden branches of exceptions.
   target_compile_options(quilatador_compiler INTERFACE -fprofile-instr-generate -fcoverage-mapping)
   target_link_options(quilatador_compiler INTERFACE -fprofile-instr-generate -fcoverage-mapping)
 endif()
 
-# quilatador_library(NAME SOURCES... ) makes the target quilatador::NAME of one folder below src/.
+# quilatador_library(NAME SOURCES...) creates the target quilatador::NAME for one folder below src/.
 function(quilatador_library name)
   add_library(quilatador_${name} STATIC ${ARGN})
   add_library(quilatador::${name} ALIAS quilatador_${name})

@@ -49,7 +49,7 @@ std::optional<TipoArquivo> tipoDeNome(std::string_view nome) {
     return std::nullopt;
 }
 
-/// A path as a file dialog would give it.
+/// The absolute path, as a file dialog would return it.
 std::filesystem::path caminhoCompleto(const std::string& caminho) {
     return std::filesystem::absolute(caminho).lexically_normal();
 }
@@ -61,7 +61,7 @@ Argumentos recusa(Texto motivo) {
     return argumentos;
 }
 
-/// The parser's complaint in the user's language.
+/// The parser's error in the user's language.
 Texto motivoDaRecusa(const CLI::ParseError& erro, const CLI::App& app) {
     const auto listar = [](const std::vector<std::string>& itens) {
         Texto lista;
@@ -71,14 +71,14 @@ Texto motivoDaRecusa(const CLI::ParseError& erro, const CLI::App& app) {
     };
     if (dynamic_cast<const CLI::ExtrasError*>(&erro)) return junta("Opção desconhecida: "_t, listar(app.remaining()));
     if (dynamic_cast<const CLI::RequiredError*>(&erro)) return Texto("Falta o nome do ARQUIVO."_t);
-    // The parser's text has the option's name in it.
+    // The text of the parser's error contains the name of the option.
     const std::string texto = erro.what();
     const std::size_t nome = std::min(texto.find('-'), texto.size());
     return junta("Valor ausente ou inválido em "_t,
                  textoDeUtf8(texto.substr(nome, texto.find_first_of(": ", nome) - nome)));
 }
 
-/// Options whose values are read only once all are known; none where they were not given.
+/// The values of options that are interpreted after all have been read; empty for those that were not given.
 struct Valores {
     std::vector<std::string> arquivos;
     std::optional<std::string> tipo;
@@ -89,7 +89,7 @@ struct Valores {
     std::optional<std::string> log;
 };
 
-/// What the user wants done with the files, as far as the values are right.
+/// Interprets the values, or refuses the first one that is wrong.
 Argumentos interpretar(const Valores& valores, Argumentos lidos) {
     if (valores.arquivos.empty()) return recusa(Texto("Falta o nome do ARQUIVO."_t));
     if (valores.tipo) lidos.tipo = tipoDeNome(*valores.tipo);
@@ -134,7 +134,7 @@ Argumentos lerArgumentos(std::vector<std::string> argumentos) {
     app.add_option("--log", valores.log);
     app.add_option("ARQUIVO", valores.arquivos);
     try {
-        std::ranges::reverse(argumentos); // the parser takes them from the back
+        std::ranges::reverse(argumentos); // the parser reads them from the end
         app.parse(argumentos);
     } catch (const CLI::ParseError& erro) {
         return recusa(motivoDaRecusa(erro, app));

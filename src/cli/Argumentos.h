@@ -10,30 +10,30 @@
 
 namespace quilatador {
 
-/// What the command line asks for.
+/// What the command line asks for. What follows `motivo` is meaningful only if `acao` is `Analisar`.
 struct Argumentos {
     enum class Acao { Analisar, MostrarAjuda, MostrarVersao, Recusar };
 
     Acao acao = Acao::Analisar;
-    Texto motivo; ///< why the arguments are refused
+    Texto motivo; ///< the reason, if `acao` is `Recusar`
 
     std::vector<std::filesystem::path> arquivos; ///< absolute and lexically normal
-    std::optional<TipoArquivo> tipo;             ///< none: told by each file's first line
+    std::optional<TipoArquivo> tipo;             ///< if empty, each file's first line tells the type
     bool comData = false;
-    double posicao = 0;
+    double posicao = 0; ///< 1-based, of the due date in the barcode; not checked yet
     Texto formato;
-    std::optional<double> primeiras;
-    std::optional<std::filesystem::path> pasta;
-    std::optional<std::filesystem::path> log;
+    std::optional<double> primeiras;            ///< number of slips to analyse; empty for all
+    std::optional<std::filesystem::path> pasta; ///< program folder; if empty, the one that the machine knows
+    std::optional<std::filesystem::path> log;   ///< replaces the log beside the file
     bool abrir = false;
     bool json = false;
     bool silencioso = false;
 };
 
-/// Reads the arguments, the program's name not among them. Never fails: what is wrong is `Acao::Recusar`.
+/// Reads the arguments, without the program's name. Never fails: wrong arguments give `Acao::Recusar` and a `motivo`.
 [[nodiscard]] Argumentos lerArgumentos(std::vector<std::string> argumentos);
 
-/// The help text and the version line, ending in a line end.
+/// The help text and the version line. Both end in a line end.
 [[nodiscard]] VistaTexto textoDeAjuda();
 [[nodiscard]] Texto textoDaVersao();
 

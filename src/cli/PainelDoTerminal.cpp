@@ -8,7 +8,7 @@ namespace {
 
 using namespace std::chrono_literals;
 constexpr Relogio::Instante intervaloDoDesenho = 100ms;
-/// Reading the clock costs more than a record does, so it is read once in so many.
+/// Reading the clock takes longer than a record does, so it is read only once per this many records.
 constexpr std::int32_t registrosPorLeitura = 512;
 
 } // namespace
@@ -49,7 +49,7 @@ void PainelDoTerminal::processarEventos() {
 }
 
 void PainelDoTerminal::mensagem(const Mensagem& mensagem) {
-    if (mensagem.assunto == Mensagem::Assunto::Aviso) return; // that the analysis is over shows by itself
+    if (mensagem.assunto == Mensagem::Assunto::Aviso) return; // the end of the program shows that the analysis is over
     apagar();
     saida_ << paraTerminal(mensagem.texto) << std::endl;
 }

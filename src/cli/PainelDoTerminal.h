@@ -9,15 +9,15 @@
 
 namespace quilatador {
 
-/// The display of the command line: problems and progress go to a stream as UTF-8, progress only where a person
-/// watches, on one line that is drawn again at most ten times a second.
+/// The display of the command line. It writes messages and progress to a stream, in UTF-8. Progress is for a person who
+/// watches (`comProgresso`): one line, drawn again at most ten times a second.
 class PainelDoTerminal : public Painel {
   public:
     struct Opcoes {
         bool comProgresso = false;
-        int largura = 80; ///< characters of a line
-        std::optional<double> primeiras;
-        std::function<void()> aoAtender; ///< called where waiting events are handled, once per line
+        int largura = 80;                ///< of the terminal, in characters
+        std::optional<double> primeiras; ///< number of slips to analyse; empty for all
+        std::function<void()> aoAtender; ///< called once per line, where a window would handle its events
     };
 
     PainelDoTerminal(std::ostream& saida, const Relogio& relogio, Opcoes opcoes);
@@ -40,7 +40,7 @@ class PainelDoTerminal : public Painel {
     bool desenhado_ = false;
 };
 
-/// A text as a terminal may get it: UTF-8, its control characters (below 20 and 7F to 9F hex) written as "\xNN".
+/// The text for a terminal: in UTF-8, its control characters (00 to 1F and 7F to 9F hex) written as "\xNN".
 [[nodiscard]] std::string paraTerminal(VistaTexto texto);
 
 } // namespace quilatador

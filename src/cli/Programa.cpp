@@ -36,7 +36,7 @@ Texto contagem(std::int32_t numero, VistaTexto singular, VistaTexto plural) {
     return junta(textoDe(numero), " "_t, numero == 1 ? singular : plural);
 }
 
-/// What an analysis that came to its end has to say.
+/// The summary of a completed analysis.
 Texto achadosDe(TipoArquivo tipo, const Resumo& resumo) {
     switch (tipo) {
     case TipoArquivo::ZUL702:
@@ -50,7 +50,7 @@ Texto achadosDe(TipoArquivo tipo, const Resumo& resumo) {
     return {};
 }
 
-/// One command line at work.
+/// Carries out one command line.
 class Chamada {
   public:
     Chamada(const Argumentos& argumentos, const Maquina& maquina)
@@ -76,7 +76,7 @@ class Chamada {
         for (const std::filesystem::path& arquivo : argumentos_.arquivos) {
             if (maquina_.interrompido()) break;
             maior = std::max(maior, analisar(arquivo));
-            if (!maquina_.saida.good()) return situacao::naoRodou; // nobody reads what the others would have to say
+            if (!maquina_.saida.good()) return situacao::naoRodou; // nobody would read the results of the other files
         }
         return maquina_.interrompido() ? situacao::interrompido : maior;
     }
@@ -94,7 +94,7 @@ class Chamada {
 
     int analisar(const std::filesystem::path& arquivo) {
         Pedido pedido;
-        // A file that tells nothing is taken for a remittance, whose first finding says that it is none.
+        // A file of unknown type is taken for a remittance, whose first finding says that it is none.
         pedido.tipoArquivo = argumentos_.tipo
                                  ? *argumentos_.tipo
                                  : reconhecerTipo(arquivo, maquina_.arquivos).value_or(TipoArquivo::ZUL702);

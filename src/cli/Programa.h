@@ -14,7 +14,7 @@
 
 namespace quilatador {
 
-/// What the command line needs of the machine.
+/// What the command line needs from the machine. The references must outlive the call of `executar`.
 struct Maquina {
     Relogio& relogio;
     Localidade& localidade;
@@ -22,13 +22,15 @@ struct Maquina {
     Arquivos& arquivos;
     std::ostream& saida;          ///< standard output
     std::ostream& erros;          ///< standard error
-    bool errosNoTerminal = false; ///< whether a person watches it
-    int larguraDoTerminal = 80;
+    bool errosNoTerminal = false; ///< whether a person watches `erros`
+    int larguraDoTerminal = 80;   ///< in characters
     std::filesystem::path pastaDoPrograma;
-    std::function<bool()> interrompido; ///< whether the user wants to stop, asked at every line
+    std::function<bool()> interrompido; ///< whether the user wants to stop; called at every line
 };
 
-/// The whole command line: analyses each file, whatever happened to the one before, and gives the greatest status.
+/// Runs the whole command line and returns its exit status, one of `situacao`. Each file is analysed, whatever happened
+/// to the one before, and the greatest status counts. Output that cannot be written, or a lack of memory, gives at
+/// least 2.
 [[nodiscard]] int executar(std::vector<std::string> argumentos, const Maquina& maquina);
 
 } // namespace quilatador

@@ -7,17 +7,20 @@
 
 namespace quilatador {
 
-/// One JSON object for each file, on a line of its own (NDJSON), in UTF-8; docs/json.md describes it. It is written
-/// as the findings come, so that a file full of them costs no memory.
+/// Writes one JSON object for each file, on a line of its own (NDJSON), in UTF-8; docs/json.md describes it. Findings
+/// are written as they come, so that a file full of them costs no memory.
+///
+/// Order of use for each file: `iniciar`, then the run with this as a listener, then `terminar`.
 class RelatorJson : public Relator {
   public:
+    /// The version of the format, which each object states.
     static constexpr int versao = 1;
 
     explicit RelatorJson(std::ostream& saida) : saida_(saida) {}
 
-    /// Begins the object of a file.
+    /// Starts the object of a file.
     void iniciar(const std::filesystem::path& arquivo, VistaTexto tipo, const std::filesystem::path& log);
-    /// Ends it; `situacao` is the exit status that the file alone would give.
+    /// Ends the object. `situacao` is the exit status that this file alone would give.
     void terminar(const Resumo& resumo, int situacao);
 
     void achado(const Achado& achado) override;

@@ -34,13 +34,13 @@ std::optional<Texto> recusaDoFormato(double posicao, VistaTexto formato) {
 }
 
 std::optional<TipoArquivo> reconhecerTipo(const std::filesystem::path& arquivo, Arquivos& arquivos) {
-    constexpr int tentativas = 2; // a file that is busy for a moment must not be taken for one of another type
+    constexpr int tentativas = 2; // a file that is locked for a moment must not be taken for one of another type
     for (int tentativa = 0; tentativa < tentativas; ++tentativa) {
         try {
-            LeitorDeLinhas leitor(arquivos.abrirEntrada(arquivo), [] { return true; }); // the first line tells enough
+            LeitorDeLinhas leitor(arquivos.abrirEntrada(arquivo), [] { return true; }); // the first line is enough
             return tipoDaLinha(leitor.proxima().value_or(VistaTexto()));
         } catch (const Falha&) {
-            continue; // in the end the analysis that follows says what is wrong with the file
+            continue; // the analysis that follows reports what is wrong with the file
         }
     }
     return std::nullopt;

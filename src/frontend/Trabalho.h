@@ -12,30 +12,31 @@
 
 namespace quilatador {
 
-/// The job that the window and the command line share: opens what the analyses need and hands each request to the
+/// The job that the window and the command line share: it opens what the analyses need and passes each request to the
 /// analysis of its type.
 ///
-/// Order of use: `iniciar` once; then for each request `recusa`, `comecar` and `analisar`. Between the last two a
-/// program shows that something is going on; a wish to cancel counts from `comecar` on.
+/// Order of use: `iniciar` once; then, for each request, `recusa`, `comecar` and `analisar`. Between `comecar` and
+/// `analisar` a program shows that an analysis is starting. A request to cancel counts from `comecar` on.
 class Trabalho {
   public:
-    /// All that is given must live as long; `cancelado` is the caller's, as `Rodada` has it.
+    /// The arguments must outlive this object; `cancelado` belongs to the caller, as in `Rodada`.
     Trabalho(Ambiente& ambiente, modVariaveis& globais, std::atomic<bool>& cancelado);
     Trabalho(const Trabalho&) = delete;
     Trabalho& operator=(const Trabalho&) = delete;
     ~Trabalho();
 
-    /// Further listeners of the analyses to come. Not owned.
+    /// Adds a listener to all later analyses. It is not owned and must outlive them.
     void adicionarRelator(Relator& relator) { ouvintes_.push_back(&relator); }
 
-    /// Opens the code tables, which stay open while this lives. False, after an error box, where they cannot be
-    /// opened: the program is to end, whatever it was to do.
+    /// Opens the code tables, which stay open as long as this object lives. Returns false, after an error box, if they
+    /// cannot be opened; the program must then end.
     [[nodiscard]] bool iniciar();
-    /// Why a request is not to be analysed at all; none where it is.
+    /// The reason why a request cannot be analysed: the due date of a remittance does not fit into the barcode. Nothing
+    /// if it can be analysed.
     [[nodiscard]] static std::optional<Texto> recusa(const Pedido& pedido);
-    /// The run of a request.
+    /// Creates the run of a request, which clears an earlier request to cancel.
     [[nodiscard]] Rodada comecar(const Pedido& pedido);
-    /// Analyses the file of that run.
+    /// Analyses the file of that run and returns its summary.
     Resumo analisar(Rodada& rodada, const Pedido& pedido);
 
   private:
@@ -45,7 +46,7 @@ class Trabalho {
     modVariaveis& globais_;
     std::atomic<bool>& cancelado_;
     std::unique_ptr<BancoDeDados> banco_;
-    std::unique_ptr<Depurador> depurador_; ///< made when the first remittance comes, since it says what is wrong then
+    std::unique_ptr<Depurador> depurador_; ///< created for the first remittance, since it reports a faulty layout
     std::vector<Relator*> ouvintes_;
 };
 

@@ -4,19 +4,19 @@
 
 namespace quilatador {
 
-/// The files of the machine. Nothing is buffered here: the callers read and write whole blocks.
+/// The files of the machine. There is no buffer here: the callers read and write whole blocks.
 ///
-/// Input must be a regular file, or the null device: a pipe may never have a byte and a device may never end, so both
-/// are refused (`Falha` 75) without waiting for them. Output may be a device, or a pipe that somebody reads.
+/// An input must be a regular file or the null device. A pipe may never deliver a byte and a device may never end, so
+/// both are refused without waiting (`Falha` 75). An output may also be a device, or a pipe that somebody reads.
 class ArquivosDoSistema final : public Arquivos {
   public:
-    /// From here on a file that outgrows the user's limit (61) and a pipe that nobody reads any more (57) are failed
-    /// writes, also where the system would end the process for them.
+    /// From now on a file that outgrows the user's limit (`Falha` 61) and a pipe that nobody reads any more (57) make a
+    /// write fail, even on systems that would otherwise end the process.
     ArquivosDoSistema();
 
     [[nodiscard]] std::unique_ptr<ArquivoEntrada> abrirEntrada(const std::filesystem::path& caminho) override;
-    /// A link or a device of this name is written through. What an old regular file held is gone, be it cut to nothing
-    /// or deleted first, whichever the system does faster; one that may not be written stays.
+    /// Writes through a link or a device of this name. The content of an existing regular file is lost: the file is
+    /// truncated, or deleted first if that is faster on this system. A write-protected file stays as it is: `Falha` 70.
     [[nodiscard]] std::unique_ptr<ArquivoSaida> criarSaida(const std::filesystem::path& caminho) override;
     [[nodiscard]] bool existe(const std::filesystem::path& caminho) const override;
     [[nodiscard]] std::uint64_t tamanho(const std::filesystem::path& caminho) const override;

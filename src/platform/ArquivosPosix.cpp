@@ -14,7 +14,7 @@ namespace quilatador {
 
 namespace {
 
-/// A call of the system, made again as long as a signal breaks it off.
+/// Repeats a system call as long as a signal interrupts it.
 template <typename Chamada>
 auto semInterrupcao(Chamada chamada) {
     auto resultado = chamada();
@@ -25,10 +25,10 @@ auto semInterrupcao(Chamada chamada) {
 
 class Descritor {
   public:
-    /// Opens with `modo`, never waiting for the other end of a pipe. `Falha` as `Arquivos` says.
+    /// Opens with `modo`, without waiting for the other end of a pipe. `Falha` as in `Arquivos`.
     Descritor(const std::filesystem::path& caminho, int modo) {
         if (!nomePossivel(caminho)) throw falhaDeArquivo(EINVAL);
-        constexpr mode_t permissoes = 0666; // less what the user's mask takes away
+        constexpr mode_t permissoes = 0666; // minus what the user's umask removes
         const int opcoes = modo | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
         numero_ = semInterrupcao([&] { return ::open(caminho.c_str(), opcoes, permissoes); });
         if (numero_ < 0) throw falhaDeArquivo(errno);
@@ -49,7 +49,7 @@ class Descritor {
 
     void fechar() {
         const int numero = std::exchange(numero_, -1);
-        const bool fechado = numero < 0 || ::close(numero) == 0 || errno == EINTR; // closed even where interrupted
+        const bool fechado = numero < 0 || ::close(numero) == 0 || errno == EINTR; // closed even if interrupted
         if (!fechado) throw falhaDeTransferencia(errno);
     }
 
@@ -111,8 +111,8 @@ bool ehNulo(const struct stat& situacao) noexcept {
     return S_ISCHR(situacao.st_mode) && ::stat("/dev/null", &nulo) == 0 && situacao.st_rdev == nulo.st_rdev;
 }
 
-/// Deletes an old log, since cutting a huge one to nothing takes longer. One that the user protected against writing
-/// stays, and its opening fails as it should.
+/// Deletes an old log, because truncating a huge one takes longer. A log that the user has write-protected stays, and
+/// opening it fails as it should.
 void apagarAntigo(const std::filesystem::path& caminho) noexcept {
     struct stat situacao {};
     if (::lstat(caminho.c_str(), &situacao) != 0 || !S_ISREG(situacao.st_mode)) return;
@@ -137,7 +137,7 @@ std::unique_ptr<ArquivoEntrada> ArquivosDoSistema::abrirEntrada(const std::files
 std::unique_ptr<ArquivoSaida> ArquivosDoSistema::criarSaida(const std::filesystem::path& caminho) {
     if (nomePossivel(caminho)) apagarAntigo(caminho);
     Descritor descritor(caminho, O_WRONLY | O_CREAT | O_TRUNC);
-    ::fcntl(descritor.numero(), F_SETFL, 0); // the opening must not wait, but writing to a full pipe must
+    ::fcntl(descritor.numero(), F_SETFL, 0); // opening must not wait, but writing to a full pipe must
     return std::make_unique<SaidaPosix>(std::move(descritor));
 }
 

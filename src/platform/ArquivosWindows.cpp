@@ -35,7 +35,8 @@ HANDLE identificador(const Canal& canal) noexcept {
     return reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(canal.get())));
 }
 
-/// Whether it is sure to end: a file of a disk, or the null device. A pipe, the console or a serial line is not.
+/// Whether reading is sure to come to an end. That holds for a file on a disk and for the null device, but not for a
+/// pipe, the console or a serial line.
 bool temFim(const Canal& canal, const std::filesystem::path& caminho) {
     const DWORD tipo = GetFileType(identificador(canal));
     return tipo == FILE_TYPE_DISK || (tipo == FILE_TYPE_CHAR && _wcsicmp(caminho.filename().c_str(), L"NUL") == 0);
@@ -86,7 +87,7 @@ class SaidaWindows final : public ArquivoSaida {
 
 } // namespace
 
-ArquivosDoSistema::ArquivosDoSistema() = default; // this system ends no process for a failed write
+ArquivosDoSistema::ArquivosDoSistema() = default; // Windows does not end a process for a failed write
 
 std::unique_ptr<ArquivoEntrada> ArquivosDoSistema::abrirEntrada(const std::filesystem::path& caminho) {
     Canal canal = abrir(caminho, L"rbN");

@@ -15,7 +15,7 @@ int numeroDoErro(int erro) noexcept {
     case ENOENT:
     case ENOTDIR:
         return numeroDeFalha::arquivoNaoEncontrado;
-    case EAGAIN: // at opening, where another program holds a lease on the file
+    case EAGAIN: // another program holds a lease on the file that is opened
     case EBUSY:
     case ETXTBSY:
         return numeroDeFalha::arquivoJaAberto;
@@ -31,7 +31,7 @@ int numeroDoErro(int erro) noexcept {
         return numeroDeFalha::permissaoNegada;
     case EISDIR:
     case ELOOP:
-    case ENXIO: // a socket, or a pipe that nobody reads
+    case ENXIO: // a socket, or a pipe without a reader
         return numeroDeFalha::acessoAoCaminho;
     default:
         return numeroDeFalha::erroDeDispositivo;

@@ -10,13 +10,13 @@ namespace quilatador {
 
 namespace {
 
-/// The one thing that a signal handler can reach.
+/// A global, because a signal handler can reach nothing else.
 std::atomic<bool> chegou = false;
 static_assert(std::atomic<bool>::is_always_lock_free, "a signal handler must not wait for a lock");
 
 extern "C" void aoChegar(int sinal) {
     if (chegou.exchange(true)) std::_Exit(situacao::interrompido);
-    std::signal(sinal, aoChegar); // some systems go back to the default after the first
+    std::signal(sinal, aoChegar); // some systems restore the default after the first signal
 }
 
 } // namespace

@@ -2,17 +2,18 @@
 
 namespace quilatador {
 
-/// While it lives, Ctrl-C and a request to terminate only raise a flag, so that the run in hand can end in order. The
-/// second one leaves at once, with status 130. A program has one of these at a time.
+/// While it lives, Ctrl-C and a request to terminate (SIGINT, SIGTERM) only set a flag, so that the current run can end
+/// in order. The second signal ends the process at once, with status 130. A program has at most one object of this
+/// class at a time.
 class Interrupcao {
   public:
     Interrupcao();
     Interrupcao(const Interrupcao&) = delete;
     Interrupcao& operator=(const Interrupcao&) = delete;
-    /// What the signals did before holds again; the flag is taken down.
+    /// Restores the earlier handling of the signals and clears the flag.
     ~Interrupcao();
 
-    /// Whether one came. Cheap enough to be asked at every line.
+    /// Whether a signal has arrived. Fast enough to be called at every line.
     [[nodiscard]] bool pedida() const noexcept;
 
   private:

@@ -4,8 +4,8 @@
 
 namespace quilatador {
 
-/// Starts the system's own programs: its text editor for a log, whatever it has for a document. They get no part of
-/// this program's terminal and live on after it.
+/// Starts programs of the system: its text editor for a log, its default program for a document. They do not get this
+/// program's terminal, and they stay open after it has ended. A program that cannot be started is no failure.
 class LancadorDoSistema final : public Lancador {
   public:
     void abrirTexto(const std::filesystem::path& caminho) override;

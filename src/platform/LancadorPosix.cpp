@@ -12,7 +12,7 @@ namespace quilatador {
 
 namespace {
 
-/// What a started program gets: no terminal, and no signal meant for this one.
+/// The conditions of a started program: no terminal, and none of the signals that are meant for this program.
 class Condicoes {
   public:
     Condicoes() {
@@ -27,7 +27,7 @@ class Condicoes {
         sigaddset(&sinais, SIGXFSZ);
         posix_spawnattr_init(&atributos_);
         posix_spawnattr_setsigdefault(&atributos_, &sinais);
-        posix_spawnattr_setpgroup(&atributos_, 0); // Ctrl-C on our terminal is not for it
+        posix_spawnattr_setpgroup(&atributos_, 0); // so that Ctrl-C on our terminal does not reach it
         posix_spawnattr_setflags(&atributos_, POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETPGROUP);
     }
     Condicoes(const Condicoes&) = delete;
@@ -45,11 +45,11 @@ class Condicoes {
     posix_spawnattr_t atributos_{};
 };
 
-/// Hands a file to the desktop's opener, by argument vector: no shell sees the name.
+/// Passes a file to the desktop's opener as an argument, so that no shell interprets the name.
 void abrir(const std::filesystem::path& caminho) {
     std::string programa = "xdg-open";
     std::error_code erro;
-    std::string arquivo = std::filesystem::absolute(caminho, erro); // so that "-x.log" is no option
+    std::string arquivo = std::filesystem::absolute(caminho, erro); // so that "-x.log" is not taken for an option
     if (erro) return;
     char* const argumentos[] = {programa.data(), arquivo.data(), nullptr};
     const Condicoes condicoes;
@@ -57,14 +57,14 @@ void abrir(const std::filesystem::path& caminho) {
     if (posix_spawnp(&processo, programa.c_str(), condicoes.arquivos(), condicoes.atributos(), argumentos, environ) !=
         0)
         return;
-    // Somebody must wait for it, or its entry stays among the processes; the caller must not.
+    // Some thread must wait for the process, or its entry stays in the process table; the caller must not wait.
     std::thread([processo] { ::waitpid(processo, nullptr, 0); }).detach();
 }
 
 } // namespace
 
 void LancadorDoSistema::abrirTexto(const std::filesystem::path& caminho) {
-    abrir(caminho); // a ".log" is a plain text for the desktop
+    abrir(caminho); // the desktop opens a ".log" as plain text
 }
 
 void LancadorDoSistema::abrirDocumento(const std::filesystem::path& caminho) {

@@ -10,8 +10,8 @@ constexpr std::array<VistaTexto, 12> mesesBrasileiros{"janeiro"_t,  "fevereiro"_
                                                       "maio"_t,     "junho"_t,     "julho"_t,    "agosto"_t,
                                                       "setembro"_t, "outubro"_t,   "novembro"_t, "dezembro"_t};
 
-/// The text in the code page, or none where that lacks one of its characters. The narrow no-break space of some
-/// languages is the wide one there.
+/// The text in Windows-1252, or nothing if that lacks one of its characters. The narrow no-break space of some
+/// languages becomes the ordinary no-break space.
 std::optional<Texto> representavel(std::string utf8) {
     constexpr std::string_view estreito = "\u202F";
     for (auto posicao = utf8.find(estreito); posicao != std::string::npos; posicao = utf8.find(estreito))
@@ -26,7 +26,7 @@ std::optional<Texto> representavel(std::string utf8) {
 LocalidadeDoSistema::LocalidadeDoSistema(const TextosDoSistema& textos) {
     const std::optional<Texto> milhar = representavel(textos.separadorDeMilhar);
     const std::optional<Texto> decimal = representavel(textos.separadorDecimal);
-    if (milhar && decimal && !decimal->empty()) { // one from each language could make them equal
+    if (milhar && decimal && !decimal->empty()) { // separators of two languages could be equal
         separadorDeMilhar_ = *milhar;
         separadorDecimal_ = *decimal;
     }

@@ -7,15 +7,15 @@
 
 namespace quilatador {
 
-/// What a system says of the user's language, in UTF-8; empty where it says nothing.
+/// What a system says about the user's language, in UTF-8; empty texts where it says nothing.
 struct TextosDoSistema {
     std::string separadorDeMilhar;
     std::string separadorDecimal;
     std::array<std::string, 12> meses;
 };
 
-/// The user's language, read once. Where it has nothing of its own (the C and POSIX locales, one that is not
-/// installed), or nothing that Windows-1252 can write, the Brazilian separators and names stand in.
+/// The user's language, read once. The Brazilian separators and month names replace what it does not have (as the C and
+/// POSIX locales, or one that is not installed) and what Windows-1252 cannot write.
 class LocalidadeDoSistema final : public Localidade {
   public:
     LocalidadeDoSistema();

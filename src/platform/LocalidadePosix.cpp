@@ -8,7 +8,7 @@ namespace quilatador {
 
 namespace {
 
-/// One category of the user's locale; the process's own locale is not touched.
+/// One category of the user's locale. The locale of the process stays as it is.
 class Categoria {
   public:
     Categoria(int mascara, const char* variavel) {
@@ -22,7 +22,7 @@ class Categoria {
         if (locale_) freelocale(locale_);
     }
 
-    /// "" where the locale has no language, or is not installed.
+    /// "" if the locale has no language or is not installed.
     [[nodiscard]] std::string texto(nl_item item) const { return locale_ ? nl_langinfo_l(item, locale_) : ""; }
 
   private:

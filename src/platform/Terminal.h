@@ -5,10 +5,10 @@ namespace quilatador {
 /// One of the program's two outputs.
 enum class Fluxo { Padrao, Erro };
 
-/// Whether a person reads it, rather than a file or another program.
+/// Whether it is a terminal, which a person reads, and not a file or another program.
 [[nodiscard]] bool ehTerminal(Fluxo fluxo);
 
-/// Characters of a line on that terminal; 80 where it is none, or does not tell.
+/// The width of that terminal in characters; 80 if it is no terminal or does not tell.
 [[nodiscard]] int larguraDoTerminal(Fluxo fluxo);
 
 } // namespace quilatador

@@ -59,7 +59,7 @@ Desfecho AnaliseDeRetorno::analisar() {
     return Desfecho::Cancelada;
 }
 
-/// A file of another type ends as one whose analysis was cancelled.
+/// The log of a file of another type ends like that of a cancelled run.
 Desfecho AnaliseDeRetorno::recusar(const Achado& achado) {
     rodada_.escreverErro(achado);
     rodada_.resumo().descricao = achado.mensagem;

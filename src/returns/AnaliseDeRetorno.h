@@ -9,13 +9,15 @@
 
 namespace quilatador {
 
-/// What the analyses of the two return files share: opening the file, and the walk through its lines with its
-/// progress. The derived class knows what a line says.
+/// What the analyses of both kinds of return files share: opening the file and reading its lines, with progress. The
+/// derived class knows what a line says.
 ///
-/// An input that cannot be opened is told in an error box, and there is no log then. A failed look-up, or read,
-/// becomes the last line of the log.
+/// If the input cannot be opened, an error box says so and there is no log. A look-up or a read that fails becomes the
+/// last line of the log.
 class AnaliseDeRetorno : public Analise {
   public:
+    /// `rodada` and the code tables of `globais` must outlive this object. Without code tables each look-up raises
+    /// `Falha` 3420.
     AnaliseDeRetorno(Rodada& rodada, const modVariaveis& globais);
 
     [[nodiscard]] std::optional<Texto> preparar() final;
@@ -24,18 +26,19 @@ class AnaliseDeRetorno : public Analise {
     void fecharEntrada() noexcept final { leitor_.reset(); }
 
   protected:
-    /// Takes the first line for a header: the finding that says why it is none, or none after telling of it.
+    /// Handles the first line as the header of the file. Returns the finding that says why it is none; otherwise writes
+    /// what the header says and returns nothing.
     [[nodiscard]] virtual std::optional<Achado> tratarHeader(VistaTexto linha) = 0;
-    /// Tells of a line, the first one included.
+    /// Handles one line. The first line comes here too, after `tratarHeader` has accepted it.
     virtual void tratarLinha(VistaTexto linha) = 0;
-    /// Called at the end of the file.
+    /// Called at the end of the file, unless the run was cancelled. Does nothing by default.
     virtual void escreverTotais() {}
 
     [[nodiscard]] Rodada& rodada() noexcept { return rodada_; }
     [[nodiscard]] ConsultasDaRodada& consultas() noexcept { return consultas_; }
-    /// Number (1-based) of the line in hand; at the end, lines read.
+    /// 1-based number of the current line; after the last line, the number of lines read.
     [[nodiscard]] std::int32_t linhaAtual() noexcept { return rodada_.resumo().totalRegistros; }
-    /// Shows a text in a label, and lets the window handle its events.
+    /// Shows a text in a label and lets the window handle its events.
     void mostrar(Rotulo rotulo, VistaTexto texto);
 
   private:

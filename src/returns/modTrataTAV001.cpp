@@ -8,10 +8,10 @@ namespace quilatador {
 
 namespace {
 
-/// Ends what is told of a record.
+/// Ends the report on one record.
 constexpr VistaTexto separador = "\r\n\r\n----------------------------------------------\r\n\r\n"_t;
 
-/// What the first line must have.
+/// A text that the first line must have, at a 1-based position.
 struct MarcaDoTipo {
     VistaTexto campo;
     std::size_t inicio;
@@ -21,7 +21,7 @@ struct MarcaDoTipo {
 constexpr std::array marcasDoTipo{MarcaDoTipo{"TipoReg"_t, 1, "A"_t}, MarcaDoTipo{"CodigoRemessa"_t, 2, "2"_t},
                                   MarcaDoTipo{"VersaoLayout"_t, 80, "03"_t}};
 
-/// A line that may end before any of its fields does.
+/// A line of any length. A field that goes beyond its end is cut, or empty.
 struct LinhaQualquer {
     VistaTexto texto;
 
@@ -30,7 +30,8 @@ struct LinhaQualquer {
     }
 };
 
-/// A line long enough for all fields of a payment: their lengths are known when this is compiled.
+/// A line that is long enough for all fields of a payment. Their lengths are known at compile time, which makes copying
+/// them faster.
 struct PagamentoInteiro {
     static constexpr std::size_t tamanho = 141;
     const char* texto;
@@ -40,7 +41,8 @@ struct PagamentoInteiro {
     }
 };
 
-/// A date year-month-day, as its pieces: day, month and year, whatever stands in their places.
+/// The day, month and year of a date in the order year, month, day. They are copied without a check, whatever they
+/// contain.
 template <typename Linha>
 struct DataDaLinha {
     VistaTexto dia;
@@ -66,10 +68,10 @@ class RelatorioTAV001 final : public AnaliseDeRetorno {
     void juntarPagamento(Linha linha);
     void juntarTotais(VistaTexto linha);
     void juntarValor(Bloco::Caneta& caneta, VistaTexto centavos) const;
-    /// Bytes of a payment or the header at the most, the names of channel and form aside.
+    /// The largest number of bytes of a header or a payment, not counting the names of channel and form.
     [[nodiscard]] std::size_t maiorTraco() const {
         constexpr std::size_t rotulosECampos = 1024;
-        constexpr std::size_t separadores = 16; // of the amounts
+        constexpr std::size_t separadores = 16; // more than the amounts of a record need
         return rotulosECampos + separadores * (milhar_.size() + decimal_.size());
     }
 
@@ -126,7 +128,7 @@ void RelatorioTAV001::juntarPagamento(Linha linha) {
     juntarValor(caneta, linha.campo(94, 7));
     caneta.append("\r\nSequencial de Registro.: "_t, linha.campo(101, 8), //
                   "\r\nAgência Arrecadadora...: "_t, linha.campo(109, 8), "\r\n"_t);
-    rodada().terminar(caneta); // what stands before a look-up that fails is in the log
+    rodada().terminar(caneta); // written before the look-ups, so that it is in the log if one of them fails
 
     const VistaTexto canal = consultas().formaArrecadacao(linha.campo(117, 1));
     caneta = rodada().comecar(maiorTraco() + canal.size());

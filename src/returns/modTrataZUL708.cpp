@@ -59,7 +59,7 @@ void AnaliseZUL708::tratarLinha(VistaTexto linha) {
         explicar(linha, i, VistaTexto(ocorrencias).substr(i * tamanhoDoCodigo, tamanhoDoCodigo));
 }
 
-/// Tells of the occurrence `qual` (0-based) of a line.
+/// Writes one occurrence of a line; `qual` is its 0-based place there.
 void AnaliseZUL708::explicar(VistaTexto linha, std::size_t qual, VistaTexto codigo) {
     if (codigo == "00"_t || codigo == "  "_t) return;
     const std::optional<Texto>& texto = consultas().ocorrencia(codigo);
@@ -82,7 +82,7 @@ void AnaliseZUL708::escreverTotais() {
     rodada().escreverLog(junta("Total de Registros Analisados: "_t, textoDe(linhaAtual())));
 }
 
-/// Shows a text and writes it to the log, with an empty line behind it.
+/// Shows a text in a label and writes it to the log, followed by an empty line.
 void AnaliseZUL708::anunciar(Rotulo rotulo, VistaTexto texto) {
     mostrar(rotulo, texto);
     rodada().escreverLog(texto);

@@ -4,11 +4,12 @@
 
 namespace quilatador {
 
-/// Explains a ZUL708, the bank's answer to a print remittance: one line for each occurrence code of each record, with
-/// its text from the code tables, then the records with and without occurrences.
+/// Explains a ZUL708 file, the bank's answer to a remittance for printing: one line for each occurrence code of each
+/// record, with its text from the code tables, then the numbers of records with and without occurrences. Each
+/// occurrence is the finding "zul708.ocorrencia".
 ///
-/// A first line that names another type ends the run as a cancelled one, `Falhou` in the summary. Findings:
-/// "zul708.tipoInvalido", "zul708.ocorrencia".
+/// If the first line names another type, there is the finding "zul708.tipoInvalido", the log ends like that of a
+/// cancelled run, and the summary says `Falhou`.
 Resumo tratarRetornoZUL708(Rodada& rodada, const modVariaveis& globais);
 
 } // namespace quilatador

@@ -8,57 +8,63 @@
 
 namespace quilatador {
 
-/// What a finding is about: its id, the field where it is about one, and the value expected where there is one.
+/// What a finding is about. `id` is its stable name. `campo` names the field at fault and stays empty if the finding is
+/// about the whole record. `esperado` is the one right value, for rules that know it.
 struct Assunto {
     VistaTexto id;
     VistaTexto campo = {};
     std::optional<Texto> esperado = {};
 };
 
-/// One record under check: reads its fields, and writes echoes and findings about it with the right line number. A
-/// check makes one, goes through its steps, and asks at the end whether the record was approved.
+/// Checks one record: it reads the fields, and writes echoes and findings about the record with the right line number.
+///
+/// Order of use: a check creates one, goes through its steps, and asks `aprovada` at the end.
 class Conferencia {
   public:
-    /// What happens where a field cannot be read.
+    /// What happens when a field cannot be read, because the record lacks it or its text does not convert.
     enum class AoFalhar {
-        Propagar,   ///< the failure goes up and ends the run
-        Prosseguir, ///< the value is empty and the failure stays noted (`falhou`)
-        PularPasso  ///< the failure goes up to the `passo` in hand; an unreadable `Sequencial` is line 0
+        Propagar,   ///< the `Falha` leaves the check and ends the run
+        Prosseguir, ///< the value counts as empty, and `falhou` is true from then on
+        PularPasso  ///< the `Falha` ends only the current `passo`
     };
 
-    /// All that is given must live as long.
+    /// Keeps references: `rodada` and `registro` must outlive this object. `segmento` is the letter that findings
+    /// report.
     Conferencia(Rodada& rodada, const RegistroRemessa& registro, char segmento, AoFalhar aoFalhar = AoFalhar::Propagar);
 
+    /// The text of a field and its converted value. `AoFalhar` says what happens if the field cannot be read.
     [[nodiscard]] Texto texto(VistaTexto nomeCampo);
     [[nodiscard]] Valor valor(VistaTexto nomeCampo) { return valorDe(registro_, nomeCampo); }
-    /// The value of another record's field, with the same consequences.
+    /// The value of a field of another record. A field that cannot be read has the same consequences as in `valor`.
     [[nodiscard]] Valor valorDe(const RegistroRemessa& registro, VistaTexto nomeCampo);
-    /// Whether a value could not be read so far.
+    /// Whether any field could not be read so far. Only `Prosseguir` sets it.
     [[nodiscard]] bool falhou() const noexcept { return falhou_; }
 
-    /// The day of the run.
+    /// Today's date, the same from the start of the run to its end.
     [[nodiscard]] const Data& hoje() const noexcept { return rodada_.hoje(); }
 
-    /// Writes a line of label and content, nothing between them.
+    /// Writes a plain line to the log: the label, directly followed by the content.
     void eco(VistaTexto rotulo, VistaTexto conteudo);
     void ecoDoTexto(VistaTexto rotulo, VistaTexto nomeCampo) { eco(rotulo, texto(nomeCampo)); }
 
-    /// Writes an error about this record: with its `Sequencial` as line number, or with `linha`.
+    /// Writes an error about this record. Its line number is `linha` or, without one, the record's `Sequencial`. If
+    /// that cannot be read, `Propagar` lets the `Falha` end the run, and otherwise the line number is 0.
     void erro(const Assunto& assunto, VistaTexto mensagem, std::optional<std::int32_t> linha = {});
-    /// The same where the value of the field has no character.
+    /// Writes the error if the value of `assunto.campo` has no character. A null value is not reported.
     void exigir(const Assunto& assunto, VistaTexto mensagem);
-    /// The same where the value of the field equals 0.
+    /// Writes the error if the value of `assunto.campo` equals 0; an empty value does, a null one does not.
     void exigirNaoZero(const Assunto& assunto, VistaTexto mensagem);
-    /// Whether no error was written.
+    /// Whether no error has been written so far.
     [[nodiscard]] bool aprovada() const noexcept { return aprovada_; }
 
-    /// Does one step. One with a field that cannot be read is left out whole, so a step reads before it writes.
+    /// Runs one step of a check with `PularPasso`. A field that cannot be read ends the step, so a step reads all its
+    /// fields before it writes: it is then left out as a whole. A `Falha` of the environment still ends the run.
     template <typename Passo>
     void passo(Passo passo) {
         try {
             passo();
         } catch (const Falha& falha) {
-            if (falha.doAmbiente()) throw; // the log or the file is at fault, not the record
+            if (falha.doAmbiente()) throw; // the log or the input failed, which is no fault of the record
         }
     }
 

@@ -50,8 +50,8 @@ void Conteudo::verificarCaracteres(const RegistroRemessa& registro) {
     escreverErro("linha.caracteresEspeciais"_t, junta("Caracteres especiais não permitidos! "_t, especiais));
 }
 
-/// What is done with one line. False where the rest of the file is not to be read. H, I and J have no content checks;
-/// letters out of place were found by the sequence pass.
+/// Handles one line. Returns false if the rest of the file is not to be read. H, I and J have no content checks, and
+/// the sequence pass has already reported letters that are out of place.
 bool Conteudo::verificarRegistro(const RegistroRemessa& registro, char letra) {
     if (letra == 'S') return iniciarGuia(registro);
     if (letra == 'Z')
@@ -121,15 +121,15 @@ void Conteudo::guardarNaGuia(const RegistroRemessa& registro, char letra) {
     }
 }
 
-/// Only here is a slip checked, so that a file has at most one that is accepted or rejected, however many it holds.
-/// Kept on purpose, the test `soAUltimaGuiaEhVerificada` holds it.
+/// A slip is checked only here, at the trailer. A file therefore has at most one slip that is accepted or rejected,
+/// however many it holds: kept on purpose, the test `soAUltimaGuiaEhVerificada` holds it.
 void Conteudo::encerrarGuias() {
     if (!guia_.iniciada()) return;
     Resumo& resumo = rodada_.resumo();
     ++(verificarGuia(rodada_, guia_, definicao_) ? resumo.guiasAceitas : resumo.guiasRejeitadas);
 }
 
-/// An error about the line in hand as a whole.
+/// Writes an error about the current line as a whole.
 void Conteudo::escreverErro(VistaTexto id, VistaTexto mensagem) {
     const Texto& tipo = leitor_.tipo();
     rodada_.escreverErro(Achado{.id = id,

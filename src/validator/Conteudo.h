@@ -6,17 +6,20 @@
 
 namespace quilatador {
 
-/// The second pass over a remittance: looks at the characters of every line, hands each definition to the check of its
-/// letter, and gathers the slips, of which the trailer has the last one checked.
+/// The second pass over a remittance. It checks the characters of every line, hands each definition (A to L) to the
+/// check of its letter, and collects the records of the slips (S to Y). The trailer (Z) has the last slip checked.
+///
+/// Order of use: `verificar`, then `escreverResumo` if it returned true.
 class Conteudo {
   public:
-    /// All must live as long. `definicao` has what is known before the file is read, `guia` is one without records.
+    /// Keeps references: all arguments must outlive this object. `definicao` holds what is known before this pass
+    /// (agreement, currency, date in the barcode); `guia` has no records yet.
     Conteudo(Rodada& rodada, LeitorDeRegistros& leitor, Definicao& definicao, GuiaEmMaos& guia);
 
-    /// Walks through the file, which the reader has just opened, up to its end or to the number of slips that the
-    /// display asks for. False where the run was cancelled on the way.
+    /// Reads the file, which `leitor` has just opened, to its end or to the number of slips that the display asks for.
+    /// Returns false if the run was cancelled. A field that a check needs and cannot read raises a `Falha`.
     [[nodiscard]] bool verificar();
-    /// The lines that end the log of a run that came to its end.
+    /// Writes the totals and the elapsed time of a completed run to the log.
     void escreverResumo();
 
   private:

@@ -7,11 +7,11 @@
 
 namespace quilatador {
 
-/// What the records A to L of a remittance define for its slips. The checks of these records fill it in the order of
-/// the file; those of the slips only read it.
+/// What the records A to L of a remittance define for its slips. The checks of these records fill it in, in the order
+/// of the file; the checks of the slips only read it.
 struct Definicao {
-    Texto convenio;            ///< the agreement's number, as the header has it
-    RegistroRemessa registroA; ///< these six are the last record of their letter, without fields before the first
+    Texto convenio;            ///< number of the agreement, from the header
+    RegistroRemessa registroA; ///< A to F: copies of the last record of each letter, without fields until there is one
     RegistroRemessa registroB;
     RegistroRemessa registroC;
     RegistroRemessa registroD;
@@ -20,15 +20,15 @@ struct Definicao {
     std::vector<RegistroRemessa> caracteristicas; ///< segments G that were accepted
     std::vector<RegistroRemessa> receitas;        ///< segments K that were accepted
     std::vector<RegistroRemessa> opcoesPagamento; ///< segments L that were accepted
-    std::size_t parcelasPrevistas = 0;            ///< segments L, accepted or not
-    bool temSegmentoF = false;
-    bool checarData = false;
-    bool checarValor = false;
-    std::int16_t moeda = 0;            ///< 6 real, 7 variable currency, 8 and 9 the same with the modulus-11 digit
-    std::int16_t PosicaoDataBarra = 0; ///< of the due date in the barcode, 1-based; 0 for none
-    Texto FormatoDataBarra;            ///< of that date; segment C replaces the one asked for
+    std::size_t parcelasPrevistas = 0;            ///< number of segments L, accepted or not
+    bool temSegmentoF = false;         ///< whether the remittance has a segment F, so that its slips are about objects
+    bool checarData = false;           ///< segment E: the date in the barcode must be that of the installment
+    bool checarValor = false;          ///< segment E: the amount in the barcode must be that of the installment
+    std::int16_t moeda = 0;            ///< 6 real, 7 variable currency, 8 and 9 the same with modulus-11 check digits
+    std::int16_t PosicaoDataBarra = 0; ///< 1-based position of the due date in the barcode; 0 if there is none
+    Texto FormatoDataBarra;            ///< format of that date; segment C replaces the requested one by the agreement's
 
-    // What segment D says of the payer. No check reads it: it is there for whoever describes a remittance.
+    // What segment D says about the payer. No check reads it; it is kept for callers that describe a remittance.
     bool temTransmitente = false;
     Texto siglaIdentificador;
     Valor tamanhoIdentificador;

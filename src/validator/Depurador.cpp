@@ -17,7 +17,8 @@ namespace {
 
 constexpr double bytesPorRegistro = 241;
 
-/// Records of a file by its length, to the nearest (halves to even), as many as can be counted at the most.
+/// Estimates the number of records from the length of the file, to the nearest whole number (halves to even), but never
+/// more than the counter can hold.
 std::int32_t registrosEstimados(std::uint64_t bytes) {
     constexpr double maximo = std::numeric_limits<std::int32_t>::max();
     return static_cast<std::int32_t>(std::min(std::nearbyint(static_cast<double>(bytes) / bytesPorRegistro), maximo));

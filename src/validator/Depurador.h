@@ -13,35 +13,37 @@
 
 namespace quilatador {
 
-/// Validates ZUL702 remittances: first the order and sequence of the records, then the content of every segment. Each
-/// finding is a line of the log beside the file; whoever else listens gets it with all that is known about it.
+/// Validates ZUL702 remittances: first the sequence of the records, then the content of every segment. Each finding
+/// becomes a line of the log beside the file; other listeners also get its id, line, segment and field.
 ///
-/// One `Depurador` serves for many runs. Nothing of one run shows in the next, whatever became of it, but `moeda`,
-/// which stays until the next segment C.
+/// Order of use: create it; for each file set `PosicaoDataBarra` and `FormatoDataBarra`, then call `DepurarArquivo` or
+/// `depurar`. No run affects the next one, however it ended, except that `moeda` stays until the next segment C.
 class Depurador {
   public:
-    /// Loads the layout description from the program's folder. Where that fails a message box says why, and each run
-    /// writes "Leiaute não carregado!". All that is given must live as long; `cancelado` is the caller's, as `Rodada`
-    /// has it.
+    /// Loads the layout description from the program's folder. If that fails, a message box says why, and every run
+    /// writes "Leiaute não carregado!" and ends as `NaoRodou`. The arguments must outlive this object; `cancelado`
+    /// belongs to the caller, as in `Rodada`.
     Depurador(Ambiente& ambiente, modVariaveis& globais, std::atomic<bool>& cancelado);
     Depurador(const Depurador&) = delete;
     Depurador& operator=(const Depurador&) = delete;
 
-    /// The caller's wish to stop: set by whoever has it, read at every line, cleared when a run starts.
+    /// The caller's request to stop. Anyone may set it; it is read at every line and cleared when a run begins.
     std::atomic<bool>& Cancelado;
-    /// Position (1-based) of the due date in the barcode; 0 for none.
+    /// 1-based position of the due date in the barcode; 0 if the barcode carries none.
     std::int16_t PosicaoDataBarra = 0;
-    /// Format of that date, as `Diversos::String2Data` has them; segment C replaces it with the agreement's own.
+    /// Format of that date, one of those of `Diversos::String2Data`. Segment C replaces it with the agreement's own
+    /// format.
     Texto FormatoDataBarra;
 
-    /// Validates a file and opens its log. `log` takes the place of the usual path.
+    /// Validates a file and opens its log in the system's text editor. `log` replaces the usual path beside the file.
+    /// The summary tells how the run ended.
     Resumo DepurarArquivo(const std::filesystem::path& nomeArquivo, std::optional<std::filesystem::path> log = {});
-    /// The same for a run that was made before, with listeners of its own, of a ZUL702.
+    /// The same for a ZUL702 run that the caller has created, for example with listeners of its own.
     Resumo depurar(Rodada& rodada);
 
-    // The slip that the last run had in hand, and single records of it, against the definitions of that run. During a
-    // run the findings go to its log; afterwards only the answer is left: true where nothing was found. `Falha` 5
-    // before the first run.
+    // These check the slip that the last run was working on, or single records of it, against the definitions of that
+    // run. During a run the findings go to its log; afterwards there is only the result: true if nothing was found.
+    // `Falha` 5 before the first run.
     [[nodiscard]] bool VerificarGuia();
     [[nodiscard]] bool VerificarIdentificacaoGuia(const RegistroRemessa& registro);
     [[nodiscard]] bool VerificarObjeto(const RegistroRemessa& registro);
@@ -52,8 +54,8 @@ class Depurador {
 
     Ambiente& ambiente_;
     modVariaveis& globais_;
-    std::unique_ptr<ArquivoRemessa> arquivoRemessa_; ///< null where the layout could not be loaded
-    Rodada* rodada_ = nullptr;                       ///< the run that goes on
+    std::unique_ptr<ArquivoRemessa> arquivoRemessa_; ///< null if the layout could not be loaded
+    Rodada* rodada_ = nullptr;                       ///< the run in progress; null if there is none
     Definicao definicao_;
     GuiaEmMaos guia_;
 };

@@ -15,7 +15,8 @@ GuiaEmMaos::GuiaEmMaos(ArquivoRemessa& leiaute)
         mensagem = vazio("X"_t);
 }
 
-/// A record of the slip's own: never the record type itself, whose line the reader changes.
+/// An empty record that belongs to the slip. It is a copy, because the reader changes the line of the record type
+/// itself.
 RegistroRemessa GuiaEmMaos::vazio(VistaTexto nome) const {
     RegistroRemessa registro = leiaute_->criarRegistro(nome)->copia();
     registro.linha(""_t);

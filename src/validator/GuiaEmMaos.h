@@ -9,24 +9,27 @@
 
 namespace quilatador {
 
-/// The records S to Y of one slip, gathered line by line: `iniciar` with its S, then `guardar` with each line behind
-/// it. A record that the slip lacks has an empty line.
+/// The records S to Y of one slip, collected line by line. A record that the slip lacks has an empty line.
+///
+/// Order of use: `iniciar` with the record S, then one of the `guardar` functions for each line that follows.
 class GuiaEmMaos {
   public:
-    /// A slip without records, and without record types: no check can be asked about it.
+    /// A slip without record types: its records have no fields, so that `verificarGuia` raises `Falha` 5 for it.
     GuiaEmMaos() = default;
-    /// The same with the record types of a layout, which must live as long. `Falha` 5 where it lacks one.
+    /// An empty slip with the record types of a layout, which must outlive this object. `Falha` 5 if the layout lacks
+    /// one of S to X.
     explicit GuiaEmMaos(ArquivoRemessa& leiaute);
 
-    /// Forgets the slip in hand and begins the next.
+    /// Discards the current slip and starts the next one.
     void iniciar(const RegistroRemessa& registroS);
-    /// Whether a slip was begun.
+    /// Whether a slip has been started.
     [[nodiscard]] bool iniciada() const noexcept { return !registroS_.linha().empty(); }
-    /// Keeps a record T, U, V or W, in place of an earlier one of the slip.
+    /// Keeps a record T, U, V or W in place of an earlier one of this slip. Any other letter is ignored.
     void guardar(char letra, const RegistroRemessa& registro);
-    /// Keeps a message line; false for one beyond the fourth, which is not kept.
+    /// Keeps a message (segment X). Returns false from the fifth one on, which is not kept.
     [[nodiscard]] bool guardarMensagem(const RegistroRemessa& registro);
-    /// Keeps an installment; false for one beyond `previstas`, which is not kept.
+    /// Keeps an installment (segment Y). Returns false beyond `previstas` installments, which are not kept. `Falha` 5
+    /// if the layout lacks Y.
     [[nodiscard]] bool guardarParcela(const RegistroRemessa& registro, std::size_t previstas);
 
     [[nodiscard]] const RegistroRemessa& registroS() const noexcept { return registroS_; }
@@ -34,8 +37,9 @@ class GuiaEmMaos {
     [[nodiscard]] const RegistroRemessa& registroU() const noexcept { return registroU_; }
     [[nodiscard]] const RegistroRemessa& registroV() const noexcept { return registroV_; }
     [[nodiscard]] const RegistroRemessa& registroW() const noexcept { return registroW_; }
-    /// Four, those beyond the slip's own without a line.
+    /// Always four records; those that the slip lacks have an empty line.
     [[nodiscard]] std::span<const RegistroRemessa> mensagensX() const noexcept { return mensagensX_; }
+    /// The installments that were kept, in the order of the file.
     [[nodiscard]] std::span<const RegistroRemessa> parcelasY() const noexcept;
 
   private:
@@ -44,8 +48,8 @@ class GuiaEmMaos {
     ArquivoRemessa* leiaute_ = nullptr;
     RegistroRemessa registroS_, registroT_, registroU_, registroV_, registroW_;
     std::array<RegistroRemessa, 4> mensagensX_;
-    std::vector<RegistroRemessa> parcelasY_; ///< room is made as they come, and used again
-    std::size_t contagemX_ = 0;              ///< lines met, kept or not
+    std::vector<RegistroRemessa> parcelasY_; ///< grows when needed; later slips use the same records again
+    std::size_t contagemX_ = 0;              ///< lines of this slip, kept or not
     std::size_t contagemY_ = 0;
 };
 

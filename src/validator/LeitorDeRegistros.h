@@ -9,38 +9,40 @@
 
 namespace quilatador {
 
-/// Walks through the records of a remittance, one pass after the other. What every line is asked for is looked up once
-/// per record type, not by name at each line.
+/// Reads the records of a remittance, pass by pass. The fields that are needed of every line are looked up once per
+/// record type, not by name at each line.
 ///
-/// Order of use: `abrir` at the start of each pass, then `ler` until a record without line comes. What is asked about
-/// the record in hand is valid until the next `ler`.
+/// Order of use: `abrir` at the start of each pass, then `ler` until it returns a record with an empty line. The other
+/// members tell about the current record; what they return is valid until the next `ler`.
 class LeitorDeRegistros {
   public:
-    /// Both must live as long.
+    /// Keeps references: both must outlive this object.
     LeitorDeRegistros(ArquivoRemessa& leiaute, Rodada& rodada);
 
-    /// Opens the file of the run, from its first line on. `Falha` of the file system, or 65 where it is no longer the
-    /// file that the first pass read.
+    /// Opens the file of the run at its first line. `Falha` as in `Arquivos::abrirEntrada`, or 65 if the file is no
+    /// longer the one that the first pass read.
     void abrir();
-    /// The next record, without line where an empty line or the end of the file comes. `Falha` as
+    /// The next record. Its line is empty at an empty line and at the end of the file. `Falha` as in
     /// `ArquivoRemessa::lerRegistro`.
     [[nodiscard]] const RegistroRemessa& ler() { return leiaute_.lerRegistro(false); }
 
-    /// Lines read so far in this pass.
+    /// Number of lines read so far in this pass.
     [[nodiscard]] std::int32_t lidas() const noexcept { return leiaute_.contador(); }
-    /// "TipoReg" of the record in hand, as text. `Falha` 5 where its type lacks the field, here and below.
+    /// "TipoReg" of the current record, as text. This and the members below raise `Falha` 5 if the record type lacks
+    /// the field.
     [[nodiscard]] const Texto& tipo();
-    /// The letter of the record in hand; NUL where "TipoReg" is not one character.
+    /// The letter of the current record; NUL if "TipoReg" is not exactly one character.
     [[nodiscard]] char letra();
     [[nodiscard]] Valor sequencial() const { return valor(campos().sequencial, "Sequencial"_t); }
     [[nodiscard]] Valor idRegistro() const { return valor(campos().idRegistro, "IDRegistro"_t); }
-    /// Raw text of "Convenio"; valid as long as the record.
+    /// The raw text of "Convenio", valid as long as the record.
     [[nodiscard]] VistaTexto convenio() const;
 
   private:
-    /// The fields of one record type; null where it lacks them.
+    /// The fields of one record type; null for those that it lacks.
     struct Campos {
-        /// The letter of all lines of the type, where that is what tells the type; none where each line must be asked.
+        /// The letter that all lines of the type share, if it is what identifies the type; otherwise each line must be
+        /// read.
         std::optional<Texto> tipoFixo;
         const CampoRemessa* tipoReg;
         const CampoRemessa* sequencial;
@@ -53,8 +55,8 @@ class LeitorDeRegistros {
 
     ArquivoRemessa& leiaute_;
     Rodada& rodada_;
-    std::vector<Campos> campos_; ///< by place in `tiposRegistros`
-    Texto tipoLido_;             ///< holds what `tipo` gives where the lines of a type differ
+    std::vector<Campos> campos_; ///< indexed like `tiposRegistros`
+    Texto tipoLido_;             ///< the result of `tipo` if the lines of a type differ
 };
 
 } // namespace quilatador

@@ -11,10 +11,10 @@ namespace {
 
 constexpr VistaTexto naoEhHeader = "Primeira linha do arquivo não corresponde ao Header!"_t;
 
-/// What must stand right before a letter, in the history of the definition or of the slip.
+/// The letters that must come right before a letter, in the history of the definition or of the slip.
 struct Antecedente {
     char letra;
-    VistaTexto anteriores; ///< any of these letters
+    VistaTexto anteriores; ///< any one of these letters
     VistaTexto id;
     VistaTexto mensagem;
 };
@@ -37,10 +37,10 @@ constexpr std::array antecedentesNaGuia{
                 "Segmento 'X' exige segmento 'U', 'V', 'W' ou 'X' antecedendo."_t},
     Antecedente{'Y', "UVWXY"_t, "sequencia.y.foraDeLugar"_t,
                 "Segmento 'Y' exige segmento 'U', 'V', 'W', 'X', ou 'Y' antecedendo."_t},
-    // Names 'Y' twice: kept on purpose, the sample sequencia-z-sem-y holds it.
+    // The text names 'Y' twice: kept on purpose, the sample sequencia-z-sem-y holds it.
     Antecedente{'Z', "Y"_t, "sequencia.z.semY"_t, "Segmento 'Y' exige segmento 'Y' antecedendo."_t}};
 
-/// The requirements of a history, to be found by letter.
+/// The requirements of one history, indexed by letter.
 using PorLetra = std::array<const Antecedente*, 256>;
 
 template <std::size_t N>
@@ -59,7 +59,7 @@ const Antecedente* antecedenteDe(const PorLetra& tabela, char letra) {
     return tabela[static_cast<unsigned char>(letra)];
 }
 
-/// Whether the last letter of a history is one of these.
+/// Whether a history ends in one of these letters.
 bool terminaEm(VistaTexto historico, VistaTexto letras) {
     return !historico.empty() && letras.find(historico.back()) != VistaTexto::npos;
 }
@@ -68,7 +68,7 @@ bool contem(VistaTexto historico, VistaTexto letras) {
     return historico.find(letras) != VistaTexto::npos;
 }
 
-/// A structural finding whose message tells no line, `linha` (1-based) being the one that it is about.
+/// A structural finding whose message does not name the line; `linha` (1-based) is the line that it is about.
 ParadaEstrutural paradaSemLinha(VistaTexto id, std::int32_t linha, VistaTexto mensagem) {
     return {Texto("Importação"_t), Achado{.id = id,
                                           .gravidade = Gravidade::Estrutural,
@@ -103,7 +103,7 @@ bool Sequencia::verificar() {
     return true;
 }
 
-/// The first line; one that is missing, empty or of no known type is no header.
+/// Reads the first line. A line that is missing, empty or of no known type is no header.
 const RegistroRemessa& Sequencia::lerHeader() {
     try {
         const RegistroRemessa& registro = leitor_.ler();
@@ -121,7 +121,7 @@ void Sequencia::verificarHeader() {
         throw paradaSemLinha("sequencia.a.ausente"_t, 1, naoEhHeader);
     if (diferente(registro.getValorCampo("NomeArquivo"_t), "ZUL702"_t))
         throw paradaSemLinha("sequencia.a.nomeArquivo"_t, 1, "Arquivo não é ZUL702!"_t);
-    // Every revision of version 1.00 is accepted, "1.00.01" with its own checks.
+    // Every revision of version 1.00 is accepted; the content pass has additional checks for "1.00.01".
     if (trecho(registro.getValorCampoString("VersaoLayout"_t), 1, 4) != "1.00"_t)
         throw paradaSemLinha("sequencia.a.versaoLayout"_t, 1, "Versao de layout incompatível. Esperada: 1.00"_t);
     convenioHeader_ = registro.getValorCampoString("Convenio"_t);
@@ -145,7 +145,7 @@ void Sequencia::verificarOrdem(const RegistroRemessa& registro) {
     if (leitor_.convenio() != convenioHeader_)
         pararNaLinha("sequencia.convenio"_t, letra, "Número de convênio diferente do constante no header."_t);
     verificarRegrasDaLetra(letra);
-    if (letra != 'A') verificarIDRegistro(registro, letra); // a second A has no rule
+    if (letra != 'A') verificarIDRegistro(registro, letra); // there is no rule for a second A
     anotarLetra(letra);
 }
 
@@ -168,17 +168,17 @@ void Sequencia::verificarRegrasDaLetra(char letra) const {
         pararNaLinha("sequencia.x.repetido"_t, letra, "Segmento 'X' so pode ser repetido 4 vezes."_t);
 }
 
-/// The slip before a new "S" must be whole.
+/// The slip before a new "S" must be complete.
 void Sequencia::verificarFimDaGuia() const {
     const Texto& guia = historicoGuia_;
     if (!contem(guia, "Y"_t))
         pararNaLinha("sequencia.s.semParcelas"_t, 'S', "Recebimento sem parcelas (segmento 'Y')."_t);
-    // The parenthesis stays open: kept on purpose, the sample sequencia-s-sem-objeto holds it.
+    // The text does not close its parenthesis: kept on purpose, the sample sequencia-s-sem-objeto holds it.
     if (contem(historicoDefinicao_, "F"_t) && !contem(guia, "V"_t))
         pararNaLinha("sequencia.s.semObjeto"_t, 'S', "Recebimento sem objeto (segmento 'V'."_t);
 }
 
-/// Record identifiers are zero in A, B and D, and count the records of their letter in G to L.
+/// Record identifiers must be zero in A, B and D. In G to L they must count the records of their letter, starting at 1.
 void Sequencia::verificarIDRegistro(const RegistroRemessa& registro, char letra) {
     const bool zero = letra == 'A' || letra == 'B' || letra == 'D';
     const bool ordinal = letra >= 'G' && letra <= 'L';
@@ -205,7 +205,8 @@ void Sequencia::anotarLetra(char letra) {
     Texto& guia = historicoGuia_;
     const bool daGuia = letra >= 'T' && letra <= 'Y';
     const bool daDefinicao = (letra >= 'B' && letra <= 'G') || letra == 'K' || letra == 'L' || letra == 'Z';
-    // A repeated letter is noted once, so that the histories do not grow with the file; X is counted up to four.
+    // A repeated letter is noted once, so that the histories do not grow with the file. X is noted each time, because
+    // it is limited to four.
     if (letra == 'S') {
         guia.assign(1, 'S');
     } else if (daGuia && (letra == 'X' || guia.back() != letra)) {

@@ -7,16 +7,17 @@
 
 namespace quilatador {
 
-/// The first pass over a remittance: proves that it is a ZUL702 file and that its records come in an allowed order.
-/// Its first fault is raised as `ParadaEstrutural`; only record identifiers are errors behind which it goes on.
+/// The first pass over a remittance: it proves that the file is a ZUL702 and that its records come in an allowed order.
+/// The first fault is thrown as `ParadaEstrutural`. Only wrong record identifiers (`IDRegistro`) are ordinary errors,
+/// after which the pass goes on.
 class Sequencia {
   public:
-    /// Both must live as long.
+    /// Keeps references: both must outlive this object.
     Sequencia(Rodada& rodada, LeitorDeRegistros& leitor) : rodada_(rodada), leitor_(leitor) {}
 
-    /// Walks through the file, which the reader has just opened. False where the run was cancelled on the way.
+    /// Reads the file, which `leitor` has just opened, to its end. Returns false if the run was cancelled.
     [[nodiscard]] bool verificar();
-    /// The agreement's number in the header, once that was read.
+    /// The number of the agreement from the header; empty until `verificar` has read it.
     [[nodiscard]] const Texto& convenioHeader() const noexcept { return convenioHeader_; }
 
   private:
@@ -34,10 +35,11 @@ class Sequencia {
     Rodada& rodada_;
     LeitorDeRegistros& leitor_;
     Texto convenioHeader_;
-    /// Letters met so far, a letter repeated at the end only once: no rule asks how often.
+    /// The letters seen so far. A letter that repeats the one before is noted once, except X, which may occur four
+    /// times.
     Texto historicoDefinicao_;
     Texto historicoGuia_;
-    std::array<std::int32_t, 256> ordinais_{}; ///< records met, by letter
+    std::array<std::int32_t, 256> ordinais_{}; ///< records seen, indexed by letter
 };
 
 } // namespace quilatador

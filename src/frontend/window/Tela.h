@@ -7,7 +7,7 @@
 
 namespace quilatador {
 
-/// Controls of the main window that the front end's rules change; `nomeDoControle` gives their names.
+/// The controls of the main window that its rules change. `nomeDoControle` gives their names.
 enum class Controle {
     cmdOK,
     cmdCancela,
@@ -42,25 +42,25 @@ enum class Controle {
     lblRegistroAtual
 };
 
-/// As many as `Controle` has.
+/// The number of values of `Controle`.
 inline constexpr std::size_t totalDeControles = static_cast<std::size_t>(Controle::lblRegistroAtual) + 1;
 
-/// The control's name, as the enumeration spells it.
+/// The name of a control, as the enumeration spells it.
 [[nodiscard]] VistaTexto nomeDoControle(Controle controle);
 
-/// The main window as its rules see it: a display whose controls can be shown, enabled and named.
+/// The main window as its rules see it: a display whose controls can be shown, enabled, filled and given the focus.
 class Tela : public Painel {
   public:
     virtual void mostrar(Controle controle, bool visivel) = 0;
     virtual void habilitar(Controle controle, bool habilitado) = 0;
-    /// Sets a caption; "&" marks the access key.
+    /// Sets the caption of a button; "&" stands before its access key.
     virtual void legenda(Controle controle, VistaTexto texto) = 0;
     virtual void focar(Controle controle) = 0;
-    /// Ticks a check box or chooses an option, which takes the choice from the others of its group.
+    /// Ticks or clears a check box, or chooses an option, which clears the other options of its group.
     virtual void marcar(Controle controle, bool marcado) = 0;
-    /// Sets the content of a text or combo box.
+    /// Sets the text of a text box or combo box.
     virtual void escrever(Controle controle, VistaTexto texto) = 0;
-    /// Sets the content of `txtNomeArquivo`. A path of its own, since it may have letters that a text cannot hold.
+    /// Sets the text of `txtNomeArquivo`. It takes a path, because a path may have letters that a `Texto` cannot hold.
     virtual void nomeArquivo(const std::filesystem::path& caminho) = 0;
     /// Closes the window, which ends the program.
     virtual void fechar() = 0;

@@ -7,7 +7,7 @@ namespace {
 constexpr Controle botoes[] = {Controle::cmdAjuda, Controle::cmdCancela, Controle::cmdLayout, Controle::cmdOK,
                                Controle::cmdSobre};
 
-/// What the analysis of a return has nothing to show in.
+/// The controls that are hidden during the analysis of a return, which has nothing to show in them.
 constexpr Controle rotulosDeProgresso[] = {Controle::Label1,
                                            Controle::Label2,
                                            Controle::Label3,
@@ -29,7 +29,7 @@ frmImportacao::frmImportacao(Ambiente& ambiente, modVariaveis& globais, Tela& te
 void frmImportacao::confirmar(const Pedido& pedido) {
     const bool remessa = pedido.tipoArquivo == TipoArquivo::ZUL702;
     if (analisando_ || (remessa && posicaoRecusada(pedido))) return;
-    if (remessa) { // what the last analysis said of its file does not hold for this one
+    if (remessa) { // the names that the last analysis showed do not belong to this file
         tela_.rotulo(Rotulo::Empresa, ""_t);
         tela_.rotulo(Rotulo::Remessa, ""_t);
     }
@@ -40,7 +40,7 @@ void frmImportacao::confirmar(const Pedido& pedido) {
         tela_.focar(Controle::txtNomeArquivo);
 }
 
-/// False where the request was refused, which a message has said.
+/// Returns false if the request was refused; a message has told the user why.
 bool frmImportacao::analisar(const Pedido& pedido) {
     if (recusar(Trabalho::recusa(pedido))) return false;
     const bool remessa = pedido.tipoArquivo == TipoArquivo::ZUL702;
@@ -101,7 +101,7 @@ void frmImportacao::encerrarRetorno() {
         tela_.mostrar(controle, true);
 }
 
-/// Shows the progress and hides the request, or the reverse.
+/// Shows the progress and hides the request, or the other way round.
 void frmImportacao::alternarFaces(bool progresso) {
     tela_.mostrar(progresso ? Controle::fraNomeArquivo : Controle::fraImportacao, false);
     tela_.mostrar(progresso ? Controle::fraImportacao : Controle::fraNomeArquivo, true);

@@ -11,48 +11,53 @@
 
 namespace quilatador {
 
-/// The rules of the main window, without the window: what its controls do, and what it shows during an analysis. A
-/// window calls `Form_Load` first and hands on what the user does; `Tela` is how the rules change it.
+/// The rules of the main window, without the window itself: what its controls do, and what it shows during an analysis.
+///
+/// Order of use: the window calls `Form_Load` first, and then reports what the user does. The rules change the window
+/// through `Tela`.
 class frmImportacao {
   public:
+    /// The arguments must outlive this object.
     frmImportacao(Ambiente& ambiente, modVariaveis& globais, Tela& tela);
     frmImportacao(const frmImportacao&) = delete;
     frmImportacao& operator=(const frmImportacao&) = delete;
 
-    /// The window loads: its controls get their first values, and the code tables are opened. False, after an error
-    /// box, where the program is to end.
+    /// The window is loaded: gives the controls their first values and opens the code tables. Returns false, after an
+    /// error box, if the program must end.
     [[nodiscard]] bool Form_Load();
-    /// `cmdOK`: checks the request, analyses the file and puts the window back. A position that `sairDaPosicao`
-    /// refuses is refused first, since the key Enter presses this button without the focus leaving the box. Closes the
-    /// window where that was asked for meanwhile.
+    /// `cmdOK`: checks the request, analyses the file and restores the window. A position that `sairDaPosicao` refuses
+    /// is refused here too, because the Enter key presses this button while the focus stays in the box. Closes the
+    /// window afterwards if the user asked for that during the analysis.
     void confirmar(const Pedido& pedido);
-    /// `cmdCancela`: during an analysis it asks it to stop; else it closes the window.
+    /// `cmdCancela`: asks a running analysis to stop; without one, closes the window.
     void cancelar();
-    /// Whether the window may close now. During an analysis it may not: that is asked to stop, and closes it then.
+    /// Whether the window may close now. During an analysis it may not: the analysis is asked to stop, and the window
+    /// closes when it has ended.
     [[nodiscard]] bool podeFechar();
 
-    /// `opt702`, `opt708`, `optTAV`: the options of a remittance show for no other type.
+    /// `opt702`, `opt708`, `optTAV`: the options of a remittance are shown for that type only.
     void escolherTipo(TipoArquivo tipo);
-    /// `chkData`
+    /// `chkData`: enables or disables the position and the format of the date.
     void escolherComData(bool comData);
-    /// `optPrimeirasGuias` (true), `optTodosDetalhes` (false)
+    /// `optPrimeirasGuias` (true), `optTodosDetalhes` (false): enables or disables the number of slips.
     void escolherPrimeirasGuias(bool apenasPrimeiras);
-    /// What stays of a text that was typed or pasted into `txtNumeroDetalhes` or `txtPosicao`.
+    /// The digits of a text that was typed or pasted into `txtNumeroDetalhes` or `txtPosicao`; the rest is dropped.
     [[nodiscard]] static Texto filtrarDigitos(VistaTexto texto);
-    /// `txtNumeroDetalhes` loses the focus.
+    /// `txtNumeroDetalhes` loses the focus: an empty text becomes the initial number.
     void sairDoNumeroDeGuias(VistaTexto texto);
-    /// `txtPosicao` loses the focus: outside the free field a message says so and the focus goes back there.
+    /// `txtPosicao` loses the focus: if the position lies outside the free field, a message says so and the focus
+    /// returns.
     void sairDaPosicao(const Pedido& pedido);
-    /// The content of `txtNomeArquivo` changes, in whatever way: without a name there is nothing to analyse.
+    /// The text of `txtNomeArquivo` changes in any way. Without a name `cmdOK` is disabled.
     void mudarNomeArquivo(bool vazio);
-    /// The file dialog of `cmdProcura` ends with a name, which is taken where it is that of an existing file.
+    /// The file dialog of `cmdProcura` returns a name. It is taken if a file of that name exists.
     void tomarArquivo(const std::filesystem::path& arquivo);
-    /// The name that the dialog gave last; empty before the first.
+    /// The last name that the dialog returned or that was dropped; empty before the first.
     [[nodiscard]] const std::filesystem::path& ultimoArquivo() const noexcept { return ultimoArquivo_; }
-    /// A file is dropped on the window, or given to the program: taken as above, and its type recognised. Nothing
-    /// happens during an analysis.
+    /// A file is dropped on the window, or given to the program when it starts: it is taken as in `tomarArquivo`, and
+    /// its type is recognised. Nothing happens during an analysis.
     void receberArquivo(const std::filesystem::path& arquivo);
-    /// `cmdAjuda`, `cmdLayout`: open the documents with the system's handler.
+    /// `cmdAjuda`, `cmdLayout`: open the documents with the system's program for them.
     void abrirAjuda();
     void abrirLeiaute();
 
@@ -72,7 +77,7 @@ class frmImportacao {
     std::atomic<bool> cancelado_ = false;
     Trabalho trabalho_;
     std::filesystem::path ultimoArquivo_;
-    bool analisando_ = false; ///< between the press of OK and the window's being put back
+    bool analisando_ = false; ///< from the press of OK until the window is restored
     bool fecharNoFim_ = false;
 };
 

@@ -13,10 +13,11 @@ namespace {
 
 /// Revenues and characteristics are numbered from 1 to 9.
 constexpr int maiorNumero = 9;
-/// How far the sum of the revenues may be from the slip's total, in the units of the layout's amounts.
+/// The largest accepted difference between the sum of the revenues and the slip's total, in the unit of the layout's
+/// amounts.
 constexpr double toleranciaDaSoma = 1;
 
-/// Whether one of the definitions has this number in a field.
+/// Whether one of the definitions has this number in `campo`.
 bool definida(std::span<const RegistroRemessa> definicoes, VistaTexto campo, int numero) {
     return std::ranges::any_of(
         definicoes, [&](const RegistroRemessa& definicao) { return igual(definicao.getValorCampo(campo), numero); });
@@ -26,7 +27,7 @@ std::int32_t sequencialDe(const RegistroRemessa& registro) {
     return registro.getValorCampo("Sequencial"_t).paraLongo();
 }
 
-/// Checks amount and rate of a revenue, and gives what it adds to the slip's amount: nothing where the rate is wrong.
+/// Checks the amount and the rate of a revenue, and returns what it adds to the slip's amount: 0 if the rate is wrong.
 double verificarReceita(Conferencia& c, int qual, std::span<const RegistroRemessa> receitas, bool porValorTotal) {
     const Texto numero = textoDe(qual);
     const Texto campoDoValor = junta("ValorRec"_t, numero);
@@ -89,8 +90,8 @@ bool verificarIdentificacaoGuia(Rodada& rodada, const RegistroRemessa& registroS
                "Segmento 'F' não informado. Indicador de endereço não pode ser 'O'"_t);
     }
 
-    // A failure in any field of this record stays noted and spoils both dates: kept on purpose, the sample
-    // s-id-guia-nao-numerica holds it.
+    // A failure in any earlier field of this record also makes both dates invalid, because `falhou` is never reset:
+    // kept on purpose, the sample s-id-guia-nao-numerica holds it.
     const Valor emissao = c.valor("DataEmissao"_t);
     if (!emissao.nulo() && c.falhou())
         c.erro({"s.dataEmissao.invalida"_t, "DataEmissao"_t}, "Data de emissão da guia inválida"_t);
@@ -103,7 +104,7 @@ bool verificarIdentificacaoGuia(Rodada& rodada, const RegistroRemessa& registroS
 bool verificarSegmentoT(Rodada& rodada, const RegistroRemessa& registroT, const RegistroRemessa& registroS) {
     Conferencia c(rodada, registroT, 'T', Conferencia::AoFalhar::Prosseguir);
     if (registroT.linha().empty()) {
-        // Speaks of segment S: kept on purpose.
+        // The text names segment 'S' although 'T' is missing: kept on purpose.
         c.erro({"t.ausente"_t}, "Registro 'S' - cliente - não informado"_t, 0);
         return false;
     }
@@ -175,8 +176,8 @@ bool verificarSegmentoW(Rodada& rodada, const RegistroRemessa& registroW, const 
     return c.aprovada();
 }
 
-// The texts speak of three messages, a fourth without its third text is accepted: kept on purpose, the sample
-// x-quarta-com-mensagem-3 holds it.
+// The text speaks of three records, but a fourth one is accepted if its third message is empty: kept on purpose, the
+// sample x-quarta-com-mensagem-3 holds it.
 bool verificarSegmentoX(Rodada& rodada, std::span<const RegistroRemessa> mensagensX) {
     constexpr std::size_t recusada = 5;
     if (mensagensX.size() >= recusada) {

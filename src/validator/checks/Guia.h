@@ -8,32 +8,32 @@
 
 namespace quilatador {
 
-// The slip. Each check writes what is wrong, in the order of the log, and is true where it wrote nothing. A record
-// that the slip lacks has an empty line; the sequence pass lets most such slips not come this far, but whoever asks
-// about a slip of a file that it stopped in gets the answer. In S and T a field that cannot be read counts as empty;
-// elsewhere it is a `Falha`.
+// The checks of a slip. Each one writes its findings in the order of the log and returns true if it wrote none. A
+// record that the slip lacks has an empty line: the sequence pass stops most files with such a slip, but `Depurador`
+// can be asked about the slip of a file that was stopped. In S and T a field that cannot be read counts as empty; in U
+// to X it raises a `Falha`.
 
-/// All segments of a slip, S to Y, against the definitions that stand before it. All are checked, whatever the first
-/// ones found.
+/// Checks all segments of a slip, S to Y, against the definitions before it. Every segment is checked, whatever the
+/// earlier ones found.
 [[nodiscard]] bool verificarGuia(Rodada& rodada, const GuiaEmMaos& guia, const Definicao& definicao);
 
-/// Segment S, the slip's identification: against `registroE` and `temSegmentoF`.
+/// Segment S, the identification of the slip. Reads `registroE` and `temSegmentoF` of the definitions.
 [[nodiscard]] bool verificarIdentificacaoGuia(Rodada& rodada, const RegistroRemessa& registroS,
                                               const Definicao& definicao);
-/// Segment T, the payer, whose address is wanted where the slip goes there.
+/// Segment T, the payer. The address is required if the slip is sent to the payer (`indEndereco` "C" in S).
 [[nodiscard]] bool verificarSegmentoT(Rodada& rodada, const RegistroRemessa& registroT,
                                       const RegistroRemessa& registroS);
-/// Segment U, the composition of the amount: against `registroE` and `receitas`.
+/// Segment U, the composition of the amount. Reads `registroE` and `receitas` of the definitions.
 [[nodiscard]] bool verificarSegmentoU(Rodada& rodada, const RegistroRemessa& registroU,
                                       const RegistroRemessa& registroS, const Definicao& definicao);
-/// Segment V, the object, which only a remittance with a segment F has.
+/// Segment V, the object: required if the remittance has a segment F, and wrong otherwise.
 [[nodiscard]] bool verificarObjeto(Rodada& rodada, const RegistroRemessa& registroV, const RegistroRemessa& registroS,
                                    bool temSegmentoF);
-/// Segment W, the object's characteristics.
+/// Segment W, the characteristics of the object. Each one that is given must be defined in a segment G.
 [[nodiscard]] bool verificarSegmentoW(Rodada& rodada, const RegistroRemessa& registroW,
                                       const RegistroRemessa& registroS,
                                       std::span<const RegistroRemessa> caracteristicas);
-/// Segment X: at least four records, those behind the slip's own without a line.
+/// Segment X, the messages. Takes at least four records; those that the slip lacks have an empty line.
 [[nodiscard]] bool verificarSegmentoX(Rodada& rodada, std::span<const RegistroRemessa> mensagensX);
 
 } // namespace quilatador

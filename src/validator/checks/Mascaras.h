@@ -4,14 +4,15 @@
 
 namespace quilatador {
 
-// Masks of an identifier, for whoever registers payers: no check of a remittance uses them.
+// Masks of an identifier, for programs that register payers. No check of a remittance uses them.
 
-/// Turns a mask ("A" letter, "9" digit, separators), of which `tipo` says whether it is of letters ("A") or digits
-/// ("N"), into one of places "@", appended to `mascaraConvertida`. Gives the message, "" for none; a separator sets
-/// one though it is converted: kept on purpose, the test `converterMascara` holds it.
+/// Converts a mask ("A" for a letter, "9" for a digit, and separators) to one with "@" for each place, which is
+/// appended to `mascaraConvertida`. `tipo` is "A" or "N": the mask is of letters or of digits; any other type does
+/// nothing. `tamanho` is the largest allowed number of places. Returns the message, "" if there is none. A separator
+/// causes a message although it is converted: kept on purpose, the test `converterMascara` holds it.
 [[nodiscard]] Texto converterMascara(VistaTexto mascara, VistaTexto tipo, int tamanho, Texto& mascaraConvertida);
-/// Compares an identifier with its mask and, where it fits, takes the separators out of it. Gives the message, "" for
-/// none.
+/// Compares an identifier with its mask, in which "9" stands for a digit and "A" for any character. If it matches, its
+/// separators are removed. Returns the message, "" if there is none.
 [[nodiscard]] Texto conferirMascara(Texto& identificador, VistaTexto mascara);
 
 } // namespace quilatador

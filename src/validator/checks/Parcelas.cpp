@@ -11,21 +11,22 @@ namespace quilatador {
 
 namespace {
 
-/// The company's identification in the barcode, from position 16 on.
+/// The identification of the company in the barcode, from position 16 (1-based) on.
 struct EmpresaNaBarra {
-    VistaTexto id; ///< of the finding where it is another
+    VistaTexto id; ///< of the finding if the barcode has another identification
     Texto identificacao;
     std::size_t largura;
     VistaTexto mensagem;
 };
 
-/// Febraban's check digit by the agreement's currency, whatever the barcode itself says of its value.
+/// Febraban's check digit: modulus 10 for the currencies 6 and 7, else modulus 11. The currency of the agreement
+/// decides, whatever the barcode itself says.
 Texto digitoDaBarra(VistaTexto digitos, const Definicao& definicao) {
     const bool modulo10 = definicao.moeda == 6 || definicao.moeda == 7;
     return modulo10 ? DV::CalcularMod10(digitos) : DV::CalculaMod11Barra(digitos);
 }
 
-/// The installment itself, against the payment options.
+/// Checks the installment itself, against the payment options.
 void verificarParcela(Conferencia& c, const Definicao& definicao) {
     c.passo([&] {
         if (foraDe(c.valor("TipoPag"_t), "ACP"_t))
@@ -61,7 +62,8 @@ void verificarParcela(Conferencia& c, const Definicao& definicao) {
     });
 }
 
-/// The four parts of the barcode with a check digit each; gives the barcode, without the parts that are no number.
+/// Checks the four parts of the barcode, each with its check digit. Returns the barcode, without the parts that are not
+/// numeric.
 Texto verificarPartes(Conferencia& c, const Definicao& definicao) {
     Texto barra;
     for (const VistaTexto k : {"1"_t, "2"_t, "3"_t, "4"_t}) {
@@ -79,8 +81,7 @@ Texto verificarPartes(Conferencia& c, const Definicao& definicao) {
             }
         });
         c.passo([&] {
-            // The number comes with the place of its sign, so that there are two blanks: kept on purpose, the sample
-            // y-dv-incorreto holds it.
+            // The text has two blanks before the number: kept on purpose, the sample y-dv-incorreto holds it.
             if (digito && diferente(c.valor(campoDoDigito), *digito))
                 c.erro({"y.dv.incorreto"_t, campoDoDigito, digito},
                        junta("Dígito verificador  "_t, k, " incorreto!"_t));
@@ -89,7 +90,7 @@ Texto verificarPartes(Conferencia& c, const Definicao& definicao) {
     return barra;
 }
 
-/// The barcode as a whole: value, general check digit, product, segment and kind of value.
+/// Checks the barcode as a whole: value, general check digit, product, segment and kind of value.
 void verificarBarra(Conferencia& c, VistaTexto barra, const Definicao& definicao) {
     c.passo([&] {
         if (!versaoComIndicadores(definicao) || !definicao.checarValor) return;
@@ -119,14 +120,15 @@ void verificarBarra(Conferencia& c, VistaTexto barra, const Definicao& definicao
     });
     c.passo([&] {
         const VistaTexto tipoDeValor = trecho(barra, 3, 1);
-        // Speaks of 6 and 7 only: kept on purpose, the sample y-barra-tipo-de-valor holds it.
+        // The text names only 6 and 7, although 8 and 9 are accepted: kept on purpose, the sample y-barra-tipo-de-valor
+        // holds it.
         if (tipoDeValor.empty() || VistaTexto("6789"_t).find(tipoDeValor) == VistaTexto::npos)
             c.erro({"y.barra.tipoDeValor"_t, "Parte1"_t},
                    "Identificação de valor real ou referência diferente de '6' ou '7'"_t);
     });
 }
 
-/// What the barcode must have from position 16 on: it depends on the Febraban segment.
+/// The identification that the barcode must have. It depends on the Febraban segment.
 EmpresaNaBarra empresaEsperada(const Definicao& definicao) {
     const Valor segmento = definicao.registroC.getValorCampo("SegFebraban"_t);
     if (igual(segmento, "9"_t))
@@ -140,7 +142,7 @@ EmpresaNaBarra empresaEsperada(const Definicao& definicao) {
             "Identifcador da Febraban informado no segmento 'C' difere da identificação da empresa na barra"_t};
 }
 
-/// The company's identification, and the free field behind it.
+/// Checks the identification of the company and the free field after it.
 void verificarEmpresaNaBarra(Conferencia& c, VistaTexto barra, const Definicao& definicao) {
     constexpr std::size_t inicioDaEmpresa = 16;
     c.passo([&] {
@@ -172,7 +174,7 @@ void verificarDataNaBarra(Conferencia& c, VistaTexto barra, const Definicao& def
 
 bool verificarSegmentoY(Rodada& rodada, std::span<const RegistroRemessa> parcelasY, const Definicao& definicao) {
     if (parcelasY.empty() || parcelasY.front().linha().empty()) {
-        // Speaks of a segment P: kept on purpose.
+        // The text names a segment 'P' although 'Y' is missing: kept on purpose.
         rodada.escreverErro(Achado{.id = "y.ausente"_t,
                                    .gravidade = Gravidade::Erro,
                                    .linha = 0,

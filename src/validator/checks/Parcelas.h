@@ -7,9 +7,9 @@
 
 namespace quilatador {
 
-/// Segment Y: the slip's installments with their barcodes, up to the first without a line, against the payment options
-/// and the agreement. Writes what is wrong, in the order of the log; true where nothing is. A step with a field that
-/// cannot be read is left out.
+/// Segment Y: checks the installments of a slip and their barcodes (check digits by Febraban's modulus 10 or 11)
+/// against the payment options and the agreement, up to the first record with an empty line. Writes its findings in the
+/// order of the log and returns true if there are none. A step with a field that cannot be read is left out.
 [[nodiscard]] bool verificarSegmentoY(Rodada& rodada, std::span<const RegistroRemessa> parcelasY,
                                       const Definicao& definicao);
 

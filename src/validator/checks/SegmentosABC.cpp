@@ -11,7 +11,8 @@ namespace quilatador {
 
 namespace {
 
-/// Whether a CNPJ's check digits are right; one with anything but digits is wrong, not a failure.
+/// Whether the check digits of a CNPJ are right. Characters other than digits make it wrong instead of raising a
+/// `Falha`.
 bool cnpjValido(VistaTexto cnpj) {
     try {
         return DV::VerificarCNPJ(cnpj);
@@ -78,8 +79,8 @@ void verificarFormatoData(Conferencia& c, Texto& formatoDataBarra) {
 
 } // namespace
 
-// The tests of the three indicators search the text within the list: "34" passes as "3" does. Kept on purpose, the
-// sample a-tipo-form-dentro-da-lista holds it.
+// The three indicators are searched for as texts within their list, so that "34" passes as "3" does: kept on purpose,
+// the sample a-tipo-form-dentro-da-lista holds it.
 void verificarSegmentoA(Rodada& rodada, const Definicao& definicao) {
     Conferencia c(rodada, definicao.registroA, 'A');
     const auto exigirNaLista = [&](const Assunto& assunto, VistaTexto lista, VistaTexto mensagem) {
@@ -164,7 +165,7 @@ void verificarSegmentoC(Rodada& rodada, Definicao& definicao) {
     c.ecoDoTexto("Id.Febraban    : "_t, "IDFebraban"_t);
     if (segmento != 9) verificarIDFebraban(c, segmento, definicao.registroB);
 
-    static_cast<void>(c.valor("idServico"_t).paraLongo()); // not used, but one that is no number ends the run
+    static_cast<void>(c.valor("idServico"_t).paraLongo()); // only so that one that is no number ends the run
     static_cast<void>(c.valor("Finalidade"_t));
 
     verificarMoeda(c, definicao.moeda);

@@ -5,14 +5,15 @@
 
 namespace quilatador {
 
-// The header, the company and its agreement. Each check echoes the record into the log and writes what is wrong in it,
-// in the order of the log. `Falha` where a field cannot be read, which ends the run.
+// The checks of the header, the company and its agreement. Each one echoes its record to the log and writes what is
+// wrong with it, in the order of the log. A field that cannot be read raises a `Falha`, which ends the run. CNPJs have
+// the check digits of the Receita Federal (modulus 11).
 
-/// Segment A: reads `registroA`. The remittance's number goes to its label.
+/// Segment A, the header. Reads `registroA` and shows the number of the remittance in its label.
 void verificarSegmentoA(Rodada& rodada, const Definicao& definicao);
-/// Segment B: reads `registroB` and, for the CNPJ, `registroA`. The company's name goes to its label.
+/// Segment B, the company. Reads `registroB` and, for the CNPJ, `registroA`; shows the company's name in its label.
 void verificarSegmentoB(Rodada& rodada, const Definicao& definicao);
-/// Segment C: reads `registroC` and, for the CNPJ, `registroB`; sets `moeda` and `FormatoDataBarra`.
+/// Segment C, the agreement. Reads `registroC` and, for the CNPJ, `registroB`; sets `moeda` and `FormatoDataBarra`.
 void verificarSegmentoC(Rodada& rodada, Definicao& definicao);
 
 } // namespace quilatador

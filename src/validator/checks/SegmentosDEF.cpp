@@ -7,10 +7,11 @@ namespace quilatador {
 namespace {
 
 constexpr VistaTexto tiposDeIdentificador = "AN"_t;
-/// The revision of the layout that has the two indicators of segment E.
+/// The revision of the layout in which segment E has two indicators.
 constexpr VistaTexto versaoDosIndicadores = "1.00.01"_t;
 
-/// The barcode of segment 6 has the company's CNPJ in it, which leaves less room for the payer's identifier.
+/// In Febraban segment 6 the barcode contains the start of the company's CNPJ, which leaves less room for the
+/// identifier.
 int maiorTamanhoDeIdentificador(const Definicao& definicao) {
     return igual(definicao.registroC.getValorCampo("SegFebraban"_t), 6) ? 13 : 17;
 }
@@ -39,7 +40,7 @@ void verificarIdentificadorDoCliente(Conferencia& c, Definicao& definicao) {
     });
 }
 
-/// The two indicators of what barcodes are checked for: anything but "S" is no, "N" and "S" alone are right.
+/// Reads the two indicators of what barcodes are checked for. Only "S" means yes; anything but "N" and "S" is an error.
 void lerIndicadores(Conferencia& c, Definicao& definicao) {
     const auto ler = [&](const Assunto& assunto, VistaTexto rotulo, VistaTexto mensagem) {
         const Valor indicador = c.valor(assunto.campo);
@@ -90,7 +91,7 @@ void verificarSegmentoE(Rodada& rodada, Definicao& definicao) {
     c.ecoDoTexto("Sigla Recebim. : "_t, "Sigla"_t);
     c.exigir({"e.sigla.ausente"_t, "Sigla"_t}, "Campo 'Sigla do recebimento' não informada"_t);
 
-    // Written only for an empty complement: kept on purpose, the sample e-complemento-informado holds it.
+    // The complement is echoed only if it is empty: kept on purpose, the sample e-complemento-informado holds it.
     if (semConteudo(c.valor("Complemento"_t))) c.ecoDoTexto("Compl.Recebim. : "_t, "Complemento"_t);
     ecoSeHouver("Unidade conv.. : "_t, "UnidadeConv"_t);
 

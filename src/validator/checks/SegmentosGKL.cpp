@@ -4,11 +4,11 @@ namespace quilatador {
 
 namespace {
 
-/// A definition that may stand several times, each with a number of its own: segments G and K.
+/// The rules of a definition that may occur several times, each time with a number of its own: segments G and K.
 struct Numerada {
     char segmento;
-    VistaTexto campo;                  ///< its number
-    std::optional<std::int32_t> linha; ///< of its errors; none for the record's own
+    VistaTexto campo;                  ///< name of the field with that number
+    std::optional<std::int32_t> linha; ///< line number of its errors; if empty, the record's own
     VistaTexto rotulo;
     Assunto faixa;
     VistaTexto mensagemDaFaixa;
@@ -18,7 +18,7 @@ struct Numerada {
     VistaTexto mensagemDaDuplicada;
 };
 
-/// Checks one, keeps it among those accepted and echoes it.
+/// Checks a record. It is kept and echoed unless its number is out of range or already taken.
 void verificarNumerada(const Numerada& regra, Rodada& rodada, const RegistroRemessa& registro,
                        std::vector<RegistroRemessa>& aceitas) {
     Conferencia c(rodada, registro, regra.segmento);

@@ -5,14 +5,15 @@
 
 namespace quilatador {
 
-// Definitions that may stand several times. Each check keeps the record among those accepted, and echoes it, unless
-// something is wrong that makes it useless. `Falha` where a field cannot be read, which ends the run.
+// The checks of definitions that may occur several times. Each one echoes its record to the log and keeps a copy of it
+// among the accepted ones, unless a fault makes it unusable. A field that cannot be read raises a `Falha`, which ends
+// the run.
 
-/// Segment G, a characteristic of the object: adds to `caracteristicas`.
+/// Segment G, a characteristic of the object. Adds to `caracteristicas`.
 void verificarSegmentoG(Rodada& rodada, const RegistroRemessa& registro, Definicao& definicao);
-/// Segment K, a revenue: adds to `receitas`.
+/// Segment K, a revenue. Adds to `receitas`.
 void verificarSegmentoK(Rodada& rodada, const RegistroRemessa& registro, Definicao& definicao);
-/// Segment L, a payment option: adds to `opcoesPagamento`.
+/// Segment L, a payment option. Adds to `opcoesPagamento`.
 void verificarSegmentoL(Rodada& rodada, const RegistroRemessa& registro, Definicao& definicao);
 
 } // namespace quilatador

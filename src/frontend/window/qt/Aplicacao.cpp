@@ -20,7 +20,7 @@ Aplicacao::Aplicacao(const Meios& meios)
     ligarBotoes();
 }
 
-/// A window that goes takes the focus from its controls, whose rules must still be there.
+/// Hiding the window takes the focus from its controls, and the rules that answer to that must still exist.
 Aplicacao::~Aplicacao() {
     janela_.hide();
 }
@@ -59,8 +59,8 @@ void Aplicacao::ligarPedido() {
                      [this](bool primeiras) { formulario_.escolherPrimeirasGuias(primeiras); });
     QObject::connect(pedido.txtNumeroDetalhes, &CaixaDeNumero::saiu, &janela_,
                      [this] { formulario_.sairDoNumeroDeGuias(textoDeQt(janela_.pedido->txtNumeroDetalhes->text())); });
-    // Queued: the message box would open in the middle of the mouse press that took the focus away, and leave the
-    // button under it pressed.
+    // Queued, because the message box would otherwise open in the middle of the mouse press that took the focus away,
+    // and leave the button under it pressed.
     QObject::connect(
         pedido.txtPosicao, &CaixaDeNumero::saiu, &janela_,
         [this] {
@@ -88,7 +88,7 @@ void Aplicacao::ligarBotoes() {
     QObject::connect(janela_.cmdSobre, &QPushButton::clicked, &janela_, [this] { mostrarSobre(); });
 }
 
-/// Not waited for: an analysis in hand goes on behind it.
+/// Does not wait until the box is closed: a running analysis goes on behind it.
 void Aplicacao::mostrarSobre() {
     auto* sobre = new JanelaSobre(sobre_.versao(), &janela_);
     sobre->setAttribute(Qt::WA_DeleteOnClose);

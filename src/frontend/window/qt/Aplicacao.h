@@ -12,10 +12,12 @@
 
 namespace quilatador {
 
-/// The program behind the window: puts rules and controls together.
+/// The program behind the window: it connects the rules with the controls.
+///
+/// Order of use: `iniciar`; if it returns true, `receber` and `encerrarQuando` as needed, then Qt's event loop.
 class Aplicacao final {
   public:
-    /// What the window needs of the machine.
+    /// What the window needs from the machine. The references must outlive the `Aplicacao`.
     struct Meios {
         Relogio& relogio;
         Localidade& localidade;
@@ -31,13 +33,13 @@ class Aplicacao final {
     Aplicacao& operator=(const Aplicacao&) = delete;
     ~Aplicacao();
 
-    /// Loads the window and shows it. False, after a message box, where the program has to end instead.
+    /// Loads the window and shows it. Returns false, after a message box, if the program must end instead.
     [[nodiscard]] bool iniciar();
-    /// Takes a file as though it had been dropped on the window.
+    /// Takes a file as if it had been dropped on the window.
     void receber(const std::filesystem::path& arquivo);
 
-    /// Asks from now on, ten times a second, whether the program has been told from outside to end. It then closes its
-    /// windows as the user would: an analysis in hand is cancelled, and its log gets its ending.
+    /// From now on, asks `pedido` ten times a second whether the program has been told from outside to end. If so, it
+    /// closes its windows as the user would: a running analysis is cancelled, and its log gets its ending.
     void encerrarQuando(std::function<bool()> pedido);
 
     [[nodiscard]] JanelaPrincipal& janela() noexcept { return janela_; }

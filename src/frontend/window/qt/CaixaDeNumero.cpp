@@ -14,7 +14,7 @@ QString digitosDe(const QString& texto) {
     return paraQt(frmImportacao::filtrarDigitos(textoDeQt(texto)));
 }
 
-/// Refuses nothing: it mends the text, so that one rule serves keys, pasting, dropping and input methods.
+/// Refuses no text but removes what is not a digit, so that one rule serves keys, pasting, dropping and input methods.
 class FiltroDeDigitos final : public QValidator {
   public:
     using QValidator::QValidator;

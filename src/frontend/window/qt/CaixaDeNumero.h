@@ -4,7 +4,7 @@
 
 namespace quilatador {
 
-/// A box for digits: whatever else is typed or pasted is left out.
+/// A text box for digits. Any other character that is typed or pasted is dropped.
 class CaixaDeNumero final : public QLineEdit {
     Q_OBJECT
 
@@ -12,7 +12,8 @@ class CaixaDeNumero final : public QLineEdit {
     explicit CaixaDeNumero(QWidget* dono = nullptr);
 
   signals:
-    /// The focus went to another control, or the box is hidden. Another window in front, or a menu, is no leaving.
+    /// The focus has gone to another control, or the box is hidden. Another window in front, or an open menu, does not
+    /// count.
     void saiu();
 
   protected:

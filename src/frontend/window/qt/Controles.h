@@ -6,7 +6,7 @@
 
 namespace quilatador {
 
-/// Makes a control with the name by which rules, tests and helpers for the disabled find it.
+/// Creates a control with the name by which rules, tests and assistive tools find it.
 template <typename Controle, typename... Argumentos>
 [[nodiscard]] Controle* novoControle(const char* nome, Argumentos&&... argumentos) {
     auto* controle = new Controle(std::forward<Argumentos>(argumentos)...);
@@ -14,7 +14,7 @@ template <typename Controle, typename... Argumentos>
     return controle;
 }
 
-/// What a screen reader says of a control, and the hint under the mouse where there is one.
+/// Sets what a screen reader says about a control, and the hint under the mouse if there is one.
 inline void descrever(QWidget* controle, const QString& nome, const QString& dica = {}) {
     controle->setAccessibleName(nome);
     controle->setAccessibleDescription(dica);

@@ -22,7 +22,7 @@ namespace quilatador {
     return textoDeUtf8(texto.toStdString());
 }
 
-/// A path keeps every letter: it does not go through the code page.
+/// A path keeps every letter, because it is never converted to Windows-1252.
 [[nodiscard]] inline std::filesystem::path caminhoDeQt(const QString& caminho) {
     const QByteArray utf8 = caminho.toUtf8();
     return std::u8string(utf8.begin(), utf8.end());

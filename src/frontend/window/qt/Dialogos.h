@@ -9,13 +9,13 @@ class QWidget;
 
 namespace quilatador {
 
-/// What makes the window wait for the user: replaceable, so that a test does not.
+/// Everything that makes the window wait for the user. It is an interface, so that a test need not wait.
 class Dialogos {
   public:
     virtual ~Dialogos() = default;
-    /// Shows a message box over a window and waits until it is closed.
+    /// Shows a message box in front of `janela` and waits until it is closed.
     virtual void mensagem(QWidget& janela, const Mensagem& mensagem) = 0;
-    /// Asks for a file to open; `ultimo` was chosen before, or is empty. None where the user gives up.
+    /// Asks for a file to open. `ultimo` is the file chosen before, or empty. Returns nothing if the user cancels.
     [[nodiscard]] virtual std::optional<std::filesystem::path> escolherArquivo(QWidget& janela,
                                                                                const std::filesystem::path& ultimo) = 0;
 };

@@ -12,7 +12,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Both letter cases, since names differ by it on some systems; no "*.*" there, which a name without "." fails.
+/// Both letter cases are given, because some systems distinguish names by case. "All files" is "*": "*.*" would leave
+/// out names without a "." on these systems.
 const QStringList& filtros() {
     static const QStringList lista{u"Arquivos de Remessa KV (*.rem *.REM)"_s, u"Arquivos de Retorno KV (*.ret *.RET)"_s,
                                    u"Todos os Arquivos (*)"_s};
@@ -33,7 +34,7 @@ void DialogosQt::mensagem(QWidget& janela, const Mensagem& mensagem) {
     QMessageBox caixa(&janela);
     caixa.setIcon(mensagem.icone == Mensagem::Icone::Exclamacao ? QMessageBox::Warning : QMessageBox::NoIcon);
     caixa.setWindowTitle(paraQt(mensagem.titulo));
-    caixa.setTextFormat(Qt::PlainText); // a file's name may have "<" and "&" in it
+    caixa.setTextFormat(Qt::PlainText); // a file name may contain "<" and "&"
     caixa.setText(paraQt(mensagem.texto));
     caixa.setStandardButtons(QMessageBox::Ok);
     caixa.exec();

@@ -4,11 +4,11 @@
 
 namespace quilatador {
 
-/// The system's own dialogs.
+/// The dialogs that the user sees.
 class DialogosQt final : public Dialogos {
   public:
     void mensagem(QWidget& janela, const Mensagem& mensagem) override;
-    /// Starts at the file chosen before, else in the folder "C:\", or the user's home where there are no drives.
+    /// Starts at the file chosen before. Without one, it starts in "C:\" on Windows and in the user's home elsewhere.
     [[nodiscard]] std::optional<std::filesystem::path> escolherArquivo(QWidget& janela,
                                                                        const std::filesystem::path& ultimo) override;
 };

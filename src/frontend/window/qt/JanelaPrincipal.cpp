@@ -23,7 +23,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The file that is being dragged, where it is one file of this machine.
+/// The dragged file, if it is exactly one file of this machine.
 std::optional<std::filesystem::path> arquivoDe(const QMimeData& dados) {
     const QList<QUrl> enderecos = dados.urls();
     if (enderecos.size() != 1 || !QFileInfo(enderecos.front().toLocalFile()).isFile()) return std::nullopt;
@@ -49,7 +49,7 @@ JanelaPrincipal::JanelaPrincipal()
     setWindowTitle(paraQt(tituloDoPrograma));
     setAcceptDrops(true);
 
-    auto* faces = new QGridLayout; // both in one place, of which one is shown
+    auto* faces = new QGridLayout; // both have the same place, and one of them is shown
     faces->addWidget(pedido, 0, 0);
     faces->addWidget(progresso, 0, 0);
     auto* janela = new QVBoxLayout(this);

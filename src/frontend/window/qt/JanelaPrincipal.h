@@ -10,14 +10,14 @@
 
 namespace quilatador {
 
-/// The main window, `frmImportacao`: its controls and where they stand. What they do is wired by `Aplicacao`.
+/// The main window, `frmImportacao`: its controls and where they are. `Aplicacao` connects them with what they do.
 class JanelaPrincipal final : public QDialog {
     Q_OBJECT
 
   public:
     JanelaPrincipal();
 
-    /// Asked whenever the window is to close; without it, it does.
+    /// Called whenever the window is about to close; says whether it may. An empty function lets it close.
     std::function<bool()> podeFechar;
 
     QuadroDoPedido* const pedido;
@@ -28,17 +28,19 @@ class JanelaPrincipal final : public QDialog {
     QPushButton* const cmdOK;
     QPushButton* const cmdCancela;
 
-    /// Escape cancels an analysis, as the button does. Elsewhere it does nothing: a slip of a finger ends no program.
+    /// Escape cancels a running analysis, as the button does. Otherwise it does nothing, so that a slip of the finger
+    /// does not end the program.
     void reject() override;
 
   signals:
+    /// One file of this machine was dropped on the window.
     void arquivoSolto(const std::filesystem::path& arquivo);
 
   protected:
     void closeEvent(QCloseEvent* evento) override;
     void dragEnterEvent(QDragEnterEvent* evento) override;
     void dropEvent(QDropEvent* evento) override;
-    /// A key held down presses a button once.
+    /// A key that is held down presses a button only once.
     bool eventFilter(QObject* objeto, QEvent* evento) override;
     void keyPressEvent(QKeyEvent* evento) override;
 

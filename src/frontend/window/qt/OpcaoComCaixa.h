@@ -6,12 +6,13 @@
 
 namespace quilatador {
 
-/// An option whose caption has a number box in its middle: blanks keep the room for it, however wide the font's are.
+/// An option button with a number box in the middle of its caption. As many blanks as the font needs keep the space for
+/// the box.
 class OpcaoComCaixa final : public QRadioButton {
     Q_OBJECT
 
   public:
-    /// The caption is `antes`, the gap and `depois`.
+    /// The caption is `antes`, the space for the box, and `depois`.
     OpcaoComCaixa(QString antes, CaixaDeNumero* caixa, QString depois, QWidget* dono = nullptr);
 
     [[nodiscard]] QSize sizeHint() const override;

@@ -19,14 +19,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A hidden frame leaves its room empty, so that nothing jumps when it comes back.
+/// A hidden frame keeps its space, so that nothing moves when it comes back.
 void guardarLugar(QWidget* controle) {
     QSizePolicy politica = controle->sizePolicy();
     politica.setRetainSizeWhenHidden(true);
     controle->setSizePolicy(politica);
 }
 
-/// Of a group one option is chosen. Said in so many words, since a frame's own grouping takes in the frames inside it.
+/// Makes the options exclude each other. The automatic grouping of a frame would not do: it takes in the frames inside.
 void agrupar(QWidget* dono, std::initializer_list<QAbstractButton*> opcoes) {
     auto* grupo = new QButtonGroup(dono);
     for (QAbstractButton* opcao : opcoes)
@@ -36,8 +36,8 @@ void agrupar(QWidget* dono, std::initializer_list<QAbstractButton*> opcoes) {
 QComboBox* novoFormato() {
     auto* formato = novoControle<QComboBox>("cmbFormato");
     formato->setEditable(true);
-    formato->setInsertPolicy(QComboBox::NoInsert); // a format of the user's own is taken, not collected
-    formato->setCompleter(nullptr);                // nor completed to one that was not typed
+    formato->setInsertPolicy(QComboBox::NoInsert); // a format that the user types is used, but not added to the list
+    formato->setCompleter(nullptr);                // and not completed to another one
     for (const VistaTexto oferecido : formatosOferecidos)
         formato->addItem(paraQt(oferecido));
     return formato;

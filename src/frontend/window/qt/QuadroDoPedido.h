@@ -15,17 +15,17 @@
 
 namespace quilatador {
 
-/// The face of the window that takes the request: the frame `fraNomeArquivo`. Its controls have the names by which
-/// the rules know them; Qt owns them.
+/// The part of the window that takes the request: the frame `fraNomeArquivo`. Its controls have the names by which the
+/// rules know them; Qt owns them.
 class QuadroDoPedido final : public QGroupBox {
     Q_OBJECT
 
   public:
     explicit QuadroDoPedido(QWidget* dono = nullptr);
 
-    /// The request as the controls stand.
+    /// The request as the controls have it now.
     [[nodiscard]] Pedido pedido() const;
-    /// How many slips are asked for; none for all of them.
+    /// The number of slips to analyse; nothing for all of them.
     [[nodiscard]] std::optional<double> primeirasGuias() const;
 
     QLineEdit* const txtNomeArquivo;

@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A label whose text comes from a file: shown as it is, and never wider than the window.
+/// A label whose text comes from a file: it is shown as plain text, and never makes the window wider.
 QLabel* novoTextoDoArquivo(const char* nome, const QString& legenda) {
     auto* rotulo = novoControle<QLabel>(nome, legenda);
     rotulo->setTextFormat(Qt::PlainText);
@@ -61,7 +61,7 @@ QuadroDoProgresso::QuadroDoProgresso(QWidget* dono)
     quadro->addStretch();
 }
 
-/// Three lines of two counts. The columns of figures keep their width, so that they do not dance as they grow.
+/// Three rows of two counts. The columns of numbers keep their width, so that they do not move when the numbers grow.
 QLayout* QuadroDoProgresso::contagens() {
     struct Contagem {
         const char* nome;
@@ -98,7 +98,7 @@ void QuadroDoProgresso::totalDeGuias(std::optional<double> total) {
 }
 
 void QuadroDoProgresso::mostrar(const Progresso& progresso, Relogio::Instante agora) {
-    pbrImportacao->setMaximum(std::max(progresso.totalRegistros, 1)); // with 0 it would move without end
+    pbrImportacao->setMaximum(std::max(progresso.totalRegistros, 1)); // a maximum of 0 would move it endlessly
     pbrImportacao->setValue(std::min(progresso.registroAtual, progresso.totalRegistros));
     lblRegistroAtual->setText(QString::number(progresso.registroAtual));
     lblTotalRegistros->setText(QString::number(progresso.totalRegistros));

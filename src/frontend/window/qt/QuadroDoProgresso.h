@@ -8,7 +8,7 @@
 
 namespace quilatador {
 
-/// The face of the window that shows an analysis at work: the frame `fraImportacao`.
+/// The part of the window that shows a running analysis: the frame `fraImportacao`.
 class QuadroDoProgresso final : public QGroupBox {
     Q_OBJECT
 
@@ -16,7 +16,7 @@ class QuadroDoProgresso final : public QGroupBox {
     explicit QuadroDoProgresso(QWidget* dono = nullptr);
 
     void rotulo(Rotulo qual, VistaTexto texto);
-    /// How many slips are to be analysed; none for all of them.
+    /// The number of slips to analyse; nothing for all of them.
     void totalDeGuias(std::optional<double> total);
     void mostrar(const Progresso& progresso, Relogio::Instante agora);
 

@@ -13,11 +13,11 @@ namespace {
 
 using namespace std::chrono_literals;
 constexpr Relogio::Instante intervaloDosQuadros = 33ms;
-/// On a slow display the frames come more rarely, so that they take no more than a part in so many of the time; but
-/// never so rarely that a button would not answer at once.
+/// On a slow display the frames come less often, so that drawing takes only one part in this many of the time. They
+/// never come so rarely that a button would answer late.
 constexpr int partesPorQuadro = 12;
 constexpr Relogio::Instante maiorIntervalo = 80ms;
-/// Reading the clock costs a good part of what a record does, so it is read once in so many.
+/// Reading the clock takes a good part of the time of a record, so it is read only once per this many records.
 constexpr std::int32_t registrosPorLeitura = 256;
 
 } // namespace
@@ -38,7 +38,7 @@ QAbstractButton* TelaQt::botao(Controle controle) const {
     return qobject_cast<QAbstractButton*>(widget(controle));
 }
 
-/// Comes with every slip, mostly with the text that is there.
+/// Called for every slip, usually with the text that is shown already.
 void TelaQt::rotulo(Rotulo qual, VistaTexto texto) {
     Texto& mostrado = rotulos_[qual];
     if (mostrado == texto && !texto.empty()) return;
@@ -91,7 +91,7 @@ void TelaQt::legenda(Controle controle, VistaTexto texto) {
 
 void TelaQt::focar(Controle controle) {
     widget(controle)->setFocus();
-    if (auto* caixa = qobject_cast<QLineEdit*>(widget(controle))) caixa->selectAll(); // ready to be typed over
+    if (auto* caixa = qobject_cast<QLineEdit*>(widget(controle))) caixa->selectAll(); // typing then replaces it
 }
 
 void TelaQt::marcar(Controle controle, bool marcado) {

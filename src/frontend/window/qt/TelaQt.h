@@ -9,8 +9,8 @@
 
 namespace quilatador {
 
-/// The window as the rules and the analyses see it. What changes with every record is shown, and events are handled,
-/// about thirty times a second, whatever the size of the file.
+/// The window as the rules and the analyses see it. About thirty times a second, whatever the size of the file, it
+/// shows the values that change with every record and lets events be handled.
 class TelaQt final : public Tela {
   public:
     TelaQt(JanelaPrincipal& janela, Dialogos& dialogos, const Relogio& relogio);
@@ -38,9 +38,9 @@ class TelaQt final : public Tela {
     JanelaPrincipal& janela_;
     Dialogos& dialogos_;
     const Relogio& relogio_;
-    std::array<QWidget*, totalDeControles> controles_{}; ///< by place in `Controle`
-    std::map<Rotulo, Texto> rotulos_;                    ///< as shown
-    Relogio::Instante proximoQuadro_{};                  ///< not before this time
+    std::array<QWidget*, totalDeControles> controles_{}; ///< indexed by `Controle`
+    std::map<Rotulo, Texto> rotulos_;                    ///< the texts that are shown
+    Relogio::Instante proximoQuadro_{};                  ///< the earliest time of the next frame
 };
 
 } // namespace quilatador

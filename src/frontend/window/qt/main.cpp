@@ -22,7 +22,7 @@ int main(int argc, char** argv) {
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/logo.svg")));
     QGuiApplication::setDesktopFileName(QStringLiteral("org.quilatador.Quilatador"));
 
-    QTranslator traducao; // the texts of Qt's own dialogs and menus; ours are in Portuguese whatever the system's are
+    QTranslator traducao; // for the dialogs and menus of Qt itself; our own texts are always in Portuguese
     if (traducao.load(QStringLiteral("qtbase_pt_BR"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QApplication::installTranslator(&traducao);
 
