@@ -10,7 +10,6 @@ namespace {
 using testes::Bancada;
 using testes::linhas;
 using testes::registro;
-using Operacao = testes::ArquivosEmMemoria::Operacao;
 
 constexpr VistaTexto cancelado = "\r\nTRATAMENTO CANCELADO!!!\r\n"_t;
 
@@ -31,28 +30,6 @@ TEST(AnaliseDeRetorno, arquivoAlteradoDuranteAAnaliseNaoTemConclusao) {
         bancada.mundo.painel.naLinha(2, [&] { bancada.mundo.arquivos.conteudo["/d/retorno.ret"] += "Z"_t; });
         EXPECT_TRUE(bancada.log().ends_with(junta(arquivoAlterado, "\r\n"_t)));
         EXPECT_EQ(bancada.resumo.desfecho, Desfecho::NaoRodou);
-    }
-}
-
-/// What fails before the log, or in it, is told in a message; what fails while reading, in the log's last line.
-TEST(AnaliseDeRetorno, falhaEmQualquerOperacaoDeArquivo) {
-    for (const Caso& caso : casos) {
-        const int falhas = testes::emCadaFalhaDeArquivo([&](Operacao operacao, int vez) {
-            Bancada bancada(caso.tratar, caso.arquivo);
-            bancada.mundo.arquivos.falhar(operacao, vez, testes::discoCheio);
-            const Texto log = bancada.log();
-            const bool tocada = bancada.mundo.arquivos.vezes(operacao) >= vez;
-            const bool naLeitura = operacao == Operacao::Ler;
-            EXPECT_EQ(bancada.resumo.desfecho == Desfecho::NaoRodou, tocada);
-            EXPECT_EQ(log.ends_with("Disco cheio\r\n"_t), tocada && naLeitura);
-            EXPECT_EQ(bancada.mundo.painel.mensagens.size(), tocada && !naLeitura ? 1u : 0u);
-            EXPECT_EQ(bancada.mundo.lancador.textos.size(), tocada && !naLeitura ? 0u : 1u);
-            EXPECT_EQ(bancada.ouvinte.resumos.size(), 1u);
-            EXPECT_EQ(bancada.ouvinte.resumos[0].desfecho, bancada.resumo.desfecho);
-            EXPECT_TRUE(bancada.mundo.arquivos.tudoFechado());
-            return tocada;
-        });
-        EXPECT_GE(falhas, 6);
     }
 }
 

@@ -10,7 +10,7 @@ using namespace std::chrono_literals;
 TEST(Progresso, tempoFormatado) {
     using Caso = std::pair<Relogio::Instante, VistaTexto>;
     for (const auto& [tempo, texto] : {Caso{59999ms, "00:00:59"_t}, Caso{60s, "00:01:00"_t}, Caso{3599s, "00:59:59"_t},
-                                       Caso{100h, "100:00:00"_t}, Caso{-61s, "-00:01:01"_t}})
+                                       Caso{100h, "100:00:00"_t}, Caso{-61s, "-00:01:01"_t}, Caso{-1ms, "00:00:00"_t}})
         EXPECT_EQ(formatarTempo(tempo), texto);
 }
 

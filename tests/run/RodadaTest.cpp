@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <new>
 
@@ -88,6 +89,8 @@ TEST(Rodada, cadaFimTemASuaLinhaEOSeuResumo) {
         EXPECT_EQ(resumo.descricao, caso.descricao);
         EXPECT_EQ(resumo.totalErros, caso.erros);
         EXPECT_EQ(bancada.log(), caso.log);
+        const auto linhas = std::ranges::count(bancada.mundo.arquivos.conteudo["/e.log"], '\n');
+        EXPECT_EQ(bancada.ouvinte.linhas.size() + bancada.ouvinte.achados.size(), static_cast<std::size_t>(linhas));
         EXPECT_EQ(bancada.mundo.lancador.textos.size(), 1u);
     }
 }

@@ -234,18 +234,6 @@ TEST(Depurador, progressoUmaVezPorLinha) {
     EXPECT_EQ(estimada.mundo.painel.chamadas[1], "iniciar 0/10 guias 0"_t);
 }
 
-TEST(Depurador, ouvintesRecebemOQueOLogRecebe) {
-    Bancada bancada(remessa({.guias = 3, .falhas = true}));
-    RelatorLog espelho(bancada.mundo.arquivos.criarSaida("/espelho"));
-    testes::RelatorMemoria memoria;
-    bancada.ouvintes = {&espelho, &memoria};
-    const Resumo resumo = bancada.depurar();
-    espelho.fechar();
-    EXPECT_EQ(diferenca(bancada.mundo.arquivos.conteudo["/espelho"], bancada.logFeito()), "");
-    EXPECT_EQ(memoria.achados.size(), static_cast<std::size_t>(resumo.totalErros));
-    EXPECT_EQ(std::tuple(resumo.totalRegistros, resumo.guiasDepuradas), std::tuple(54, 3));
-}
-
 TEST(Depurador, tamanhoErradoTemALinhaQueOTextoNaoDiz) {
     Bancada bancada(remessa().substr(0, 5 * bytesDaLinha - 9));
     testes::RelatorMemoria memoria;
