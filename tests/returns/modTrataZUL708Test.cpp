@@ -63,6 +63,7 @@ TEST(ZUL708, outroTipoDeArquivo) {
         EXPECT_EQ(bancada.log(), junta(mensagem, "\r\n\r\nTRATAMENTO CANCELADO!!!\r\n"_t));
         EXPECT_EQ(bancada.resumo.desfecho, Desfecho::Falhou);
         EXPECT_EQ(bancada.resumo.descricao, mensagem);
+        EXPECT_EQ(bancada.ouvinte.achados.front().campo.value().nome, "NomeArquivo"_t);
     }
 }
 
