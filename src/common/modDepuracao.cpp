@@ -39,7 +39,7 @@ Texto caracteresEspeciais(VistaTexto texto) {
         for (std::size_t i = inicio; i < fim; ++i) {
             if (!especiais[static_cast<unsigned char>(texto[i])]) continue;
             achados.push_back(texto[i]);
-            achados.append("("_t).append(textoDe(static_cast<long long>(i + 1))).append("), "_t);
+            achados.append("("_t).append(textoDe(static_cast<long long>(i) + 1)).append("), "_t);
         }
     }
     return achados;

@@ -5,8 +5,8 @@
 
 namespace quilatador {
 
-void exigirIntegro(bool condicao) {
-    if (!condicao) throw Falha(falhaDoBanco::danificado, "ArquivoJet"_t, "O banco de dados está danificado"_t);
+void recusarDanificado() {
+    throw Falha(falhaDoBanco::danificado, "ArquivoJet"_t, "O banco de dados está danificado"_t);
 }
 
 std::string_view pedacoJet(std::string_view bytes, std::size_t posicao, std::size_t tamanho) {

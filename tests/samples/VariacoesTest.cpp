@@ -31,6 +31,7 @@ struct Variacao {
     std::int16_t posicaoDaData = 0;
     std::string esperado; ///< "id | line", each ended by a line feed
 
+    // NOLINTNEXTLINE(readability-identifier-naming): GoogleTest looks for this name
     friend void PrintTo(const Variacao& variacao, std::ostream* saida) { *saida << variacao.nome; }
 };
 
@@ -163,11 +164,12 @@ Texto achadosComoTexto(const RelatorMemoria& relator) {
 
 /// Whether a finding that names a field has its line, its segment and there what it quotes.
 bool lugarCerto(const Achado& achado, VistaTexto arquivo) {
-    constexpr std::int32_t bytesDaLinha = 242;
+    constexpr std::size_t bytesDaLinha = 242;
     if (!achado.campo || achado.linha == 0) return true;
-    const VistaTexto linha = trecho(arquivo, static_cast<std::size_t>((achado.linha - 1) * bytesDaLinha + 1));
-    const VistaTexto campo = trecho(linha, static_cast<std::size_t>(achado.campo->inicio),
-                                    static_cast<std::size_t>(achado.campo->fim + 1 - achado.campo->inicio));
+    const auto inicio = static_cast<std::size_t>(achado.campo->inicio);
+    const auto fim = static_cast<std::size_t>(achado.campo->fim);
+    const VistaTexto linha = trecho(arquivo, (static_cast<std::size_t>(achado.linha) - 1) * bytesDaLinha + 1);
+    const VistaTexto campo = trecho(linha, inicio, fim + 1 - inicio);
     return linha.front() == achado.segmento && campo == achado.campo->encontrado;
 }
 

@@ -7,9 +7,11 @@
 /// Every test program includes this, so that a failing test shows its texts as people read them.
 namespace quilatador {
 
+// NOLINTNEXTLINE(readability-identifier-naming): GoogleTest looks for this name
 inline void PrintTo(VistaTexto texto, std::ostream* saida) {
     *saida << '"' << utf8DeTexto(texto) << '"';
 }
+// NOLINTNEXTLINE(readability-identifier-naming)
 inline void PrintTo(const Texto& texto, std::ostream* saida) {
     PrintTo(VistaTexto(texto), saida);
 }

@@ -89,8 +89,10 @@ TEST(BancoDeDados, codigoFicaEmMaiusculasENaoTemNulo) {
 std::string comSenha(std::string bytes, std::string antes, std::string senha, std::size_t largura) {
     antes.resize(7);
     senha.resize(7);
-    for (std::size_t i = 0; i < senha.size(); ++i)
-        bytes[lugarJet::senha + i * largura] ^= static_cast<char>(antes[i] ^ senha[i]);
+    for (std::size_t i = 0; i < senha.size(); ++i) {
+        char& byte = bytes[lugarJet::senha + i * largura];
+        byte = static_cast<char>(byte ^ antes[i] ^ senha[i]);
+    }
     return bytes;
 }
 
