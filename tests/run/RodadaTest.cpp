@@ -17,12 +17,10 @@ using Operacao = testes::ArquivosEmMemoria::Operacao;
 /// Does what a test wants, with a file whose state it tells.
 class AnaliseFalsa final : public Analise {
   public:
-    [[nodiscard]] std::optional<Texto> preparar() override { return motivo; }
     [[nodiscard]] Desfecho analisar() override { return acao(); }
     [[nodiscard]] std::optional<VersaoDoArquivo> versaoDaEntrada() const noexcept override { return versao; }
     void fecharEntrada() noexcept override { fechada = true; }
 
-    std::optional<Texto> motivo;
     std::function<Desfecho()> acao = [] { return Desfecho::Concluida; };
     VersaoDoArquivo versao;
     bool fechada = false;
@@ -121,17 +119,14 @@ TEST(Rodada, semLogSoAMensagem) {
          "Erro na criacao do arquivo de log: /e.log"_t},
         {[](Bancada& b) { b.mundo.arquivos.falhar(Operacao::Fechar, 1, testes::discoCheio); },
          "Erro na gravação do arquivo de log: /e.log (Disco cheio)"_t},
-        {[](Bancada& b) { b.analise.motivo = Texto("nada"_t); }, {}},
     };
     for (const auto& [preparar, texto] : casos) {
         Bancada bancada;
         preparar(bancada);
         EXPECT_EQ(bancada.executar().desfecho, Desfecho::NaoRodou);
         EXPECT_TRUE(bancada.mundo.lancador.textos.empty());
-        ASSERT_EQ(bancada.mundo.painel.mensagens.size(), texto.empty() ? 0u : 1u);
-        if (!texto.empty()) {
-            EXPECT_EQ(bancada.mundo.painel.mensagens[0].texto, texto);
-        }
+        ASSERT_EQ(bancada.mundo.painel.mensagens.size(), 1u);
+        EXPECT_EQ(bancada.mundo.painel.mensagens[0].texto, texto);
     }
 }
 
