@@ -69,8 +69,8 @@ void AnaliseZUL708::explicar(VistaTexto linha, std::size_t qual, VistaTexto codi
                .gravidade = Gravidade::Ocorrencia,
                .linha = linhaAtual(),
                .segmento = linha.front(),
-               .campo = CampoDoAchado{junta("CodigoRetorno"_t, textoDe(qual + 1)), inicio, inicio + 1, Texto(codigo),
-                                      std::nullopt},
+               .campo = CampoDoAchado{junta("CodigoRetorno"_t, textoDe(static_cast<long long>(qual) + 1)), inicio,
+                                      inicio + 1, Texto(codigo), std::nullopt},
                .mensagem = junta("O Registro "_t, sequencial(linha), " apresenta o seguinte erro: "_t, codigo,
                                  texto ? " - "_t : ""_t, texto ? VistaTexto(*texto) : VistaTexto())});
 }

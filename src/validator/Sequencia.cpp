@@ -70,12 +70,12 @@ bool contem(VistaTexto historico, VistaTexto letras) {
 
 /// A structural finding whose message does not name the line; `linha` (1-based) is the line that it is about.
 ParadaEstrutural paradaSemLinha(VistaTexto id, std::int32_t linha, VistaTexto mensagem) {
-    return {Texto("Importação"_t), Achado{.id = id,
-                                          .gravidade = Gravidade::Estrutural,
-                                          .linha = linha,
-                                          .segmento = 0,
-                                          .campo = {},
-                                          .mensagem = Texto(mensagem)}};
+    return {"Importação"_t, Achado{.id = id,
+                                   .gravidade = Gravidade::Estrutural,
+                                   .linha = linha,
+                                   .segmento = 0,
+                                   .campo = {},
+                                   .mensagem = Texto(mensagem)}};
 }
 
 } // namespace
@@ -217,7 +217,7 @@ void Sequencia::anotarLetra(char letra) {
 }
 
 void Sequencia::pararNaLinha(VistaTexto id, char letra, VistaTexto mensagem) const {
-    throw ParadaEstrutural(Texto("Depurador "_t),
+    throw ParadaEstrutural("Depurador "_t,
                            Achado{.id = id,
                                   .gravidade = Gravidade::Estrutural,
                                   .linha = linhaAtual(),

@@ -13,7 +13,7 @@ TEST_F(Sobre, dizOMesDoExecutavelOuDoProprioPrograma) {
         clicar("cmdSobre");
         auto* sobre = controle<QDialog>("frmSobre");
         EXPECT_EQ(sobre->windowTitle(), QStringLiteral("Sobre o Quilatador..."));
-        const std::string vista = legenda("lblVersion");
+        std::string vista = legenda("lblVersion");
         delete sobre;
         return vista;
     };
