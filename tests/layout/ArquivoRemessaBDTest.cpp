@@ -98,9 +98,9 @@ TEST(ArquivoRemessaBD, arquivoQueNaoSeAbre) {
 }
 
 TEST(ArquivoRemessaBD, outraRaizDaMensagemEFalha) {
-    const VistaTexto raiz = boa.substr(declaracao.size());
+    const Texto raiz = junta(boa.substr(declaracao.size()));
     for (const Texto& descricao :
-         {Texto(raiz), junta(declaracao, "<Outra/>"_t), junta(declaracao, "<!-- antes -->"_t, raiz)}) {
+         {raiz, junta(declaracao, "<Outra/>"_t), junta(declaracao, "<!-- antes -->"_t, raiz)}) {
         Mundo mundo(descricao);
         EXPECT_EQ(mundo.falha(), "1 ArquivoRemessaBD: Arquivo XML não corresponde a um arquivo de remessa!"_t);
         EXPECT_EQ(mundo.painel.chamadas.size(), 1u);
