@@ -78,8 +78,10 @@ std::optional<Texto> Rodada::tentarCriarLog() {
     try {
         log_ = std::make_unique<RelatorLog>(ambiente_.arquivos.criarSaida(nomeArquivoLog_));
         return std::nullopt;
-    } catch (const Falha&) {
-        return recusa("Erro na criacao do arquivo de log: "_t);
+    } catch (const Falha& falha) {
+        return recusa(falha.numero() == numeroDeFalha::arquivoJaAberto
+                          ? "O arquivo de log está em uso por outra análise ou por outro programa: "_t
+                          : "Erro na criacao do arquivo de log: "_t);
     }
 }
 

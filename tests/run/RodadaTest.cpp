@@ -117,6 +117,8 @@ TEST(Rodada, semLogSoAMensagem) {
     const std::pair<std::function<void(Bancada&)>, VistaTexto> casos[] = {
         {[](Bancada& b) { b.mundo.arquivos.falhar(Operacao::Criar, 1, testes::discoCheio); },
          "Erro na criacao do arquivo de log: /e.log"_t},
+        {[](Bancada& b) { b.mundo.arquivos.falhar(Operacao::Criar, 1, Falha(numeroDeFalha::arquivoJaAberto, {}, {})); },
+         "O arquivo de log está em uso por outra análise ou por outro programa: /e.log"_t},
         {[](Bancada& b) { b.mundo.arquivos.falhar(Operacao::Fechar, 1, testes::discoCheio); },
          "Erro na gravação do arquivo de log: /e.log (Disco cheio)"_t},
     };
