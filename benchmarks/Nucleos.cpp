@@ -56,6 +56,7 @@ class ArquivosDaMedida final : public Arquivos {
         return std::make_unique<SaidaPerdida>();
     }
     bool existe(const std::filesystem::path& caminho) const override { return disco_.existe(caminho); }
+    bool ehPasta(const std::filesystem::path& caminho) const override { return disco_.ehPasta(caminho); }
     std::uint64_t tamanho(const std::filesystem::path& caminho) const override {
         return caminho == "entrada" ? entrada_.size() : disco_.tamanho(caminho);
     }

@@ -68,6 +68,8 @@ class Arquivos {
     [[nodiscard]] virtual std::unique_ptr<ArquivoSaida> criarSaida(const std::filesystem::path& caminho) = 0;
     /// Whether a file or folder with this name exists.
     [[nodiscard]] virtual bool existe(const std::filesystem::path& caminho) const = 0;
+    /// Whether this is the name of an existing folder.
+    [[nodiscard]] virtual bool ehPasta(const std::filesystem::path& caminho) const = 0;
     /// Size in bytes; 0 when the file does not exist or has no length, as a device.
     [[nodiscard]] virtual std::uint64_t tamanho(const std::filesystem::path& caminho) const = 0;
     /// The state of the file that the name leads to at this moment; nothing if there is none. It equals that of an open

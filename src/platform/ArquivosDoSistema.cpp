@@ -22,6 +22,11 @@ bool ArquivosDoSistema::existe(const std::filesystem::path& caminho) const {
     return nomePossivel(caminho) && std::filesystem::exists(caminho, erro);
 }
 
+bool ArquivosDoSistema::ehPasta(const std::filesystem::path& caminho) const {
+    std::error_code erro;
+    return nomePossivel(caminho) && std::filesystem::is_directory(caminho, erro);
+}
+
 std::uint64_t ArquivosDoSistema::tamanho(const std::filesystem::path& caminho) const {
     if (!nomePossivel(caminho)) return 0;
     std::error_code erro;

@@ -20,6 +20,7 @@ class ArquivosDoSistema final : public Arquivos {
     /// write-protected file stays as it is: `Falha` 70.
     [[nodiscard]] std::unique_ptr<ArquivoSaida> criarSaida(const std::filesystem::path& caminho) override;
     [[nodiscard]] bool existe(const std::filesystem::path& caminho) const override;
+    [[nodiscard]] bool ehPasta(const std::filesystem::path& caminho) const override;
     [[nodiscard]] std::uint64_t tamanho(const std::filesystem::path& caminho) const override;
     [[nodiscard]] std::optional<VersaoDoArquivo> versao(const std::filesystem::path& caminho) const override;
     [[nodiscard]] Destino destino(const std::filesystem::path& caminho) const override;

@@ -92,11 +92,12 @@ std::optional<Texto> Rodada::tentarCriarLog() {
 /// Why the log must not even be tried at its place, where it would overwrite a file that must not be lost; "" if it
 /// may.
 VistaTexto Rodada::proibicaoDoLog() const {
-    const auto cairiaSobre = [this, log = ambiente_.arquivos.destino(nomeArquivoLog_)](const auto& caminho) {
-        return log == ambiente_.arquivos.destino(caminho);
-    };
+    const Destino log = ambiente_.arquivos.destino(nomeArquivoLog_);
+    const auto cairiaSobre = [&](const auto& caminho) { return log == ambiente_.arquivos.destino(caminho); };
     if (cairiaSobre(pedido_.nomeArquivo)) return "O arquivo de log seria o próprio arquivo analisado: "_t;
-    if (cairiaSobre(ambiente_.leiaute()) || cairiaSobre(ambiente_.bancoDeDados()))
+    if (pedido_.intocaveis && pedido_.intocaveis->contains(log))
+        return "O arquivo de log seria outro dos arquivos a analisar: "_t;
+    if (std::ranges::any_of(ambiente_.arquivosDoPrograma(), cairiaSobre))
         return "O arquivo de log seria um arquivo do próprio programa: "_t;
     return {};
 }

@@ -12,6 +12,7 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <set>
 #include <span>
 
 namespace quilatador {
@@ -22,6 +23,9 @@ struct PedidoDeRodada {
     std::filesystem::path nomeArquivo;
     /// The path of the log. Without it, the log gets its usual name beside the file (see `caminhoDoLog`).
     std::optional<std::filesystem::path> log{};
+    /// Further files that the log must not fall on, such as those that are analysed afterwards; null for none. The
+    /// caller owns them.
+    const std::set<Destino>* intocaveis = nullptr;
     /// Further listeners, which are called after the log. The caller owns them.
     std::span<Relator* const> ouvintes{};
     /// Whether the log is opened in the system's editor at the end.

@@ -199,6 +199,8 @@ TEST_F(ArquivosDoSistemaTest, oQueSeSabeDeUmArquivo) {
     for (const char* nome : {"a.rem", "ligacao", "../"})
         EXPECT_TRUE(arquivos_.existe(pasta_ / nome));
     EXPECT_FALSE(arquivos_.existe(pasta_ / "nada"));
+    EXPECT_TRUE(arquivos_.ehPasta(pasta_.caminho()));
+    EXPECT_FALSE(arquivos_.ehPasta(arquivo));
     EXPECT_FALSE(arquivos_.existe(arquivo.native() + std::string("\0b", 2)));
     EXPECT_EQ(arquivos_.tamanho(pasta_ / "ligacao"), 5u);
     for (const fs::path& semTamanho : {pasta_ / "nada", pasta_.caminho(), fs::path("/dev/zero")})

@@ -156,7 +156,9 @@ TEST(Rodada, logNuncaCaiSobreOQueNaoSePodePerder) {
         {"/programa/Arquivo_ZUL702.xml",
          "O arquivo de log seria um arquivo do próprio programa: /programa/Arquivo_ZUL702.xml"_t},
         {"/programa/TabelaErrosZUL.mdb",
-         "O arquivo de log seria um arquivo do próprio programa: /programa/TabelaErrosZUL.mdb"_t}};
+         "O arquivo de log seria um arquivo do próprio programa: /programa/TabelaErrosZUL.mdb"_t},
+        {"/programa/Documentos/TAV/Ajuda/Quilatador.htm",
+         "O arquivo de log seria um arquivo do próprio programa: /programa/Documentos/TAV/Ajuda/Quilatador.htm"_t}};
     for (const auto& [nome, texto] : casos) {
         testes::MundoFalso mundo;
         mundo.arquivos.conteudo[nome] = Texto("dados"_t);

@@ -1,5 +1,6 @@
 #include "support/Falsos.h"
 
+#include <algorithm>
 #include <array>
 
 namespace quilatador::testes {
@@ -115,6 +116,11 @@ std::unique_ptr<ArquivoSaida> ArquivosEmMemoria::criarSaida(const std::filesyste
 
 bool ArquivosEmMemoria::existe(const std::filesystem::path& caminho) const {
     return conteudo.contains(caminho);
+}
+
+bool ArquivosEmMemoria::ehPasta(const std::filesystem::path& caminho) const {
+    return std::ranges::any_of(conteudo,
+                               [&](const auto& arquivo) { return arquivo.first.parent_path() / "" == caminho / ""; });
 }
 
 std::uint64_t ArquivosEmMemoria::tamanho(const std::filesystem::path& caminho) const {

@@ -92,6 +92,7 @@ class ArquivosEmMemoria final : public Arquivos {
     [[nodiscard]] std::unique_ptr<ArquivoEntrada> abrirEntrada(const std::filesystem::path& caminho) override;
     [[nodiscard]] std::unique_ptr<ArquivoSaida> criarSaida(const std::filesystem::path& caminho) override;
     [[nodiscard]] bool existe(const std::filesystem::path& caminho) const override;
+    [[nodiscard]] bool ehPasta(const std::filesystem::path& caminho) const override;
     [[nodiscard]] std::uint64_t tamanho(const std::filesystem::path& caminho) const override;
     [[nodiscard]] std::optional<VersaoDoArquivo> versao(const std::filesystem::path& caminho) const override;
     [[nodiscard]] Destino destino(const std::filesystem::path& caminho) const override;
