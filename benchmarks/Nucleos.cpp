@@ -56,10 +56,14 @@ class ArquivosDaMedida final : public Arquivos {
         return std::make_unique<SaidaPerdida>();
     }
     bool existe(const std::filesystem::path& caminho) const override { return disco_.existe(caminho); }
+    bool ehPasta(const std::filesystem::path& caminho) const override { return disco_.ehPasta(caminho); }
     std::uint64_t tamanho(const std::filesystem::path& caminho) const override {
         return caminho == "entrada" ? entrada_.size() : disco_.tamanho(caminho);
     }
-    bool mesmoArquivo(const std::filesystem::path&, const std::filesystem::path&) const override { return false; }
+    std::optional<VersaoDoArquivo> versao(const std::filesystem::path& caminho) const override {
+        return caminho == "entrada" ? VersaoDoArquivo() : disco_.versao(caminho);
+    }
+    Destino destino(const std::filesystem::path& caminho) const override { return {.falta = caminho}; }
     std::optional<Data> modificadoEm(const std::filesystem::path&) const override { return std::nullopt; }
 
   private:

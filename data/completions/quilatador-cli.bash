@@ -13,7 +13,7 @@ _quilatador_cli() {
         --formato)
             mapfile -t COMPREPLY < <(compgen -W 'AAAAMMDD AAMMDD DDMMAAAA DDMMAA DDDA AADDD ADDD' -- "$cur")
             return ;;
-        --pasta)
+        --pasta | --pasta-de-logs)
             compopt -o filenames
             mapfile -t COMPREPLY < <(compgen -d -- "$cur")
             return ;;
@@ -22,8 +22,8 @@ _quilatador_cli() {
     esac
 
     if [[ $cur == -* && $prev != --log ]]; then
-        mapfile -t COMPREPLY < <(compgen -W '--tipo --com-data --posicao --formato --primeiras --pasta --log --abrir
-            --json -q --silencioso -h --ajuda --versao' -- "$cur")
+        mapfile -t COMPREPLY < <(compgen -W '--tipo --com-data --posicao --formato --primeiras --pasta --log
+            --pasta-de-logs --abrir --json -q --silencioso -h --ajuda --versao' -- "$cur")
         return
     fi
     compopt -o filenames

@@ -24,6 +24,7 @@ Opções:
   --primeiras N                analisa somente as primeiras N guias (sem ela: todas)
   --pasta PASTA                pasta do programa, com Arquivo_ZUL702.xml e TabelaErrosZUL.mdb
   --log CAMINHO                grava o log nesse caminho (somente com um ARQUIVO)
+  --pasta-de-logs PASTA        grava cada log nessa pasta, com o nome do arquivo e ".log" (x.rem.log)
   --abrir                      abre o log no editor de textos ao final
   --json                       escreve um objeto JSON por arquivo na saída padrão
   -q, --silencioso             sem progresso e sem resumo
@@ -87,6 +88,7 @@ struct Valores {
     std::optional<std::string> primeiras;
     std::optional<std::string> pasta;
     std::optional<std::string> log;
+    std::optional<std::string> pastaDeLogs;
 };
 
 /// Interprets the values, or refuses the first one that is wrong.
@@ -101,10 +103,12 @@ Argumentos interpretar(const Valores& valores, Argumentos lidos) {
         lidos.primeiras = lerNumero(primeiras);
     }
     if (valores.log && valores.arquivos.size() > 1) return recusa(Texto("--log vale somente com um ARQUIVO."_t));
+    if (valores.log && valores.pastaDeLogs) return recusa(Texto("--log e --pasta-de-logs não valem juntas."_t));
     lidos.posicao = lerNumero(valores.posicao ? textoDeUtf8(*valores.posicao) : Texto(posicaoInicial));
     lidos.formato = valores.formato ? textoDeUtf8(*valores.formato) : Texto(formatoInicial);
     if (valores.pasta) lidos.pasta = caminhoCompleto(*valores.pasta);
     if (valores.log) lidos.log = caminhoCompleto(*valores.log);
+    if (valores.pastaDeLogs) lidos.pastaDeLogs = caminhoCompleto(*valores.pastaDeLogs);
     for (const std::string& arquivo : valores.arquivos)
         lidos.arquivos.push_back(caminhoCompleto(arquivo));
     return lidos;
@@ -132,6 +136,7 @@ Argumentos lerArgumentos(std::vector<std::string> argumentos) {
     app.add_option("--primeiras", valores.primeiras);
     app.add_option("--pasta", valores.pasta);
     app.add_option("--log", valores.log);
+    app.add_option("--pasta-de-logs", valores.pastaDeLogs);
     app.add_option("ARQUIVO", valores.arquivos);
     try {
         std::ranges::reverse(argumentos); // the parser reads them from the end

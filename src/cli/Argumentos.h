@@ -22,9 +22,10 @@ struct Argumentos {
     bool comData = false;
     double posicao = 0; ///< 1-based, of the due date in the barcode; not checked yet
     Texto formato;
-    std::optional<double> primeiras;            ///< number of slips to analyse; empty for all
-    std::optional<std::filesystem::path> pasta; ///< program folder; if empty, the one that the machine knows
-    std::optional<std::filesystem::path> log;   ///< replaces the log beside the file
+    std::optional<double> primeiras;                  ///< number of slips to analyse; empty for all
+    std::optional<std::filesystem::path> pasta;       ///< program folder; if empty, the one that the machine knows
+    std::optional<std::filesystem::path> log;         ///< replaces the log beside the file
+    std::optional<std::filesystem::path> pastaDeLogs; ///< folder of all logs; never together with `log`
     bool abrir = false;
     bool json = false;
     bool silencioso = false;

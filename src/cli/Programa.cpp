@@ -2,6 +2,7 @@
 
 #include "cli/PainelDoTerminal.h"
 #include "cli/RelatorJson.h"
+#include "frontend/PlanoDeLogs.h"
 #include "frontend/Trabalho.h"
 
 #include <algorithm>
@@ -71,11 +72,15 @@ class Chamada {
     Chamada& operator=(const Chamada&) = delete;
 
     int analisarTodos() {
-        if (!trabalho_.iniciar() || (argumentos_.comData && recusarPosicao())) return situacao::naoRodou;
+        if (!trabalho_.iniciar() || (argumentos_.comData && recusarPosicao()) || recusarPastaDeLogs())
+            return situacao::naoRodou;
+        const PlanoDeLogs plano = planejarLogs(
+            argumentos_.arquivos, {.log = argumentos_.log, .pasta = argumentos_.pastaDeLogs},
+            [this](const auto& arquivo) { return tipoDe(arquivo); }, maquina_.arquivos);
         int maior = situacao::nadaEncontrado;
-        for (const std::filesystem::path& arquivo : argumentos_.arquivos) {
+        for (const LogPlanejado& planejado : plano.logs) {
             if (maquina_.interrompido()) break;
-            maior = std::max(maior, analisar(arquivo));
+            maior = std::max(maior, analisar(planejado, plano.entradas));
             if (!maquina_.saida.good()) return situacao::naoRodou; // nobody would read the results of the other files
         }
         return maquina_.interrompido() ? situacao::interrompido : maior;
@@ -92,21 +97,33 @@ class Chamada {
         return motivo.has_value();
     }
 
-    int analisar(const std::filesystem::path& arquivo) {
+    bool recusarPastaDeLogs() {
+        if (!argumentos_.pastaDeLogs || maquina_.arquivos.ehPasta(*argumentos_.pastaDeLogs)) return false;
+        painel_.mensagem({.texto = junta("A pasta dos logs não existe ou não é uma pasta: "_t,
+                                         textoDoCaminho(*argumentos_.pastaDeLogs)),
+                          .titulo = Texto(tituloDoPrograma)});
+        return true;
+    }
+
+    /// A file of unknown type is taken for a remittance, whose first finding says that it is none.
+    TipoArquivo tipoDe(const std::filesystem::path& arquivo) const {
+        return argumentos_.tipo ? *argumentos_.tipo
+                                : reconhecerTipo(arquivo, maquina_.arquivos).value_or(TipoArquivo::ZUL702);
+    }
+
+    int analisar(const LogPlanejado& planejado, const std::set<Destino>& entradas) {
         Pedido pedido;
-        // A file of unknown type is taken for a remittance, whose first finding says that it is none.
-        pedido.tipoArquivo = argumentos_.tipo
-                                 ? *argumentos_.tipo
-                                 : reconhecerTipo(arquivo, maquina_.arquivos).value_or(TipoArquivo::ZUL702);
-        pedido.nomeArquivo = arquivo;
+        pedido.tipoArquivo = planejado.tipo;
+        pedido.nomeArquivo = planejado.arquivo;
         pedido.comData = argumentos_.comData;
         pedido.FormatoDataBarra = argumentos_.formato;
         pedido.PosicaoDataBarra = argumentos_.posicao;
-        pedido.nomeArquivoLog = argumentos_.log;
+        pedido.nomeArquivoLog = planejado.log;
+        pedido.entradas = &entradas;
         pedido.abrirLog = argumentos_.abrir;
         Rodada rodada = trabalho_.comecar(pedido);
         if (argumentos_.json) json_.iniciar(rodada.nomeArquivo(), nomeDo(pedido.tipoArquivo), rodada.nomeArquivoLog());
-        const Resumo resumo = analisar(rodada, pedido);
+        const Resumo resumo = analisar(rodada, pedido, recusaDoLog(planejado));
         const int situacaoDoArquivo = situacaoDe(resumo);
         if (argumentos_.json)
             json_.terminar(resumo, situacaoDoArquivo);
@@ -115,8 +132,17 @@ class Chamada {
         return situacaoDoArquivo;
     }
 
-    Resumo analisar(Rodada& rodada, const Pedido& pedido) {
-        const auto motivo = Trabalho::recusa(pedido);
+    /// The reason to refuse a file whose log is that of an earlier one, with the way out. Nothing if it is its own.
+    std::optional<Texto> recusaDoLog(const LogPlanejado& planejado) const {
+        if (!planejado.dono) return std::nullopt;
+        return junta("O log de "_t, textoDoCaminho(planejado.arquivo), " seria também o de "_t,
+                     textoDoCaminho(*planejado.dono), ": "_t, textoDoCaminho(planejado.log),
+                     argumentos_.pastaDeLogs ? ". Analise-o em outra chamada, com outra --pasta-de-logs."_t
+                                             : ". Com --pasta-de-logs PASTA cada um tem o seu."_t);
+    }
+
+    Resumo analisar(Rodada& rodada, const Pedido& pedido, std::optional<Texto> motivo) {
+        if (!motivo) motivo = Trabalho::recusa(pedido);
         if (!motivo) return trabalho_.analisar(rodada, pedido);
         painel_.mensagem({.texto = *motivo, .titulo = Texto(tituloDoPrograma)});
         return naoRodou();

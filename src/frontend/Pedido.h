@@ -6,6 +6,7 @@
 
 #include <filesystem>
 #include <optional>
+#include <set>
 
 namespace quilatador {
 
@@ -25,6 +26,8 @@ struct Pedido {
     Texto FormatoDataBarra = Texto(formatoInicial);
     double PosicaoDataBarra = 20;                        ///< 1-based position of that date in the barcode
     std::optional<std::filesystem::path> nomeArquivoLog; ///< replaces the usual log beside the file
+    /// All files of the call, if there are more: see `PedidoDeRodada::intocaveis`.
+    const std::set<Destino>* entradas = nullptr;
     bool abrirLog = true; ///< whether the log is opened in the system's editor at the end
 };
 

@@ -36,6 +36,7 @@ Rodada Trabalho::comecar(const Pedido& pedido) {
             {.tipoArquivo = pedido.tipoArquivo,
              .nomeArquivo = pedido.nomeArquivo,
              .log = pedido.nomeArquivoLog,
+             .intocaveis = pedido.entradas,
              .ouvintes = ouvintes_,
              .abrirLog = pedido.abrirLog},
             cancelado_};

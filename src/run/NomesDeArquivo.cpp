@@ -12,6 +12,10 @@ std::filesystem::path caminhoDoLog(const std::filesystem::path& arquivo, TipoArq
     return caminho;
 }
 
+std::filesystem::path caminhoDoLogNaPasta(const std::filesystem::path& arquivo, const std::filesystem::path& pasta) {
+    return (pasta / arquivo.filename()) += ".log";
+}
+
 Texto tituloDoLog(const std::filesystem::path& arquivo, VistaTexto hoje) {
     return junta("LOG DE DEPURAÇÃO DO ARQUIVO "_t, textoDoCaminho(arquivo), "  -   "_t, hoje);
 }

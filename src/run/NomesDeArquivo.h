@@ -11,6 +11,10 @@ namespace quilatador {
 /// `caminhoDoLog` holds it.
 [[nodiscard]] std::filesystem::path caminhoDoLog(const std::filesystem::path& arquivo, TipoArquivo tipo);
 
+/// The path of the log in a folder for logs: the whole name of the analysed file, followed by ".log".
+[[nodiscard]] std::filesystem::path caminhoDoLogNaPasta(const std::filesystem::path& arquivo,
+                                                        const std::filesystem::path& pasta);
+
 /// The first line of every log. `hoje` is the date of the run as it is to be shown.
 [[nodiscard]] Texto tituloDoLog(const std::filesystem::path& arquivo, VistaTexto hoje);
 

@@ -25,6 +25,10 @@ const Dizeres& dizeresDe(TipoArquivo tipo) {
     return tipo == TipoArquivo::ZUL702 ? dizeresDaRemessa : dizeresDoRetorno;
 }
 
+Falha falhaDeAlteracao() {
+    return {numeroDeFalha::arquivoAlterado, "Rodada"_t, arquivoAlterado};
+}
+
 } // namespace
 
 Rodada::Rodada(Ambiente& ambiente, PedidoDeRodada pedido, std::atomic<bool>& cancelado)
@@ -61,24 +65,41 @@ Resumo Rodada::executar(Analise& analise) {
     return resumo_;
 }
 
-/// Returns false after a message box when the log cannot be created, or when it would overwrite a file that must not be
-/// lost.
+/// Returns false if the log cannot be created and the user chooses no other place for it.
 bool Rodada::criarLog() {
-    const auto recusar = [&](VistaTexto motivo) {
-        avisar(junta(motivo, textoDoCaminho(nomeArquivoLog_)));
-        return false;
-    };
-    if (ambiente_.arquivos.mesmoArquivo(pedido_.nomeArquivo, nomeArquivoLog_))
-        return recusar("O arquivo de log seria o próprio arquivo analisado: "_t);
-    for (const std::filesystem::path& doPrograma : {ambiente_.leiaute(), ambiente_.bancoDeDados()})
-        if (ambiente_.arquivos.mesmoArquivo(doPrograma, nomeArquivoLog_))
-            return recusar("O arquivo de log seria um arquivo do próprio programa: "_t);
+    while (const auto motivo = tentarCriarLog()) {
+        const auto outro = ambiente_.painel.outroLugarParaOLog(problema(*motivo), nomeArquivoLog_);
+        if (!outro) return false;
+        nomeArquivoLog_ = *outro;
+    }
+    return true;
+}
+
+/// Returns the reason if the log could not be created.
+std::optional<Texto> Rodada::tentarCriarLog() {
+    const auto recusa = [&](VistaTexto motivo) { return junta(motivo, textoDoCaminho(nomeArquivoLog_)); };
+    if (const VistaTexto proibicao = proibicaoDoLog(); !proibicao.empty()) return recusa(proibicao);
     try {
         log_ = std::make_unique<RelatorLog>(ambiente_.arquivos.criarSaida(nomeArquivoLog_));
-        return true;
-    } catch (const Falha&) {
-        return recusar("Erro na criacao do arquivo de log: "_t);
+        return std::nullopt;
+    } catch (const Falha& falha) {
+        return recusa(falha.numero() == numeroDeFalha::arquivoJaAberto
+                          ? "O arquivo de log está em uso por outra análise ou por outro programa: "_t
+                          : "Erro na criacao do arquivo de log: "_t);
     }
+}
+
+/// Why the log must not even be tried at its place, where it would overwrite a file that must not be lost; "" if it
+/// may.
+VistaTexto Rodada::proibicaoDoLog() const {
+    const Destino log = ambiente_.arquivos.destino(nomeArquivoLog_);
+    const auto cairiaSobre = [&](const auto& caminho) { return log == ambiente_.arquivos.destino(caminho); };
+    if (cairiaSobre(pedido_.nomeArquivo)) return "O arquivo de log seria o próprio arquivo analisado: "_t;
+    if (pedido_.intocaveis && pedido_.intocaveis->contains(log))
+        return "O arquivo de log seria outro dos arquivos a analisar: "_t;
+    if (std::ranges::any_of(ambiente_.arquivosDoPrograma(), cairiaSobre))
+        return "O arquivo de log seria um arquivo do próprio programa: "_t;
+    return {};
 }
 
 void Rodada::rodar(Analise& analise) {
@@ -99,14 +120,14 @@ Desfecho Rodada::percorrer(Analise& analise) {
         if (desfecho == Desfecho::Cancelada) escreverCancelamento();
         return desfecho;
     } catch (const ParadaEstrutural& parada) {
-        if (alterada(analise.versaoDaEntrada())) return naoCompletar(Desfecho::NaoRodou, arquivoAlterado);
+        if (entradaAlterada()) return naoCompletar(Desfecho::NaoRodou, arquivoAlterado);
         escreverErro(parada.achado());
         resumo_.descricao = parada.descricao();
         return Desfecho::Falhou;
     } catch (const FalhaDoLog&) {
         throw;
     } catch (const Falha& falha) {
-        if (alterada(analise.versaoDaEntrada())) return naoCompletar(Desfecho::NaoRodou, arquivoAlterado);
+        if (entradaAlterada()) return naoCompletar(Desfecho::NaoRodou, arquivoAlterado);
         return naoCompletar(falha.doAmbiente() ? Desfecho::NaoRodou : Desfecho::Falhou, falha.descricao());
     } catch (const std::bad_alloc&) {
         return naoCompletar(Desfecho::NaoRodou, memoriaInsuficiente); // the analysis has freed its memory
@@ -154,13 +175,17 @@ LeitorDeLinhas::Desistencia Rodada::desistencia() {
     };
 }
 
-bool Rodada::alterada(const std::optional<VersaoDoArquivo>& agora) const noexcept {
-    return agora && versao_ && *agora != *versao_;
+void Rodada::entradaAberta(const VersaoDoArquivo& aberta) {
+    if (!versao_) versao_ = aberta;
+    if (aberta != *versao_) throw falhaDeAlteracao();
 }
 
-void Rodada::conferirEntrada(const std::optional<VersaoDoArquivo>& agora) {
-    if (!versao_) versao_ = agora;
-    if (alterada(agora)) throw Falha(numeroDeFalha::arquivoAlterado, Texto("Rodada"_t), Texto(arquivoAlterado));
+bool Rodada::entradaAlterada() const {
+    return versao_ && ambiente_.arquivos.versao(pedido_.nomeArquivo) != versao_;
+}
+
+void Rodada::conferirEntrada() const {
+    if (entradaAlterada()) throw falhaDeAlteracao();
 }
 
 void Rodada::iniciarFase(std::int32_t total) {
@@ -169,10 +194,14 @@ void Rodada::iniciarFase(std::int32_t total) {
     ambiente_.painel.iniciarProgresso({.totalRegistros = total, .inicio = progresso_.inicio});
 }
 
+Mensagem Rodada::problema(VistaTexto texto) const {
+    return {.texto = Texto(texto),
+            .titulo = Texto(dizeresDe(pedido_.tipoArquivo).tituloDoErro),
+            .icone = Mensagem::Icone::Exclamacao};
+}
+
 void Rodada::avisar(VistaTexto texto) {
-    ambiente_.painel.mensagem({.texto = Texto(texto),
-                               .titulo = Texto(dizeresDe(pedido_.tipoArquivo).tituloDoErro),
-                               .icone = Mensagem::Icone::Exclamacao});
+    ambiente_.painel.mensagem(problema(texto));
 }
 
 } // namespace quilatador

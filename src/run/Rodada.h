@@ -12,6 +12,7 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <set>
 #include <span>
 
 namespace quilatador {
@@ -22,6 +23,9 @@ struct PedidoDeRodada {
     std::filesystem::path nomeArquivo;
     /// The path of the log. Without it, the log gets its usual name beside the file (see `caminhoDoLog`).
     std::optional<std::filesystem::path> log{};
+    /// Further files that the log must not fall on, such as those that are analysed afterwards; null for none. The
+    /// caller owns them.
+    const std::set<Destino>* intocaveis = nullptr;
     /// Further listeners, which are called after the log. The caller owns them.
     std::span<Relator* const> ouvintes{};
     /// Whether the log is opened in the system's editor at the end.
@@ -43,8 +47,9 @@ class Rodada {
     Rodada& operator=(const Rodada&) = delete;
 
     /// Runs an analysis, and opens its log in the editor of the system if the log could be completed. An unreadable
-    /// input and a structural finding become lines of the log. A log that cannot be created or written, and a lack of
-    /// memory, are shown in a message box. The listeners always get the summary.
+    /// input and a structural finding become lines of the log. Where the log cannot be created, the display may offer
+    /// another place. A log that cannot be written, and a lack of memory, are shown in a message box. The listeners
+    /// always get the summary.
     Resumo executar(Analise& analise);
 
     /// Writes a plain line.
@@ -66,11 +71,15 @@ class Rodada {
     /// For `LeitorDeLinhas`: lets the display handle its events while a very long line is skipped, and tells whether to
     /// stop.
     [[nodiscard]] LeitorDeLinhas::Desistencia desistencia();
-    /// Compares the state of the open input with the first state that was passed. Raises `Falha` 65 when they differ,
-    /// because the passes over the file would then describe different files.
-    void conferirEntrada(const std::optional<VersaoDoArquivo>& agora);
+    /// To be called with the state of the input each time it is opened. Raises `Falha` 65 when it is not the state of
+    /// the first opening, because the passes over the file would then describe different files.
+    void entradaAberta(const VersaoDoArquivo& aberta);
+    /// To be called before the analysis says anything of the whole file. Raises `Falha` 65 when the path of the input
+    /// no longer leads to the file that was opened, in the state in which it was opened.
+    void conferirEntrada() const;
 
     [[nodiscard]] const std::filesystem::path& nomeArquivo() const noexcept { return pedido_.nomeArquivo; }
+    /// The path of the log: the one that the user chose if the first could not be written.
     [[nodiscard]] const std::filesystem::path& nomeArquivoLog() const noexcept { return nomeArquivoLog_; }
     [[nodiscard]] Ambiente& ambiente() noexcept { return ambiente_; }
     [[nodiscard]] Painel& painel() noexcept { return ambiente_.painel; }
@@ -84,10 +93,13 @@ class Rodada {
 
   private:
     [[nodiscard]] bool criarLog();
+    [[nodiscard]] std::optional<Texto> tentarCriarLog();
+    [[nodiscard]] VistaTexto proibicaoDoLog() const;
     void rodar(Analise& analise);
     [[nodiscard]] Desfecho percorrer(Analise& analise);
-    [[nodiscard]] bool alterada(const std::optional<VersaoDoArquivo>& agora) const noexcept;
+    [[nodiscard]] bool entradaAlterada() const;
     [[nodiscard]] Desfecho naoCompletar(Desfecho desfecho, VistaTexto descricao);
+    [[nodiscard]] Mensagem problema(VistaTexto texto) const;
     void avisar(VistaTexto texto);
     void entregarLinhas(VistaTexto linhas);
 
@@ -97,7 +109,7 @@ class Rodada {
     std::atomic<bool>& cancelado_;
     Data hoje_;
     std::unique_ptr<RelatorLog> log_;
-    std::optional<VersaoDoArquivo> versao_;
+    std::optional<VersaoDoArquivo> versao_; ///< of the input at its first opening
     Resumo resumo_;
     Progresso progresso_;
 };

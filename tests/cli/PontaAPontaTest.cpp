@@ -54,10 +54,10 @@ class PontaAPonta : public testing::Test {
         const std::string erros = (pasta / "erros").string();
         filho_ = ::fork();
         if (filho_ != 0) return;
-        if (noFilho) noFilho();
         if (saida < 0) saida = ::open(saidaPadrao.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
         ::dup2(saida, STDOUT_FILENO);
         ::dup2(::open(erros.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), STDERR_FILENO);
+        if (noFilho) noFilho();
         ::execv(QUILATADOR_CLI, ponteiros.data());
         ::_exit(99);
     }
@@ -208,6 +208,18 @@ TEST_F(PontaAPonta, saidaFechadaOuCheiaAcabaSemBarulho) {
     }
 }
 
+TEST_F(PontaAPonta, canalFechadoNaoDaLugarAoLog) {
+    const auto entrada = pasta.escrever("remessa.rem", bytesDoTexto(remessa({.falhas = true})));
+    ASSERT_EQ(rodar(entrada).situacao, 1);
+    const std::string inteiro = semTituloNemTempo(lerTudo(log()));
+    static unsigned primeiro; // of the channels that are closed
+    noFilho = [] { ::close_range(primeiro, STDERR_FILENO, 0); };
+    for (primeiro = STDIN_FILENO; primeiro <= STDERR_FILENO; ++primeiro) {
+        EXPECT_EQ(rodar(entrada, {"--json"}).situacao, primeiro == STDERR_FILENO ? 1 : 2);
+        EXPECT_EQ(semTituloNemTempo(lerTudo(log())), inteiro);
+    }
+}
+
 /// Waits for the program to write into a pipe.
 bool chegouAlgo(int cano) {
     struct pollfd espera {
@@ -244,6 +256,34 @@ TEST_F(PontaAPonta, sinalNoMeioDaExecucao) {
         EXPECT_EQ(lido.ends_with(cancelada), vezes == 1);
         EXPECT_EQ(resultado.saida.find("análise cancelada") != std::string::npos, vezes == 1); // else at once
     }
+}
+
+/// The log is such a pipe again, and somebody touches the input while the run waits for it.
+TEST_F(PontaAPonta, entradaMexidaNoMeioDaExecucao) {
+    const auto entrada = pasta / "entrada";
+    const std::function<void(const std::string&)> mexidas[] = {
+        [&](const std::string& bytes) { std::filesystem::rename(pasta.escrever("outra", bytes), entrada); },
+        [&](const std::string& bytes) {
+            const auto quando = std::filesystem::last_write_time(entrada);
+            pasta.escrever("entrada", bytes);
+            std::filesystem::last_write_time(entrada, quando);
+        },
+        [&](const std::string&) { std::filesystem::remove(entrada); }};
+    ::mkfifo(log().c_str(), 0600);
+    for (const Texto& texto : {remessaRuim(20'000), remessa({.tipo = gerador::Tipo::ZUL708, .guias = 20'000}),
+                               remessa({.tipo = gerador::Tipo::TAV001, .registros = 20'000})})
+        for (const auto& mexer : mexidas) {
+            const std::string bytes(bytesDoTexto(texto));
+            pasta.escrever("entrada", bytes);
+            const int leitura = ::open(log().c_str(), O_RDONLY | O_NONBLOCK);
+            iniciar({"--log", log().string(), entrada.string()});
+            ASSERT_TRUE(chegouAlgo(leitura));
+            mexer(bytes);
+            const Texto lido = lerAteOFim(leitura);
+            ::close(leitura);
+            EXPECT_EQ(esperar().situacao, 2);
+            EXPECT_NE(lido.find("O arquivo foi alterado durante a análise!\r\n"_t), Texto::npos);
+        }
 }
 
 } // namespace

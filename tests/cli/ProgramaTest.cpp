@@ -53,6 +53,7 @@ TEST(Programa, linhasDeComando) {
         auto& arquivos = bancada.arquivos.conteudo;
         arquivos["/d/abertura"] = arquivos["/d/liquidacao"].substr(0, arquivos["/d/liquidacao"].find('\n') + 1);
         arquivos["/d/ocorrencia"] = arquivos["/d/impressao.ret"].substr(0, 10 * testes::bytesDaLinha);
+        bancada.arquivos.ligacoes = {{"/d/elo.log", "/d/ruim.rem"}, {"/d/boa.elo", "/d/boa.rem"}};
         const int situacao = bancada.rodar(separar(argumentos));
         std::string logs;
         for (const auto& log : bancada.lancador.textos)
@@ -62,6 +63,7 @@ TEST(Programa, linhasDeComando) {
                   efeito)
             << "$" << argumentos;
         EXPECT_EQ(arquivos["/d/boa.rem"], remessa());
+        EXPECT_EQ(arquivos["/d/ruim.rem"], remessa({.guias = 3, .falhas = true}));
         EXPECT_TRUE(bancada.arquivos.tudoFechado());
     }
 }

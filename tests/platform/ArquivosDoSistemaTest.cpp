@@ -6,7 +6,10 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <map>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 
 namespace quilatador {
@@ -17,6 +20,7 @@ using testes::lerTudo;
 
 constexpr VistaTexto nomeInvalido = "52 Gravacao: Nome de arquivo inválido"_t;
 constexpr VistaTexto naoEncontrado = "53 Gravacao: Arquivo não encontrado"_t;
+constexpr VistaTexto emUso = "55 Gravacao: Arquivo já está aberto"_t;
 constexpr VistaTexto semPermissao = "70 Gravacao: Permissão negada"_t;
 constexpr VistaTexto semAcesso = "75 Gravacao: Erro de acesso ao caminho/arquivo"_t;
 
@@ -74,38 +78,93 @@ TEST_F(ArquivosDoSistemaTest, oQueNaoSePodeLer) {
     EXPECT_EQ(falhaAoLer(arquivo), semPermissao);
 }
 
-TEST_F(ArquivosDoSistemaTest, saidaTomaOLugarDaAnteriorOuDoAlvoDaLigacao) {
+TEST_F(ArquivosDoSistemaTest, saidaReescreveOMesmoArquivo) {
     const fs::path log = pasta_.escrever("a.log", "um log anterior, mais longo");
-    fs::create_hard_link(log, pasta_ / "guardado");
-    fs::create_symlink(log, pasta_ / "ligacao");
-    gravar(log, "novo");
-    EXPECT_EQ(lerTudo(log), "novo");
-    EXPECT_EQ(lerTudo(pasta_ / "guardado"), "um log anterior, mais longo"); // deleted, not cut
-    gravar(pasta_ / "ligacao", "outro");
-    EXPECT_EQ(lerTudo(log), "outro");
+    fs::permissions(log, fs::perms(0640));
+    fs::create_hard_link(log, pasta_ / "outro nome");
+    fs::create_symlink("ligacao2", pasta_ / "ligacao");
+    fs::create_symlink("a.log", pasta_ / "ligacao2");
+    for (const std::string_view novo : {"novo", "mais longo", "n", ""}) {
+        gravar(pasta_ / "ligacao", novo);
+        EXPECT_EQ(lerTudo(log), novo);
+        EXPECT_EQ(lerTudo(pasta_ / "outro nome"), novo);
+    }
     EXPECT_TRUE(fs::is_symlink(pasta_ / "ligacao"));
+    EXPECT_EQ(fs::status(log).permissions(), fs::perms(0640));
     gravar("/dev/null", "nada");
     const auto encher = [&] { return gravar("/dev/full", "nada"), 0; };
     EXPECT_EQ(testes::textoDaFalha(encher), "61 Gravacao: Disco cheio"_t);
 }
 
+TEST_F(ArquivosDoSistemaTest, saidaTemUmSoDono) {
+    const fs::path log = pasta_.escrever("a.log", "anterior");
+    fs::create_hard_link(log, pasta_ / "outro nome");
+    auto primeira = arquivos_.criarSaida(log);
+    primeira->escrever("primeira");
+    EXPECT_EQ(falhaAoCriar(pasta_ / "outro nome"), emUso);
+    EXPECT_EQ(lerTudo(log), "primeira");
+    const auto nulo = arquivos_.criarSaida("/dev/null");
+    EXPECT_EQ(falhaAoCriar("/dev/null"), ""_t); // a device has no owner
+    primeira.reset();
+    EXPECT_EQ(falhaAoCriar(log), ""_t);
+    EXPECT_EQ(lerTudo(log), "");
+}
+
 /// How a run notices that its input is another than at its beginning.
 TEST_F(ArquivosDoSistemaTest, aVersaoMudaComOArquivo) {
+    using namespace std::chrono_literals;
     const fs::path arquivo = pasta_.escrever("a.rem", "12345");
-    const auto versao = [&] { return arquivos_.abrirEntrada(arquivo)->versao(); };
     const auto entrada = arquivos_.abrirEntrada(arquivo);
-    VersaoDoArquivo antes = entrada->versao();
-    EXPECT_EQ(versao(), antes);
-    for (const std::uintmax_t tamanho : {9u, 3u, 0u}) {
-        fs::resize_file(arquivo, tamanho);
-        EXPECT_NE(entrada->versao(), std::exchange(antes, entrada->versao())) << tamanho;
-    }
-    fs::last_write_time(arquivo, fs::file_time_type::clock::now() - std::chrono::nanoseconds(5'000));
-    EXPECT_NE(entrada->versao(), antes);
     const auto quando = fs::last_write_time(arquivo);
-    fs::rename(pasta_.escrever("b.rem", ""), arquivo);
-    fs::last_write_time(arquivo, quando);
-    EXPECT_NE(versao(), entrada->versao());
+    const std::function<void()> mudancas[] = {
+        [&] { fs::resize_file(arquivo, 9); },
+        [&] { fs::last_write_time(arquivo, quando - 5us); },
+        [&] { pasta_.escrever("a.rem", "123456789"), fs::last_write_time(arquivo, quando - 5us); },
+    };
+    for (const auto& mudar : mudancas) {
+        const VersaoDoArquivo antes = entrada->versao();
+        EXPECT_EQ(arquivos_.versao(arquivo), antes);
+        std::this_thread::sleep_for(20ms); // the clock of the file system is a coarse one
+        mudar();
+        EXPECT_NE(entrada->versao(), antes);
+    }
+    fs::rename(pasta_.escrever("b.rem", "123456789"), arquivo);
+    EXPECT_NE(arquivos_.versao(arquivo), entrada->versao());
+    EXPECT_EQ(arquivos_.versao("/dev/null"), arquivos_.abrirEntrada("/dev/null")->versao());
+    fs::remove(arquivo);
+    EXPECT_EQ(arquivos_.versao(arquivo), std::nullopt);
+}
+
+/// How a log is kept from falling on another file.
+TEST_F(ArquivosDoSistemaTest, nomesComOMesmoDestino) {
+    const fs::path arquivo = pasta_.escrever("a.rem", "12345");
+    fs::create_hard_link(arquivo, pasta_ / "outro nome");
+    fs::create_directories(pasta_ / "p/q");
+    fs::create_symlink("p/q", pasta_ / "q");
+    fs::create_symlink("../a.rem", pasta_ / "p/subindo");
+    fs::create_symlink("p/subindo", pasta_ / "ligacao");
+    fs::create_symlink("q/nada", pasta_ / "solta");
+    fs::create_symlink(pasta_ / "solta", pasta_ / "p/absoluta");
+    fs::create_symlink("laco", pasta_ / "laco");
+    const std::vector<std::string> grupos[] = {
+        {"a.rem", "outro nome", "ligacao", "p/subindo", "p/../a.rem", "q/../../a.rem"},
+        {"p/q/nada", "q/nada", "solta", "p/absoluta"},
+        {"b.rem", "p/../b.rem"},
+        {"q/b.rem", "p/q/b.rem"},
+        {"q/x/b.rem", "p/q/x/b.rem"},
+        {"p", "q/.."},
+        {"laco"},
+        {"A.rem"}};
+    std::map<Destino, std::size_t> vistos;
+    for (std::size_t i = 0; i < std::size(grupos); ++i)
+        for (const std::string& nome : grupos[i])
+            EXPECT_EQ(vistos.emplace(arquivos_.destino(pasta_ / nome), i).first->second, i) << nome;
+    EXPECT_EQ(vistos.size(), std::size(grupos));
+    EXPECT_EQ(arquivos_.destino("").falta, "");
+    const fs::path antes = fs::current_path();
+    fs::current_path(pasta_.caminho());
+    EXPECT_EQ(arquivos_.destino("b.rem"), arquivos_.destino(pasta_ / "b.rem"));
+    fs::current_path(antes);
 }
 
 TEST_F(ArquivosDoSistemaTest, oQueNaoSePodeCriar) {
@@ -137,16 +196,12 @@ TEST_F(ArquivosDoSistemaTest, pastaProtegidaSoDeixaReescrever) {
 TEST_F(ArquivosDoSistemaTest, oQueSeSabeDeUmArquivo) {
     const fs::path arquivo = pasta_.escrever("a.rem", "12345");
     fs::create_symlink("a.rem", pasta_ / "ligacao");
-    fs::create_hard_link(arquivo, pasta_ / "outro");
-    pasta_.escrever("b.rem", "12345");
-    for (const char* nome : {"a.rem", "ligacao", "outro", "../"}) {
+    for (const char* nome : {"a.rem", "ligacao", "../"})
         EXPECT_TRUE(arquivos_.existe(pasta_ / nome));
-        EXPECT_EQ(arquivos_.mesmoArquivo(arquivo, pasta_ / nome), nome != std::string("../"));
-    }
     EXPECT_FALSE(arquivos_.existe(pasta_ / "nada"));
+    EXPECT_TRUE(arquivos_.ehPasta(pasta_.caminho()));
+    EXPECT_FALSE(arquivos_.ehPasta(arquivo));
     EXPECT_FALSE(arquivos_.existe(arquivo.native() + std::string("\0b", 2)));
-    EXPECT_FALSE(arquivos_.mesmoArquivo(arquivo, pasta_ / "b.rem"));
-    EXPECT_FALSE(arquivos_.mesmoArquivo(pasta_ / "nada", pasta_ / "nada"));
     EXPECT_EQ(arquivos_.tamanho(pasta_ / "ligacao"), 5u);
     for (const fs::path& semTamanho : {pasta_ / "nada", pasta_.caminho(), fs::path("/dev/zero")})
         EXPECT_EQ(arquivos_.tamanho(semTamanho), 0u) << semTamanho;

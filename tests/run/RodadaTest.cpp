@@ -14,15 +14,13 @@ namespace {
 
 using Operacao = testes::ArquivosEmMemoria::Operacao;
 
-/// Does what a test wants, with a file whose state it tells.
+/// Does what a test wants.
 class AnaliseFalsa final : public Analise {
   public:
     [[nodiscard]] Desfecho analisar() override { return acao(); }
-    [[nodiscard]] std::optional<VersaoDoArquivo> versaoDaEntrada() const noexcept override { return versao; }
     void fecharEntrada() noexcept override { fechada = true; }
 
     std::function<Desfecho()> acao = [] { return Desfecho::Concluida; };
-    VersaoDoArquivo versao;
     bool fechada = false;
 };
 
@@ -96,15 +94,18 @@ TEST(Rodada, cadaFimTemASuaLinhaEOSeuResumo) {
 /// Whatever a run would say of a file that somebody changed meanwhile, it says that.
 TEST(Rodada, arquivoAlteradoNaoTemConclusao) {
     const std::function<void(Bancada&)> fins[] = {
-        [](Bancada& b) { b.rodada.conferirEntrada(b.analise.versao); },
+        [](Bancada& b) { b.rodada.entradaAberta(*b.mundo.arquivos.versao("/e.rem")); },
+        [](Bancada& b) { b.rodada.conferirEntrada(); },
+        [](Bancada& b) { b.mundo.arquivos.conteudo.erase("/e.rem"), b.rodada.conferirEntrada(); },
         [](Bancada&) { throw ParadaEstrutural({}, Achado{}); },
         [](Bancada&) { throw Falha(1, {}, {}); },
     };
     for (const auto& fim : fins) {
         Bancada bancada;
+        Texto& entrada = bancada.mundo.arquivos.conteudo["/e.rem"];
         bancada.analise.acao = [&] {
-            bancada.rodada.conferirEntrada(bancada.analise.versao);
-            bancada.analise.versao.tamanho = 1;
+            bancada.rodada.entradaAberta(*bancada.mundo.arquivos.versao("/e.rem"));
+            entrada = "outro"_t;
             fim(bancada);
             return Desfecho::Concluida;
         };
@@ -117,6 +118,8 @@ TEST(Rodada, semLogSoAMensagem) {
     const std::pair<std::function<void(Bancada&)>, VistaTexto> casos[] = {
         {[](Bancada& b) { b.mundo.arquivos.falhar(Operacao::Criar, 1, testes::discoCheio); },
          "Erro na criacao do arquivo de log: /e.log"_t},
+        {[](Bancada& b) { b.mundo.arquivos.falhar(Operacao::Criar, 1, Falha(numeroDeFalha::arquivoJaAberto, {}, {})); },
+         "O arquivo de log está em uso por outra análise ou por outro programa: /e.log"_t},
         {[](Bancada& b) { b.mundo.arquivos.falhar(Operacao::Fechar, 1, testes::discoCheio); },
          "Erro na gravação do arquivo de log: /e.log (Disco cheio)"_t},
     };
@@ -130,13 +133,32 @@ TEST(Rodada, semLogSoAMensagem) {
     }
 }
 
+/// Each place that the user chooses is checked like the first one.
+TEST(Rodada, logEmOutroLugar) {
+    Bancada bancada;
+    auto& [painel, relogio, localidade, lancador, arquivos, ambiente] = bancada.mundo;
+    arquivos.falhar(Operacao::Criar, 1, testes::discoCheio);
+    arquivos.conteudo["/e.rem"] = Texto("dados"_t);
+    painel.outrosLugares = {{"/e.log", "/e.rem"}, {"/e.rem", "/outro.log"}};
+    EXPECT_EQ(bancada.executar().desfecho, Desfecho::Concluida);
+    ASSERT_EQ(painel.mensagens.size(), 2u);
+    EXPECT_EQ(painel.mensagens[0].texto, "Erro na criacao do arquivo de log: /e.log"_t);
+    EXPECT_EQ(painel.mensagens[1].texto, "O arquivo de log seria o próprio arquivo analisado: /e.rem"_t);
+    EXPECT_EQ(arquivos.conteudo["/e.rem"], "dados"_t);
+    EXPECT_TRUE(arquivos.conteudo["/outro.log"].ends_with("Depuração terminada!\r\n"_t));
+    EXPECT_EQ(bancada.rodada.nomeArquivoLog(), "/outro.log");
+    EXPECT_EQ(lancador.textos, std::vector<std::filesystem::path>{"/outro.log"});
+}
+
 TEST(Rodada, logNuncaCaiSobreOQueNaoSePodePerder) {
     const std::pair<const char*, VistaTexto> casos[] = {
         {"/e.rem", "O arquivo de log seria o próprio arquivo analisado: /e.rem"_t},
         {"/programa/Arquivo_ZUL702.xml",
          "O arquivo de log seria um arquivo do próprio programa: /programa/Arquivo_ZUL702.xml"_t},
         {"/programa/TabelaErrosZUL.mdb",
-         "O arquivo de log seria um arquivo do próprio programa: /programa/TabelaErrosZUL.mdb"_t}};
+         "O arquivo de log seria um arquivo do próprio programa: /programa/TabelaErrosZUL.mdb"_t},
+        {"/programa/Documentos/TAV/Ajuda/Quilatador.htm",
+         "O arquivo de log seria um arquivo do próprio programa: /programa/Documentos/TAV/Ajuda/Quilatador.htm"_t}};
     for (const auto& [nome, texto] : casos) {
         testes::MundoFalso mundo;
         mundo.arquivos.conteudo[nome] = Texto("dados"_t);

@@ -1,5 +1,6 @@
 #include "support/Falsos.h"
 
+#include <algorithm>
 #include <array>
 
 namespace quilatador::testes {
@@ -39,6 +40,13 @@ void PainelFalso::mensagem(const Mensagem& mensagem) {
     mensagens.push_back(mensagem);
 }
 
+std::optional<std::filesystem::path> PainelFalso::outroLugarParaOLog(const Mensagem& recusa,
+                                                                     const std::filesystem::path& recusado) {
+    mensagem(recusa);
+    const auto outro = outrosLugares.find(recusado);
+    return outro == outrosLugares.end() ? std::nullopt : std::optional(outro->second);
+}
+
 void PainelFalso::naLinha(std::int32_t linha, std::function<void()> acao, int fase) {
     quando_ = {fase, linha};
     acao_ = std::move(acao);
@@ -61,9 +69,7 @@ class ArquivosEmMemoria::Entrada final : public ArquivoEntrada {
         return lidos;
     }
     [[nodiscard]] VersaoDoArquivo versao() const noexcept override {
-        const auto agora = dono_.conteudo.find(caminho_);
-        if (agora == dono_.conteudo.end()) return {};
-        return {.arquivo = std::hash<std::string_view>()(bytesDoTexto(agora->second)), .tamanho = agora->second.size()};
+        return dono_.versao(caminho_).value_or(VersaoDoArquivo());
     }
 
   private:
@@ -112,13 +118,25 @@ bool ArquivosEmMemoria::existe(const std::filesystem::path& caminho) const {
     return conteudo.contains(caminho);
 }
 
+bool ArquivosEmMemoria::ehPasta(const std::filesystem::path& caminho) const {
+    return std::ranges::any_of(conteudo,
+                               [&](const auto& arquivo) { return arquivo.first.parent_path() / "" == caminho / ""; });
+}
+
 std::uint64_t ArquivosEmMemoria::tamanho(const std::filesystem::path& caminho) const {
     const auto achado = conteudo.find(caminho);
     return achado == conteudo.end() ? 0 : achado->second.size();
 }
 
-bool ArquivosEmMemoria::mesmoArquivo(const std::filesystem::path& a, const std::filesystem::path& b) const {
-    return existe(a) && a == b;
+std::optional<VersaoDoArquivo> ArquivosEmMemoria::versao(const std::filesystem::path& caminho) const {
+    const auto achado = conteudo.find(caminho);
+    if (achado == conteudo.end()) return std::nullopt;
+    return VersaoDoArquivo{.arquivo = std::hash<std::string_view>()(bytesDoTexto(achado->second))};
+}
+
+Destino ArquivosEmMemoria::destino(const std::filesystem::path& caminho) const {
+    const auto ligacao = ligacoes.find(caminho);
+    return {.falta = ligacao == ligacoes.end() ? caminho : ligacao->second};
 }
 
 std::optional<Data> ArquivosEmMemoria::modificadoEm(const std::filesystem::path& caminho) const {

@@ -51,6 +51,8 @@ class PainelFalso final : public Painel {
     void concluirProgresso(const Progresso& progresso) override;
     void processarEventos() override;
     void mensagem(const Mensagem& mensagem) override;
+    [[nodiscard]] std::optional<std::filesystem::path>
+    outroLugarParaOLog(const Mensagem& recusa, const std::filesystem::path& recusado) override;
     [[nodiscard]] std::optional<double> primeirasGuias() const override { return primeiras; }
 
     /// Calls `acao` when record `linha` (1-based) of phase `fase` (1-based) is shown.
@@ -61,6 +63,8 @@ class PainelFalso final : public Painel {
     std::vector<Texto> chamadas;
     std::vector<Mensagem> mensagens;
     std::optional<double> primeiras; ///< answer of `primeirasGuias`
+    /// Answers of `outroLugarParaOLog`, by the refused place; none for the others.
+    std::map<std::filesystem::path, std::filesystem::path> outrosLugares;
 
   private:
     void anotar(VistaTexto operacao, const Progresso& progresso);
@@ -88,8 +92,10 @@ class ArquivosEmMemoria final : public Arquivos {
     [[nodiscard]] std::unique_ptr<ArquivoEntrada> abrirEntrada(const std::filesystem::path& caminho) override;
     [[nodiscard]] std::unique_ptr<ArquivoSaida> criarSaida(const std::filesystem::path& caminho) override;
     [[nodiscard]] bool existe(const std::filesystem::path& caminho) const override;
+    [[nodiscard]] bool ehPasta(const std::filesystem::path& caminho) const override;
     [[nodiscard]] std::uint64_t tamanho(const std::filesystem::path& caminho) const override;
-    [[nodiscard]] bool mesmoArquivo(const std::filesystem::path& a, const std::filesystem::path& b) const override;
+    [[nodiscard]] std::optional<VersaoDoArquivo> versao(const std::filesystem::path& caminho) const override;
+    [[nodiscard]] Destino destino(const std::filesystem::path& caminho) const override;
     [[nodiscard]] std::optional<Data> modificadoEm(const std::filesystem::path& caminho) const override;
 
     /// The `vez`-th operation of a kind (1-based, over all files) fails with `falha` in place of its effect.
@@ -100,7 +106,8 @@ class ArquivosEmMemoria final : public Arquivos {
     [[nodiscard]] bool tudoFechado() const noexcept { return aberto_.use_count() == 1; }
 
     std::map<std::filesystem::path, Texto> conteudo;
-    std::map<std::filesystem::path, Data> datas; ///< of the last change, where a test needs one
+    std::map<std::filesystem::path, Data> datas;                     ///< of the last change, where a test needs one
+    std::map<std::filesystem::path, std::filesystem::path> ligacoes; ///< other names, with those that they lead to
 
   private:
     class Entrada;

@@ -87,11 +87,11 @@ void frmImportacao::receberArquivo(const std::filesystem::path& arquivo) {
 }
 
 void frmImportacao::abrirAjuda() {
-    ambiente_.lancador.abrirDocumento(ambiente_.pastaDoPrograma / "Documentos" / "TAV" / "Ajuda" / "Quilatador.htm");
+    ambiente_.lancador.abrirDocumento(ambiente_.ajuda());
 }
 
 void frmImportacao::abrirLeiaute() {
-    ambiente_.lancador.abrirDocumento(ambiente_.pastaDoPrograma / "Documentos" / "TAV" / "Layouts" / "layouts.html");
+    ambiente_.lancador.abrirDocumento(ambiente_.documentoDosLeiautes());
 }
 
 } // namespace quilatador
