@@ -29,7 +29,8 @@ std::optional<Texto> AnaliseDeRetorno::preparar() {
     } catch (const Falha& falha) {
         ambiente.painel.mensagem({.texto = Texto("Erro na abertura do arquivo"_t),
                                   .titulo = Texto("Erro!"_t),
-                                  .icone = Mensagem::Icone::Exclamacao});
+                                  .icone = Mensagem::Icone::Exclamacao,
+                                  .assunto = Mensagem::Assunto::FimDaRodada});
         return falha.descricao();
     }
 }

@@ -45,14 +45,10 @@ Resumo Rodada::executar(Analise& analise) {
         else if (criarLog())
             rodar(analise);
     } catch (const FalhaDoLog& falha) {
-        resumo_.desfecho = Desfecho::NaoRodou;
-        resumo_.descricao = falha.descricao();
-        avisar(junta("Erro na gravação do arquivo de log: "_t, textoDoCaminho(nomeArquivoLog_), " ("_t,
-                     falha.descricao(), ")"_t));
+        naoRodar(junta("Erro na gravação do arquivo de log: "_t, textoDoCaminho(nomeArquivoLog_), " ("_t,
+                       falha.descricao(), ")"_t));
     } catch (const std::bad_alloc&) {
-        resumo_.desfecho = Desfecho::NaoRodou;
-        resumo_.descricao = memoriaInsuficiente;
-        avisar(memoriaInsuficiente);
+        naoRodar(memoriaInsuficiente);
     }
     analise.fecharEntrada();
     log_.reset();
@@ -65,7 +61,7 @@ Resumo Rodada::executar(Analise& analise) {
 /// lost.
 bool Rodada::criarLog() {
     const auto recusar = [&](VistaTexto motivo) {
-        avisar(junta(motivo, textoDoCaminho(nomeArquivoLog_)));
+        naoRodar(junta(motivo, textoDoCaminho(nomeArquivoLog_)));
         return false;
     };
     if (ambiente_.arquivos.mesmoArquivo(pedido_.nomeArquivo, nomeArquivoLog_))
@@ -90,6 +86,7 @@ void Rodada::rodar(Analise& analise) {
     if (!dizeres.terminada.empty()) escreverLog(dizeres.terminada);
     analise.fecharEntrada();
     log_->fechar();
+    logGravado_ = true;
     if (pedido_.abrirLog) ambiente_.lancador.abrirTexto(nomeArquivoLog_);
 }
 
@@ -169,10 +166,14 @@ void Rodada::iniciarFase(std::int32_t total) {
     ambiente_.painel.iniciarProgresso({.totalRegistros = total, .inicio = progresso_.inicio});
 }
 
-void Rodada::avisar(VistaTexto texto) {
-    ambiente_.painel.mensagem({.texto = Texto(texto),
+/// Notes why there is no run, or none whose log is complete, and tells the user.
+void Rodada::naoRodar(VistaTexto motivo) {
+    resumo_.desfecho = Desfecho::NaoRodou;
+    resumo_.descricao = motivo;
+    ambiente_.painel.mensagem({.texto = Texto(motivo),
                                .titulo = Texto(dizeresDe(pedido_.tipoArquivo).tituloDoErro),
-                               .icone = Mensagem::Icone::Exclamacao});
+                               .icone = Mensagem::Icone::Exclamacao,
+                               .assunto = Mensagem::Assunto::FimDaRodada});
 }
 
 } // namespace quilatador

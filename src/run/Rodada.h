@@ -72,6 +72,8 @@ class Rodada {
 
     [[nodiscard]] const std::filesystem::path& nomeArquivo() const noexcept { return pedido_.nomeArquivo; }
     [[nodiscard]] const std::filesystem::path& nomeArquivoLog() const noexcept { return nomeArquivoLog_; }
+    /// Whether `executar` has written the whole log.
+    [[nodiscard]] bool logGravado() const noexcept { return logGravado_; }
     [[nodiscard]] Ambiente& ambiente() noexcept { return ambiente_; }
     [[nodiscard]] Painel& painel() noexcept { return ambiente_.painel; }
     /// The date of the run, which stays the same even when the run goes past midnight.
@@ -88,7 +90,7 @@ class Rodada {
     [[nodiscard]] Desfecho percorrer(Analise& analise);
     [[nodiscard]] bool alterada(const std::optional<VersaoDoArquivo>& agora) const noexcept;
     [[nodiscard]] Desfecho naoCompletar(Desfecho desfecho, VistaTexto descricao);
-    void avisar(VistaTexto texto);
+    void naoRodar(VistaTexto motivo);
     void entregarLinhas(VistaTexto linhas);
 
     Ambiente& ambiente_;
@@ -97,6 +99,7 @@ class Rodada {
     std::atomic<bool>& cancelado_;
     Data hoje_;
     std::unique_ptr<RelatorLog> log_;
+    bool logGravado_ = false;
     std::optional<VersaoDoArquivo> versao_;
     Resumo resumo_;
     Progresso progresso_;

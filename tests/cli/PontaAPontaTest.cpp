@@ -184,7 +184,8 @@ TEST_F(PontaAPonta, limiteDeTamanhoNuncaSeCala) {
     };
     const Fim resultado = rodar(entrada);
     EXPECT_EQ(resultado.situacao, 2);
-    EXPECT_EQ(resultado.erros, "Erro na gravação do arquivo de log: " + log().string() + " (Disco cheio)\n");
+    EXPECT_EQ(resultado.erros, entrada.string() + ": não foi possível analisar: Erro na gravação do arquivo de log: " +
+                                   log().string() + " (Disco cheio)\n");
     EXPECT_EQ(lerTudo(log()), inteiro.substr(0, limite)); // nothing of it claims success
 }
 
