@@ -1,5 +1,6 @@
 #include "cli/Programa.h"
 #include "platform/ArquivosDoSistema.h"
+#include "platform/CanaisPadrao.h"
 #include "platform/Interrupcao.h"
 #include "platform/LancadorDoSistema.h"
 #include "platform/LocalidadeDoSistema.h"
@@ -12,6 +13,7 @@
 
 int main(int argc, char** argv) {
     using namespace quilatador;
+    ocuparCanaisFechados();
     try {
         std::ios::sync_with_stdio(false);
         const Interrupcao interrupcao;

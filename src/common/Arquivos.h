@@ -50,7 +50,8 @@ class Arquivos {
     /// Opens a file for reading. Raises `Falha` 53 when it does not exist, 70 when the user may not read it, 75 when it
     /// is a folder and 52 when the name is impossible for a file.
     [[nodiscard]] virtual std::unique_ptr<ArquivoEntrada> abrirEntrada(const std::filesystem::path& caminho) = 0;
-    /// Creates a file for writing and replaces an existing one. Raises the same failures, and 61 when the disk is full.
+    /// Creates a file for writing, or empties an existing one. Raises the same failures, 55 when somebody else is
+    /// writing to it (it then stays as it is), and 61 when the disk is full.
     [[nodiscard]] virtual std::unique_ptr<ArquivoSaida> criarSaida(const std::filesystem::path& caminho) = 0;
     /// Whether a file or folder with this name exists.
     [[nodiscard]] virtual bool existe(const std::filesystem::path& caminho) const = 0;

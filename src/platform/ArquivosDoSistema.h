@@ -15,8 +15,9 @@ class ArquivosDoSistema final : public Arquivos {
     ArquivosDoSistema();
 
     [[nodiscard]] std::unique_ptr<ArquivoEntrada> abrirEntrada(const std::filesystem::path& caminho) override;
-    /// Writes through a link or a device of this name. The content of an existing regular file is lost: the file is
-    /// truncated, or deleted first if that is faster on this system. A write-protected file stays as it is: `Falha` 70.
+    /// Writes through a link or a device of this name. An existing regular file keeps its permissions, owner and links,
+    /// and loses its content only when this object alone may write to it (`Falha` 55 if another one still does). A
+    /// write-protected file stays as it is: `Falha` 70.
     [[nodiscard]] std::unique_ptr<ArquivoSaida> criarSaida(const std::filesystem::path& caminho) override;
     [[nodiscard]] bool existe(const std::filesystem::path& caminho) const override;
     [[nodiscard]] std::uint64_t tamanho(const std::filesystem::path& caminho) const override;

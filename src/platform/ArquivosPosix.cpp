@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -87,36 +88,72 @@ class EntradaPosix final : public ArquivoEntrada {
     Descritor descritor_;
 };
 
+/// Opens a file that is to be overwritten. It is created only if there is none, because some systems refuse to create
+/// what already is there and belongs to somebody else.
+Descritor abrirParaGravar(const std::filesystem::path& caminho) {
+    try {
+        return {caminho, O_WRONLY};
+    } catch (const Falha& falha) {
+        if (falha.numero() != numeroDeFalha::arquivoNaoEncontrado) throw;
+    }
+    return {caminho, O_WRONLY | O_CREAT};
+}
+
 class SaidaPosix final : public ArquivoSaida {
   public:
-    explicit SaidaPosix(Descritor descritor) : descritor_(std::move(descritor)) {}
+    /// A regular file is locked before its old content is lost, so that two runs never write the same one.
+    explicit SaidaPosix(Descritor descritor) : descritor_(std::move(descritor)) {
+        const struct stat situacao = descritor_.situacao();
+        ::fcntl(descritor_.numero(), F_SETFL, 0); // opening must not wait, but writing to a full pipe must
+        if (!S_ISREG(situacao.st_mode)) return;
+        trancar();
+        if (situacao.st_size > bytesDaSobra) cortar(bytesDaSobra);
+        sobra_ = situacao.st_size > 0;
+    }
+    SaidaPosix(const SaidaPosix&) = delete;
+    SaidaPosix& operator=(const SaidaPosix&) = delete;
+    ~SaidaPosix() override {
+        if (sobra_) static_cast<void>(::ftruncate(descritor_.numero(), 0) == 0);
+    }
 
     void escrever(std::string_view bytes) override {
         while (!bytes.empty()) {
             const auto quantos =
                 semInterrupcao([&] { return ::write(descritor_.numero(), bytes.data(), bytes.size()); });
             if (quantos < 0) throw falhaDeTransferencia(errno);
+            if (quantos > 0) sobra_ = false;
             bytes.remove_prefix(static_cast<std::size_t>(quantos));
         }
     }
 
-    void fechar() override { descritor_.fechar(); }
+    void fechar() override {
+        if (std::exchange(sobra_, false)) cortar(0);
+        descritor_.fechar();
+    }
 
   private:
+    /// What stays of the old content until the first write replaces it. A file that is cut to nothing would be written
+    /// to the disk before it is closed, since file systems take it for one that is being replaced; for a huge log that
+    /// takes longer than the analysis.
+    static constexpr off_t bytesDaSobra = 1;
+
+    /// A file system without locks keeps nobody apart, and is not refused for that.
+    void trancar() const {
+        const bool livre = semInterrupcao([&] { return ::flock(descritor_.numero(), LOCK_EX | LOCK_NB); }) == 0;
+        if (!livre && errno == EWOULDBLOCK) throw falhaDeArquivo(errno);
+    }
+    void cortar(off_t bytes) const {
+        if (semInterrupcao([&] { return ::ftruncate(descritor_.numero(), bytes); }) != 0)
+            throw falhaDeTransferencia(errno);
+    }
+
     Descritor descritor_;
+    bool sobra_ = false; ///< whether `bytesDaSobra` still stand there
 };
 
 bool ehNulo(const struct stat& situacao) noexcept {
     struct stat nulo {};
     return S_ISCHR(situacao.st_mode) && ::stat("/dev/null", &nulo) == 0 && situacao.st_rdev == nulo.st_rdev;
-}
-
-/// Deletes an old log, because truncating a huge one takes longer. A log that the user has write-protected stays, and
-/// opening it fails as it should.
-void apagarAntigo(const std::filesystem::path& caminho) noexcept {
-    struct stat situacao {};
-    if (::lstat(caminho.c_str(), &situacao) != 0 || !S_ISREG(situacao.st_mode)) return;
-    if (::faccessat(AT_FDCWD, caminho.c_str(), W_OK, AT_EACCESS) == 0) ::unlink(caminho.c_str());
 }
 
 } // namespace
@@ -135,10 +172,7 @@ std::unique_ptr<ArquivoEntrada> ArquivosDoSistema::abrirEntrada(const std::files
 }
 
 std::unique_ptr<ArquivoSaida> ArquivosDoSistema::criarSaida(const std::filesystem::path& caminho) {
-    if (nomePossivel(caminho)) apagarAntigo(caminho);
-    Descritor descritor(caminho, O_WRONLY | O_CREAT | O_TRUNC);
-    ::fcntl(descritor.numero(), F_SETFL, 0); // opening must not wait, but writing to a full pipe must
-    return std::make_unique<SaidaPosix>(std::move(descritor));
+    return std::make_unique<SaidaPosix>(abrirParaGravar(caminho));
 }
 
 std::optional<Data> ArquivosDoSistema::modificadoEm(const std::filesystem::path& caminho) const {

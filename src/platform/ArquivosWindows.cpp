@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cwchar>
 #include <io.h>
+#include <share.h>
 #include <sys/stat.h>
 #include <sys/types.h>
 #include <utility>
@@ -21,11 +22,13 @@ struct Fechador {
 };
 using Canal = std::unique_ptr<std::FILE, Fechador>;
 
-Canal abrir(const std::filesystem::path& caminho, const wchar_t* modo) {
+/// Opens a file, with what other programs may do with it meanwhile (one of `_SH_...`).
+Canal abrir(const std::filesystem::path& caminho, const wchar_t* modo, int partilha) {
     if (!nomePossivel(caminho)) throw falhaDeArquivo(EINVAL);
     std::error_code erro;
     if (std::filesystem::is_directory(caminho, erro)) throw falhaDeArquivo(EISDIR);
-    Canal canal(_wfopen(caminho.c_str(), modo));
+    Canal canal(_wfsopen(caminho.c_str(), modo, partilha));
+    if (!canal && partilha == _SH_DENYWR && GetLastError() == ERROR_SHARING_VIOLATION) throw falhaDeArquivo(EBUSY);
     if (!canal) throw falhaDeArquivo(errno);
     std::setvbuf(canal.get(), nullptr, _IONBF, 0);
     return canal;
@@ -90,13 +93,13 @@ class SaidaWindows final : public ArquivoSaida {
 ArquivosDoSistema::ArquivosDoSistema() = default; // Windows does not end a process for a failed write
 
 std::unique_ptr<ArquivoEntrada> ArquivosDoSistema::abrirEntrada(const std::filesystem::path& caminho) {
-    Canal canal = abrir(caminho, L"rbN");
+    Canal canal = abrir(caminho, L"rbN", _SH_DENYNO);
     if (!temFim(canal, caminho)) throw falhaDeArquivo(EISDIR);
     return std::make_unique<EntradaWindows>(std::move(canal));
 }
 
 std::unique_ptr<ArquivoSaida> ArquivosDoSistema::criarSaida(const std::filesystem::path& caminho) {
-    return std::make_unique<SaidaWindows>(abrir(caminho, L"wbN"));
+    return std::make_unique<SaidaWindows>(abrir(caminho, L"wbN", _SH_DENYWR));
 }
 
 std::optional<Data> ArquivosDoSistema::modificadoEm(const std::filesystem::path& caminho) const {

@@ -54,10 +54,10 @@ class PontaAPonta : public testing::Test {
         const std::string erros = (pasta / "erros").string();
         filho_ = ::fork();
         if (filho_ != 0) return;
-        if (noFilho) noFilho();
         if (saida < 0) saida = ::open(saidaPadrao.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
         ::dup2(saida, STDOUT_FILENO);
         ::dup2(::open(erros.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), STDERR_FILENO);
+        if (noFilho) noFilho();
         ::execv(QUILATADOR_CLI, ponteiros.data());
         ::_exit(99);
     }
@@ -206,6 +206,18 @@ TEST_F(PontaAPonta, saidaFechadaOuCheiaAcabaSemBarulho) {
             EXPECT_EQ(lerTexto(log()).ends_with(fim), opcao[2] != 'a' && opcao[2] != 'v') << opcao;
         }
         ::close(saida);
+    }
+}
+
+TEST_F(PontaAPonta, canalFechadoNaoDaLugarAoLog) {
+    const auto entrada = pasta.escrever("remessa.rem", bytesDoTexto(remessa({.falhas = true})));
+    ASSERT_EQ(rodar(entrada).situacao, 1);
+    const std::string inteiro = semTituloNemTempo(lerTudo(log()));
+    static unsigned primeiro; // of the channels that are closed
+    noFilho = [] { ::close_range(primeiro, STDERR_FILENO, 0); };
+    for (primeiro = STDIN_FILENO; primeiro <= STDERR_FILENO; ++primeiro) {
+        EXPECT_EQ(rodar(entrada, {"--json"}).situacao, primeiro == STDERR_FILENO ? 1 : 2);
+        EXPECT_EQ(semTituloNemTempo(lerTudo(log())), inteiro);
     }
 }
 

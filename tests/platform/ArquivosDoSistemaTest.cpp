@@ -17,6 +17,7 @@ using testes::lerTudo;
 
 constexpr VistaTexto nomeInvalido = "52 Gravacao: Nome de arquivo inválido"_t;
 constexpr VistaTexto naoEncontrado = "53 Gravacao: Arquivo não encontrado"_t;
+constexpr VistaTexto emUso = "55 Gravacao: Arquivo já está aberto"_t;
 constexpr VistaTexto semPermissao = "70 Gravacao: Permissão negada"_t;
 constexpr VistaTexto semAcesso = "75 Gravacao: Erro de acesso ao caminho/arquivo"_t;
 
@@ -74,19 +75,36 @@ TEST_F(ArquivosDoSistemaTest, oQueNaoSePodeLer) {
     EXPECT_EQ(falhaAoLer(arquivo), semPermissao);
 }
 
-TEST_F(ArquivosDoSistemaTest, saidaTomaOLugarDaAnteriorOuDoAlvoDaLigacao) {
+TEST_F(ArquivosDoSistemaTest, saidaReescreveOMesmoArquivo) {
     const fs::path log = pasta_.escrever("a.log", "um log anterior, mais longo");
-    fs::create_hard_link(log, pasta_ / "guardado");
-    fs::create_symlink(log, pasta_ / "ligacao");
-    gravar(log, "novo");
-    EXPECT_EQ(lerTudo(log), "novo");
-    EXPECT_EQ(lerTudo(pasta_ / "guardado"), "um log anterior, mais longo"); // deleted, not cut
-    gravar(pasta_ / "ligacao", "outro");
-    EXPECT_EQ(lerTudo(log), "outro");
+    fs::permissions(log, fs::perms(0640));
+    fs::create_hard_link(log, pasta_ / "outro nome");
+    fs::create_symlink("ligacao2", pasta_ / "ligacao");
+    fs::create_symlink("a.log", pasta_ / "ligacao2");
+    for (const std::string_view novo : {"novo", "mais longo", "n", ""}) {
+        gravar(pasta_ / "ligacao", novo);
+        EXPECT_EQ(lerTudo(log), novo);
+        EXPECT_EQ(lerTudo(pasta_ / "outro nome"), novo);
+    }
     EXPECT_TRUE(fs::is_symlink(pasta_ / "ligacao"));
+    EXPECT_EQ(fs::status(log).permissions(), fs::perms(0640));
     gravar("/dev/null", "nada");
     const auto encher = [&] { return gravar("/dev/full", "nada"), 0; };
     EXPECT_EQ(testes::textoDaFalha(encher), "61 Gravacao: Disco cheio"_t);
+}
+
+TEST_F(ArquivosDoSistemaTest, saidaTemUmSoDono) {
+    const fs::path log = pasta_.escrever("a.log", "anterior");
+    fs::create_hard_link(log, pasta_ / "outro nome");
+    auto primeira = arquivos_.criarSaida(log);
+    primeira->escrever("primeira");
+    EXPECT_EQ(falhaAoCriar(pasta_ / "outro nome"), emUso);
+    EXPECT_EQ(lerTudo(log), "primeira");
+    const auto nulo = arquivos_.criarSaida("/dev/null");
+    EXPECT_EQ(falhaAoCriar("/dev/null"), ""_t); // a device has no owner
+    primeira.reset();
+    EXPECT_EQ(falhaAoCriar(log), ""_t);
+    EXPECT_EQ(lerTudo(log), "");
 }
 
 /// How a run notices that its input is another than at its beginning.

@@ -2,6 +2,7 @@
 #include "frontend/window/qt/Conversoes.h"
 #include "frontend/window/qt/DialogosQt.h"
 #include "platform/ArquivosDoSistema.h"
+#include "platform/CanaisPadrao.h"
 #include "platform/Interrupcao.h"
 #include "platform/LancadorDoSistema.h"
 #include "platform/LocalidadeDoSistema.h"
@@ -18,6 +19,7 @@
 
 int main(int argc, char** argv) {
     using namespace quilatador;
+    ocuparCanaisFechados();
     QApplication programa(argc, argv);
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/logo.svg")));
     QGuiApplication::setDesktopFileName(QStringLiteral("org.quilatador.Quilatador"));
