@@ -45,6 +45,7 @@ Desfecho AnaliseDeRetorno::analisar() {
     rodada_.conferirEntrada(versaoDaEntrada());
     while (!rodada_.cancelada()) {
         const auto linha = leitor_->proxima();
+        if (rodada_.cancelada()) break; // it may have been asked in the middle of a line without end
         if (!linha) {
             rodada_.conferirEntrada(versaoDaEntrada());
             escreverTotais();

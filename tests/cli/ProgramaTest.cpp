@@ -82,6 +82,23 @@ TEST(Programa, interrompidaParaComOLogEmOrdem) {
     }
 }
 
+TEST(Programa, linhaSemFimNaoPrendeQuemDesiste) {
+    Bancada bancada;
+    auto& arquivos = bancada.arquivos.conteudo;
+    for (const char* nome : {"/d/boa.rem", "/d/impressao.ret", "/d/liquidacao"})
+        arquivos[nome].insert(240, Texto(3'000'000, 'x'));
+    EXPECT_EQ(bancada.rodar({"/d/boa.rem"}), 1); // says what is wrong, and reads no further
+    EXPECT_LE(bancada.arquivos.vezes(testes::ArquivosEmMemoria::Operacao::Ler), 8); // it has more blocks
+    for (const char* nome : {"/d/impressao.ret", "/d/liquidacao"}) {
+        int perguntas = 0;
+        bancada.interrompido = [&] { return ++perguntas > 9; }; // past the first line
+        EXPECT_EQ(bancada.rodar({"--json", "--log", "/log", nome}), 130);
+        EXPECT_TRUE(arquivos["/log"].ends_with("\r\nTRATAMENTO CANCELADO!!!\r\n"_t)) << arquivos["/log"];
+        EXPECT_NE(bancada.saida.str().find(R"("desfecho":"cancelada","situacao":130)"), std::string::npos);
+        bancada.saida.str("");
+    }
+}
+
 TEST(Programa, progressoNoTerminalNoMaximoDezVezesPorSegundo) {
     const auto progressoDe = [](std::vector<std::string> argumentos) {
         Bancada bancada;
