@@ -59,7 +59,10 @@ class ArquivosDaMedida final : public Arquivos {
     std::uint64_t tamanho(const std::filesystem::path& caminho) const override {
         return caminho == "entrada" ? entrada_.size() : disco_.tamanho(caminho);
     }
-    bool mesmoArquivo(const std::filesystem::path&, const std::filesystem::path&) const override { return false; }
+    std::optional<VersaoDoArquivo> versao(const std::filesystem::path& caminho) const override {
+        return caminho == "entrada" ? VersaoDoArquivo() : disco_.versao(caminho);
+    }
+    Destino destino(const std::filesystem::path& caminho) const override { return {.falta = caminho}; }
     std::optional<Data> modificadoEm(const std::filesystem::path&) const override { return std::nullopt; }
 
   private:

@@ -12,12 +12,25 @@
 namespace quilatador {
 
 /// Identifies one state of a file. Two versions are equal as long as nobody changes or replaces the file between them.
+/// What is no regular file, as a folder or a device, has an identity only.
 struct VersaoDoArquivo {
-    std::uint64_t arquivo = 0;   ///< identity of the file, which stays when it is renamed
+    std::uint64_t volume = 0;    ///< with `arquivo` the identity of the file, which stays when it is renamed
+    std::uint64_t arquivo = 0;   ///< see `volume`
     std::uint64_t tamanho = 0;   ///< size in bytes
-    std::int64_t modificado = 0; ///< time of the last change, in the finest unit that the system offers
+    std::int64_t modificado = 0; ///< time of the last writing, in the finest unit that the system offers
+    std::int64_t alterado = 0;   ///< time of the last change of any kind, which no program can put back
 
     bool operator==(const VersaoDoArquivo&) const = default;
+};
+
+/// Where a name leads when all links are followed, whether or not there is a file. Two names with equal destinations
+/// are the same file, or will be as soon as one of them is created.
+struct Destino {
+    std::uint64_t volume = 0;    ///< with `arquivo` the identity of the file, or of the innermost folder that exists
+    std::uint64_t arquivo = 0;   ///< see `volume`
+    std::filesystem::path falta; ///< what does not exist yet below that folder; empty if the file exists
+
+    auto operator<=>(const Destino&) const = default;
 };
 
 /// A file that is open for reading, from its start to its end. The destructor closes it.
@@ -57,8 +70,11 @@ class Arquivos {
     [[nodiscard]] virtual bool existe(const std::filesystem::path& caminho) const = 0;
     /// Size in bytes; 0 when the file does not exist or has no length, as a device.
     [[nodiscard]] virtual std::uint64_t tamanho(const std::filesystem::path& caminho) const = 0;
-    /// Whether both names lead to the same existing file. Links are followed.
-    [[nodiscard]] virtual bool mesmoArquivo(const std::filesystem::path& a, const std::filesystem::path& b) const = 0;
+    /// The state of the file that the name leads to at this moment; nothing if there is none. It equals that of an open
+    /// file as long as the name leads to it.
+    [[nodiscard]] virtual std::optional<VersaoDoArquivo> versao(const std::filesystem::path& caminho) const = 0;
+    /// Where the name leads. Never fails; an impossible name leads to itself.
+    [[nodiscard]] virtual Destino destino(const std::filesystem::path& caminho) const = 0;
     /// The day of the last change in local time, or nothing when the file does not exist.
     [[nodiscard]] virtual std::optional<Data> modificadoEm(const std::filesystem::path& caminho) const = 0;
 };

@@ -4,6 +4,19 @@
 
 namespace quilatador {
 
+namespace {
+
+/// More links than any system follows, so that a ring of links comes to an end.
+constexpr int maisLigacoes = 64;
+
+/// The folder that a name stands in; for a root, the root itself.
+std::filesystem::path pastaDe(const std::filesystem::path& caminho) {
+    const std::filesystem::path pasta = caminho.parent_path();
+    return pasta.empty() ? std::filesystem::path(".") : pasta;
+}
+
+} // namespace
+
 bool ArquivosDoSistema::existe(const std::filesystem::path& caminho) const {
     std::error_code erro;
     return nomePossivel(caminho) && std::filesystem::exists(caminho, erro);
@@ -16,9 +29,27 @@ std::uint64_t ArquivosDoSistema::tamanho(const std::filesystem::path& caminho) c
     return erro ? 0 : bytes;
 }
 
-bool ArquivosDoSistema::mesmoArquivo(const std::filesystem::path& a, const std::filesystem::path& b) const {
-    std::error_code erro;
-    return nomePossivel(a) && nomePossivel(b) && std::filesystem::equivalent(a, b, erro) && !erro;
+/// Follows a name as the system does when it creates a file: through links that lead to nothing, too.
+Destino ArquivosDoSistema::destino(const std::filesystem::path& caminho) const {
+    if (!nomePossivel(caminho)) return {.falta = caminho};
+    std::filesystem::path alvo = caminho;
+    std::filesystem::path falta;
+    for (int ligacoes = 0; ligacoes <= maisLigacoes;) {
+        if (const auto achado = versao(alvo)) return {achado->volume, achado->arquivo, comparavel(falta)};
+        const std::filesystem::path pasta = pastaDe(alvo);
+        std::error_code semLigacao;
+        const std::filesystem::path ligada = std::filesystem::read_symlink(alvo, semLigacao);
+        if (!semLigacao) {
+            alvo = pasta / ligada;
+            ++ligacoes;
+        } else if (pasta != alvo) {
+            falta = falta.empty() ? alvo.filename() : alvo.filename() / falta;
+            alvo = pasta;
+        } else {
+            break;
+        }
+    }
+    return {.falta = comparavel(caminho)};
 }
 
 } // namespace quilatador

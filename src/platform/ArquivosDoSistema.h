@@ -21,8 +21,13 @@ class ArquivosDoSistema final : public Arquivos {
     [[nodiscard]] std::unique_ptr<ArquivoSaida> criarSaida(const std::filesystem::path& caminho) override;
     [[nodiscard]] bool existe(const std::filesystem::path& caminho) const override;
     [[nodiscard]] std::uint64_t tamanho(const std::filesystem::path& caminho) const override;
-    [[nodiscard]] bool mesmoArquivo(const std::filesystem::path& a, const std::filesystem::path& b) const override;
+    [[nodiscard]] std::optional<VersaoDoArquivo> versao(const std::filesystem::path& caminho) const override;
+    [[nodiscard]] Destino destino(const std::filesystem::path& caminho) const override;
     [[nodiscard]] std::optional<Data> modificadoEm(const std::filesystem::path& caminho) const override;
+
+  private:
+    /// The name as this system compares it with another.
+    [[nodiscard]] static std::filesystem::path comparavel(const std::filesystem::path& nome);
 };
 
 } // namespace quilatador

@@ -58,6 +58,19 @@ class Descritor {
     int numero_ = -1;
 };
 
+VersaoDoArquivo versaoDe(const struct stat& situacao) noexcept {
+    const auto emNanossegundos = [](const timespec& instante) {
+        constexpr std::int64_t nanossegundos = 1'000'000'000;
+        return instante.tv_sec * nanossegundos + instante.tv_nsec;
+    };
+    VersaoDoArquivo versao{.volume = situacao.st_dev, .arquivo = situacao.st_ino};
+    if (!S_ISREG(situacao.st_mode)) return versao;
+    versao.tamanho = static_cast<std::uint64_t>(situacao.st_size);
+    versao.modificado = emNanossegundos(situacao.st_mtim);
+    versao.alterado = emNanossegundos(situacao.st_ctim);
+    return versao;
+}
+
 class EntradaPosix final : public ArquivoEntrada {
   public:
     explicit EntradaPosix(Descritor descritor) : descritor_(std::move(descritor)) {}
@@ -77,11 +90,7 @@ class EntradaPosix final : public ArquivoEntrada {
 
     [[nodiscard]] VersaoDoArquivo versao() const noexcept override {
         struct stat situacao {};
-        if (::fstat(descritor_.numero(), &situacao) != 0 || !S_ISREG(situacao.st_mode)) return {};
-        constexpr std::int64_t nanossegundos = 1'000'000'000;
-        return {.arquivo = situacao.st_ino,
-                .tamanho = static_cast<std::uint64_t>(situacao.st_size),
-                .modificado = situacao.st_mtim.tv_sec * nanossegundos + situacao.st_mtim.tv_nsec};
+        return ::fstat(descritor_.numero(), &situacao) == 0 ? versaoDe(situacao) : VersaoDoArquivo();
     }
 
   private:
@@ -173,6 +182,16 @@ std::unique_ptr<ArquivoEntrada> ArquivosDoSistema::abrirEntrada(const std::files
 
 std::unique_ptr<ArquivoSaida> ArquivosDoSistema::criarSaida(const std::filesystem::path& caminho) {
     return std::make_unique<SaidaPosix>(abrirParaGravar(caminho));
+}
+
+std::optional<VersaoDoArquivo> ArquivosDoSistema::versao(const std::filesystem::path& caminho) const {
+    struct stat situacao {};
+    if (!nomePossivel(caminho) || ::stat(caminho.c_str(), &situacao) != 0) return std::nullopt;
+    return versaoDe(situacao);
+}
+
+std::filesystem::path ArquivosDoSistema::comparavel(const std::filesystem::path& nome) {
+    return nome;
 }
 
 std::optional<Data> ArquivosDoSistema::modificadoEm(const std::filesystem::path& caminho) const {

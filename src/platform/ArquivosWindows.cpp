@@ -49,6 +49,21 @@ std::uint64_t juntarMetades(DWORD alta, DWORD baixa) noexcept {
     return std::uint64_t{alta} << 32 | baixa;
 }
 
+VersaoDoArquivo versaoDe(HANDLE arquivo) noexcept {
+    BY_HANDLE_FILE_INFORMATION dados{};
+    if (!GetFileInformationByHandle(arquivo, &dados)) return {};
+    VersaoDoArquivo versao{.volume = dados.dwVolumeSerialNumber,
+                           .arquivo = juntarMetades(dados.nFileIndexHigh, dados.nFileIndexLow)};
+    FILE_BASIC_INFO tempos{};
+    if ((dados.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ||
+        !GetFileInformationByHandleEx(arquivo, FileBasicInfo, &tempos, sizeof tempos))
+        return versao;
+    versao.tamanho = juntarMetades(dados.nFileSizeHigh, dados.nFileSizeLow);
+    versao.modificado = tempos.LastWriteTime.QuadPart;
+    versao.alterado = tempos.ChangeTime.QuadPart;
+    return versao;
+}
+
 class EntradaWindows final : public ArquivoEntrada {
   public:
     explicit EntradaWindows(Canal canal) : canal_(std::move(canal)) {}
@@ -59,14 +74,7 @@ class EntradaWindows final : public ArquivoEntrada {
         return lidos;
     }
 
-    [[nodiscard]] VersaoDoArquivo versao() const noexcept override {
-        BY_HANDLE_FILE_INFORMATION dados{};
-        if (!GetFileInformationByHandle(identificador(canal_), &dados)) return {};
-        return {.arquivo = juntarMetades(dados.nFileIndexHigh, dados.nFileIndexLow),
-                .tamanho = juntarMetades(dados.nFileSizeHigh, dados.nFileSizeLow),
-                .modificado = static_cast<std::int64_t>(
-                    juntarMetades(dados.ftLastWriteTime.dwHighDateTime, dados.ftLastWriteTime.dwLowDateTime))};
-    }
+    [[nodiscard]] VersaoDoArquivo versao() const noexcept override { return versaoDe(identificador(canal_)); }
 
   private:
     Canal canal_;
@@ -100,6 +108,25 @@ std::unique_ptr<ArquivoEntrada> ArquivosDoSistema::abrirEntrada(const std::files
 
 std::unique_ptr<ArquivoSaida> ArquivosDoSistema::criarSaida(const std::filesystem::path& caminho) {
     return std::make_unique<SaidaWindows>(abrir(caminho, L"wbN", _SH_DENYWR));
+}
+
+std::optional<VersaoDoArquivo> ArquivosDoSistema::versao(const std::filesystem::path& caminho) const {
+    if (!nomePossivel(caminho)) return std::nullopt;
+    constexpr DWORD soAsPropriedades = 0;
+    constexpr DWORD comQualquerOutro = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    constexpr DWORD tambemPastas = FILE_FLAG_BACKUP_SEMANTICS;
+    const HANDLE arquivo =
+        CreateFileW(caminho.c_str(), soAsPropriedades, comQualquerOutro, nullptr, OPEN_EXISTING, tambemPastas, nullptr);
+    if (arquivo == INVALID_HANDLE_VALUE) return std::nullopt;
+    const VersaoDoArquivo versao = versaoDe(arquivo);
+    CloseHandle(arquivo);
+    return versao;
+}
+
+std::filesystem::path ArquivosDoSistema::comparavel(const std::filesystem::path& nome) {
+    std::wstring minusculas = nome.native();
+    CharLowerBuffW(minusculas.data(), static_cast<DWORD>(minusculas.size()));
+    return minusculas;
 }
 
 std::optional<Data> ArquivosDoSistema::modificadoEm(const std::filesystem::path& caminho) const {

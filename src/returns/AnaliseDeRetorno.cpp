@@ -25,6 +25,7 @@ std::optional<Texto> AnaliseDeRetorno::preparar() {
     Ambiente& ambiente = rodada_.ambiente();
     try {
         leitor_.emplace(ambiente.arquivos.abrirEntrada(rodada_.nomeArquivo()), rodada_.desistencia());
+        rodada_.entradaAberta(leitor_->versao());
         return std::nullopt;
     } catch (const Falha& falha) {
         ambiente.painel.mensagem({.texto = Texto("Erro na abertura do arquivo"_t),
@@ -35,19 +36,15 @@ std::optional<Texto> AnaliseDeRetorno::preparar() {
     }
 }
 
-std::optional<VersaoDoArquivo> AnaliseDeRetorno::versaoDaEntrada() const noexcept {
-    return leitor_ ? std::optional(leitor_->versao()) : std::nullopt;
-}
-
 Desfecho AnaliseDeRetorno::analisar() {
     Progresso& progresso = rodada_.progresso();
     rodada_.iniciarFase(registrosEstimados(rodada_.ambiente().arquivos.tamanho(rodada_.nomeArquivo())));
-    rodada_.conferirEntrada(versaoDaEntrada());
+    rodada_.conferirEntrada();
     while (!rodada_.cancelada()) {
         const auto linha = leitor_->proxima();
         if (rodada_.cancelada()) break; // it may have been asked in the middle of a line without end
         if (!linha) {
-            rodada_.conferirEntrada(versaoDaEntrada());
+            rodada_.conferirEntrada();
             escreverTotais();
             progresso.registroAtual = progresso.totalRegistros;
             return Desfecho::Concluida;
@@ -63,6 +60,7 @@ Desfecho AnaliseDeRetorno::analisar() {
 
 /// The log of a file of another type ends like that of a cancelled run.
 Desfecho AnaliseDeRetorno::recusar(const Achado& achado) {
+    rodada_.conferirEntrada();
     rodada_.escreverErro(achado);
     rodada_.resumo().descricao = achado.mensagem;
     rodada_.escreverCancelamento();

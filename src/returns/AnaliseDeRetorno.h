@@ -22,7 +22,6 @@ class AnaliseDeRetorno : public Analise {
 
     [[nodiscard]] std::optional<Texto> preparar() final;
     [[nodiscard]] Desfecho analisar() final;
-    [[nodiscard]] std::optional<VersaoDoArquivo> versaoDaEntrada() const noexcept final;
     void fecharEntrada() noexcept final { leitor_.reset(); }
 
   protected:

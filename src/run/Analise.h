@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/Arquivos.h"
+#include "common/Texto.h"
 #include "run/Relator.h"
 
 #include <optional>
@@ -19,10 +19,9 @@ class Analise {
     /// Called before the log is created. When the analysis is impossible, it tells the user and returns the reason;
     /// otherwise it returns nothing.
     [[nodiscard]] virtual std::optional<Texto> preparar() { return std::nullopt; }
-    /// Reads the file and writes lines and findings through the `Rodada`. The log already has its title.
+    /// Reads the file and writes lines and findings through the `Rodada`, and tells it of each opening of the file. The
+    /// log already has its title.
     [[nodiscard]] virtual Desfecho analisar() = 0;
-    /// The state of the file that is open now, or nothing when none is open.
-    [[nodiscard]] virtual std::optional<VersaoDoArquivo> versaoDaEntrada() const noexcept = 0;
     /// Closes the file. It is called at least once, whatever happened before.
     virtual void fecharEntrada() noexcept = 0;
 };

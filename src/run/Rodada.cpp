@@ -25,6 +25,10 @@ const Dizeres& dizeresDe(TipoArquivo tipo) {
     return tipo == TipoArquivo::ZUL702 ? dizeresDaRemessa : dizeresDoRetorno;
 }
 
+Falha falhaDeAlteracao() {
+    return {numeroDeFalha::arquivoAlterado, "Rodada"_t, arquivoAlterado};
+}
+
 } // namespace
 
 Rodada::Rodada(Ambiente& ambiente, PedidoDeRodada pedido, std::atomic<bool>& cancelado)
@@ -87,11 +91,12 @@ std::optional<Texto> Rodada::tentarCriarLog() {
 /// Why the log must not even be tried at its place, where it would overwrite a file that must not be lost; "" if it
 /// may.
 VistaTexto Rodada::proibicaoDoLog() const {
-    if (ambiente_.arquivos.mesmoArquivo(pedido_.nomeArquivo, nomeArquivoLog_))
-        return "O arquivo de log seria o próprio arquivo analisado: "_t;
-    for (const std::filesystem::path& doPrograma : {ambiente_.leiaute(), ambiente_.bancoDeDados()})
-        if (ambiente_.arquivos.mesmoArquivo(doPrograma, nomeArquivoLog_))
-            return "O arquivo de log seria um arquivo do próprio programa: "_t;
+    const auto cairiaSobre = [this, log = ambiente_.arquivos.destino(nomeArquivoLog_)](const auto& caminho) {
+        return log == ambiente_.arquivos.destino(caminho);
+    };
+    if (cairiaSobre(pedido_.nomeArquivo)) return "O arquivo de log seria o próprio arquivo analisado: "_t;
+    if (cairiaSobre(ambiente_.leiaute()) || cairiaSobre(ambiente_.bancoDeDados()))
+        return "O arquivo de log seria um arquivo do próprio programa: "_t;
     return {};
 }
 
@@ -114,14 +119,14 @@ Desfecho Rodada::percorrer(Analise& analise) {
         if (desfecho == Desfecho::Cancelada) escreverCancelamento();
         return desfecho;
     } catch (const ParadaEstrutural& parada) {
-        if (alterada(analise.versaoDaEntrada())) return naoCompletar(Desfecho::NaoRodou, arquivoAlterado);
+        if (entradaAlterada()) return naoCompletar(Desfecho::NaoRodou, arquivoAlterado);
         escreverErro(parada.achado());
         resumo_.descricao = parada.descricao();
         return Desfecho::Falhou;
     } catch (const FalhaDoLog&) {
         throw;
     } catch (const Falha& falha) {
-        if (alterada(analise.versaoDaEntrada())) return naoCompletar(Desfecho::NaoRodou, arquivoAlterado);
+        if (entradaAlterada()) return naoCompletar(Desfecho::NaoRodou, arquivoAlterado);
         return naoCompletar(falha.doAmbiente() ? Desfecho::NaoRodou : Desfecho::Falhou, falha.descricao());
     } catch (const std::bad_alloc&) {
         return naoCompletar(Desfecho::NaoRodou, memoriaInsuficiente); // the analysis has freed its memory
@@ -169,13 +174,17 @@ LeitorDeLinhas::Desistencia Rodada::desistencia() {
     };
 }
 
-bool Rodada::alterada(const std::optional<VersaoDoArquivo>& agora) const noexcept {
-    return agora && versao_ && *agora != *versao_;
+void Rodada::entradaAberta(const VersaoDoArquivo& aberta) {
+    if (!versao_) versao_ = aberta;
+    if (aberta != *versao_) throw falhaDeAlteracao();
 }
 
-void Rodada::conferirEntrada(const std::optional<VersaoDoArquivo>& agora) {
-    if (!versao_) versao_ = agora;
-    if (alterada(agora)) throw Falha(numeroDeFalha::arquivoAlterado, Texto("Rodada"_t), Texto(arquivoAlterado));
+bool Rodada::entradaAlterada() const {
+    return versao_ && ambiente_.arquivos.versao(pedido_.nomeArquivo) != versao_;
+}
+
+void Rodada::conferirEntrada() const {
+    if (entradaAlterada()) throw falhaDeAlteracao();
 }
 
 void Rodada::iniciarFase(std::int32_t total) {

@@ -67,9 +67,12 @@ class Rodada {
     /// For `LeitorDeLinhas`: lets the display handle its events while a very long line is skipped, and tells whether to
     /// stop.
     [[nodiscard]] LeitorDeLinhas::Desistencia desistencia();
-    /// Compares the state of the open input with the first state that was passed. Raises `Falha` 65 when they differ,
-    /// because the passes over the file would then describe different files.
-    void conferirEntrada(const std::optional<VersaoDoArquivo>& agora);
+    /// To be called with the state of the input each time it is opened. Raises `Falha` 65 when it is not the state of
+    /// the first opening, because the passes over the file would then describe different files.
+    void entradaAberta(const VersaoDoArquivo& aberta);
+    /// To be called before the analysis says anything of the whole file. Raises `Falha` 65 when the path of the input
+    /// no longer leads to the file that was opened, in the state in which it was opened.
+    void conferirEntrada() const;
 
     [[nodiscard]] const std::filesystem::path& nomeArquivo() const noexcept { return pedido_.nomeArquivo; }
     /// The path of the log: the one that the user chose if the first could not be written.
@@ -92,7 +95,7 @@ class Rodada {
     [[nodiscard]] VistaTexto proibicaoDoLog() const;
     void rodar(Analise& analise);
     [[nodiscard]] Desfecho percorrer(Analise& analise);
-    [[nodiscard]] bool alterada(const std::optional<VersaoDoArquivo>& agora) const noexcept;
+    [[nodiscard]] bool entradaAlterada() const;
     [[nodiscard]] Desfecho naoCompletar(Desfecho desfecho, VistaTexto descricao);
     [[nodiscard]] Mensagem fim(VistaTexto motivo) const;
     void naoRodar(VistaTexto motivo);
@@ -105,7 +108,7 @@ class Rodada {
     Data hoje_;
     std::unique_ptr<RelatorLog> log_;
     bool logGravado_ = false;
-    std::optional<VersaoDoArquivo> versao_;
+    std::optional<VersaoDoArquivo> versao_; ///< of the input at its first opening
     Resumo resumo_;
     Progresso progresso_;
 };

@@ -45,12 +45,9 @@ class Depuracao final : public Analise {
         leitor.abrir();
         Conteudo conteudo(rodada_, leitor, definicao_, guia_);
         if (!conteudo.verificar()) return Desfecho::Cancelada;
-        rodada_.conferirEntrada(versaoDaEntrada());
+        rodada_.conferirEntrada();
         conteudo.escreverResumo();
         return Desfecho::Concluida;
-    }
-    [[nodiscard]] std::optional<VersaoDoArquivo> versaoDaEntrada() const noexcept override {
-        return leiaute_ ? leiaute_->versaoDaEntrada() : std::nullopt;
     }
     void fecharEntrada() noexcept override {
         if (leiaute_) leiaute_->fecharArquivoEntrada();

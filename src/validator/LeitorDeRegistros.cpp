@@ -20,7 +20,7 @@ void LeitorDeRegistros::abrir() {
     leiaute_.contador(0);
     leiaute_.criarCopias(false);
     leiaute_.abrirArquivoEntrada(rodada_.nomeArquivo(), rodada_.desistencia());
-    rodada_.conferirEntrada(leiaute_.versaoDaEntrada());
+    rodada_.entradaAberta(leiaute_.versaoDaEntrada().value());
 }
 
 const Texto& LeitorDeRegistros::tipo() {

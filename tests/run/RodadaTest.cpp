@@ -14,15 +14,13 @@ namespace {
 
 using Operacao = testes::ArquivosEmMemoria::Operacao;
 
-/// Does what a test wants, with a file whose state it tells.
+/// Does what a test wants.
 class AnaliseFalsa final : public Analise {
   public:
     [[nodiscard]] Desfecho analisar() override { return acao(); }
-    [[nodiscard]] std::optional<VersaoDoArquivo> versaoDaEntrada() const noexcept override { return versao; }
     void fecharEntrada() noexcept override { fechada = true; }
 
     std::function<Desfecho()> acao = [] { return Desfecho::Concluida; };
-    VersaoDoArquivo versao;
     bool fechada = false;
 };
 
@@ -96,15 +94,18 @@ TEST(Rodada, cadaFimTemASuaLinhaEOSeuResumo) {
 /// Whatever a run would say of a file that somebody changed meanwhile, it says that.
 TEST(Rodada, arquivoAlteradoNaoTemConclusao) {
     const std::function<void(Bancada&)> fins[] = {
-        [](Bancada& b) { b.rodada.conferirEntrada(b.analise.versao); },
+        [](Bancada& b) { b.rodada.entradaAberta(*b.mundo.arquivos.versao("/e.rem")); },
+        [](Bancada& b) { b.rodada.conferirEntrada(); },
+        [](Bancada& b) { b.mundo.arquivos.conteudo.erase("/e.rem"), b.rodada.conferirEntrada(); },
         [](Bancada&) { throw ParadaEstrutural({}, Achado{}); },
         [](Bancada&) { throw Falha(1, {}, {}); },
     };
     for (const auto& fim : fins) {
         Bancada bancada;
+        Texto& entrada = bancada.mundo.arquivos.conteudo["/e.rem"];
         bancada.analise.acao = [&] {
-            bancada.rodada.conferirEntrada(bancada.analise.versao);
-            bancada.analise.versao.tamanho = 1;
+            bancada.rodada.entradaAberta(*bancada.mundo.arquivos.versao("/e.rem"));
+            entrada = "outro"_t;
             fim(bancada);
             return Desfecho::Concluida;
         };

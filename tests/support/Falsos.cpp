@@ -68,9 +68,7 @@ class ArquivosEmMemoria::Entrada final : public ArquivoEntrada {
         return lidos;
     }
     [[nodiscard]] VersaoDoArquivo versao() const noexcept override {
-        const auto agora = dono_.conteudo.find(caminho_);
-        if (agora == dono_.conteudo.end()) return {};
-        return {.arquivo = std::hash<std::string_view>()(bytesDoTexto(agora->second)), .tamanho = agora->second.size()};
+        return dono_.versao(caminho_).value_or(VersaoDoArquivo());
     }
 
   private:
@@ -124,8 +122,15 @@ std::uint64_t ArquivosEmMemoria::tamanho(const std::filesystem::path& caminho) c
     return achado == conteudo.end() ? 0 : achado->second.size();
 }
 
-bool ArquivosEmMemoria::mesmoArquivo(const std::filesystem::path& a, const std::filesystem::path& b) const {
-    return existe(a) && a == b;
+std::optional<VersaoDoArquivo> ArquivosEmMemoria::versao(const std::filesystem::path& caminho) const {
+    const auto achado = conteudo.find(caminho);
+    if (achado == conteudo.end()) return std::nullopt;
+    return VersaoDoArquivo{.arquivo = std::hash<std::string_view>()(bytesDoTexto(achado->second))};
+}
+
+Destino ArquivosEmMemoria::destino(const std::filesystem::path& caminho) const {
+    const auto ligacao = ligacoes.find(caminho);
+    return {.falta = ligacao == ligacoes.end() ? caminho : ligacao->second};
 }
 
 std::optional<Data> ArquivosEmMemoria::modificadoEm(const std::filesystem::path& caminho) const {

@@ -93,7 +93,8 @@ class ArquivosEmMemoria final : public Arquivos {
     [[nodiscard]] std::unique_ptr<ArquivoSaida> criarSaida(const std::filesystem::path& caminho) override;
     [[nodiscard]] bool existe(const std::filesystem::path& caminho) const override;
     [[nodiscard]] std::uint64_t tamanho(const std::filesystem::path& caminho) const override;
-    [[nodiscard]] bool mesmoArquivo(const std::filesystem::path& a, const std::filesystem::path& b) const override;
+    [[nodiscard]] std::optional<VersaoDoArquivo> versao(const std::filesystem::path& caminho) const override;
+    [[nodiscard]] Destino destino(const std::filesystem::path& caminho) const override;
     [[nodiscard]] std::optional<Data> modificadoEm(const std::filesystem::path& caminho) const override;
 
     /// The `vez`-th operation of a kind (1-based, over all files) fails with `falha` in place of its effect.
@@ -104,7 +105,8 @@ class ArquivosEmMemoria final : public Arquivos {
     [[nodiscard]] bool tudoFechado() const noexcept { return aberto_.use_count() == 1; }
 
     std::map<std::filesystem::path, Texto> conteudo;
-    std::map<std::filesystem::path, Data> datas; ///< of the last change, where a test needs one
+    std::map<std::filesystem::path, Data> datas;                     ///< of the last change, where a test needs one
+    std::map<std::filesystem::path, std::filesystem::path> ligacoes; ///< other names, with those that they lead to
 
   private:
     class Entrada;
