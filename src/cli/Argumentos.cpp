@@ -1,5 +1,7 @@
 #include "cli/Argumentos.h"
 
+#include "cli/Caminho.h"
+#include "cli/Sugestao.h"
 #include "common/Numero.h"
 
 #include <algorithm>
@@ -15,21 +17,27 @@ constexpr VistaTexto ajuda =
 Confere arquivos de cobrança antes do envio ao banco e explica os seus retornos.
 O resultado de cada arquivo fica num log ao lado dele.
 
+Num ZUL702 a ordem dos registros e os caracteres são conferidos em todas as guias, mas o
+conteúdo somente na última.
+
 Opções:
   --tipo ZUL702|ZUL708|TAV001  tipo do arquivo (sem ela: reconhecido pela primeira linha)
   --com-data                   o código de barras contém uma data de vencimento
   --posicao N                  posição dessa data no código de barras, 20 a 41 (20)
   --formato F                  formato dessa data: AAAAMMDD, AAMMDD, DDMMAAAA, DDMMAA,
                                DDDA, AADDD ou ADDD (ADDD)
-  --primeiras N                analisa somente as primeiras N guias (sem ela: todas)
+  --primeiras N                lê o conteúdo somente até as primeiras N guias (sem ela: todas);
+                               se o arquivo tem mais, o conteúdo de nenhuma é conferido
   --pasta PASTA                pasta do programa, com Arquivo_ZUL702.xml e TabelaErrosZUL.mdb
   --log CAMINHO                grava o log nesse caminho (somente com um ARQUIVO)
   --pasta-de-logs PASTA        grava cada log nessa pasta, com o nome do arquivo e ".log" (x.rem.log)
   --abrir                      abre o log no editor de textos ao final
   --json                       escreve um objeto JSON por arquivo na saída padrão
-  -q, --silencioso             sem progresso e sem resumo
-  -h, --ajuda                  mostra esta ajuda
-  --versao                     mostra a versão
+  -q, --silencioso             sem progresso e sem resumo; o que não pôde ser analisado ainda é
+                               dito na saída de erros
+  -h, --ajuda, --help          mostra esta ajuda
+  --versao, --version          mostra a versão
+  --                           o que vem depois é nome de arquivo, mesmo que comece com "-"
 
 Exemplos:
   quilatador-cli remessa.rem
@@ -46,13 +54,8 @@ Situação ao terminar:
 
 std::optional<TipoArquivo> tipoDeNome(std::string_view nome) {
     for (const TipoArquivo tipo : {TipoArquivo::ZUL702, TipoArquivo::ZUL708, TipoArquivo::TAV001})
-        if (bytesDoTexto(nomeDo(tipo)) == nome) return tipo;
+        if (iguaisSemCaixa(nomeDo(tipo), textoDeUtf8(nome))) return tipo;
     return std::nullopt;
-}
-
-/// The absolute path, as a file dialog would return it.
-std::filesystem::path caminhoCompleto(const std::string& caminho) {
-    return std::filesystem::absolute(caminho).lexically_normal();
 }
 
 Argumentos recusa(Texto motivo) {
@@ -62,26 +65,61 @@ Argumentos recusa(Texto motivo) {
     return argumentos;
 }
 
+Argumentos recusaDoValor(std::string_view opcao) {
+    return recusa(junta("Valor ausente ou inválido em "_t, textoDeUtf8(opcao)));
+}
+
 /// The parser's error in the user's language.
-Texto motivoDaRecusa(const CLI::ParseError& erro, const CLI::App& app) {
-    const auto listar = [](const std::vector<std::string>& itens) {
-        Texto lista;
-        for (const std::string& item : itens)
-            lista += junta(lista.empty() ? ""_t : " "_t, textoDeUtf8(item));
-        return lista;
-    };
-    if (dynamic_cast<const CLI::ExtrasError*>(&erro)) return junta("Opção desconhecida: "_t, listar(app.remaining()));
-    if (dynamic_cast<const CLI::RequiredError*>(&erro)) return Texto("Falta o nome do ARQUIVO."_t);
-    // The text of the parser's error contains the name of the option.
-    const std::string texto = erro.what();
+Argumentos recusaDo(const CLI::ParseError& erro) {
+    const std::string texto = erro.what(); // contains the name of the option
     const std::size_t nome = std::min(texto.find('-'), texto.size());
-    return junta("Valor ausente ou inválido em "_t,
-                 textoDeUtf8(texto.substr(nome, texto.find_first_of(": ", nome) - nome)));
+    return recusaDoValor(texto.substr(nome, texto.find_first_of(": ", nome) - nome));
+}
+
+/// Refuses options that do not exist, each with the one that may have been meant.
+Argumentos recusaDas(const std::vector<std::string>& desconhecidas, const CLI::App& app) {
+    std::vector<std::string> nomes;
+    for (const CLI::Option* opcao : app.get_options())
+        nomes.insert(nomes.end(), opcao->get_lnames().begin(), opcao->get_lnames().end());
+    Texto motivo("Opção desconhecida:"_t);
+    for (const std::string& desconhecida : desconhecidas) {
+        motivo += junta(" "_t, textoDeUtf8(desconhecida));
+        if (const auto sugestao = maisParecida(desconhecida, nomes))
+            motivo += junta(" (quis dizer --"_t, textoDeUtf8(*sugestao), "?)"_t);
+    }
+    return recusa(motivo);
+}
+
+/// What the parser has left: names of files, and in front of a "--" also options that do not exist. It is not asked for
+/// the files, because it would take a name like "[a,b]" for a list of two.
+struct Sobras {
+    explicit Sobras(const std::vector<std::string>& restantes) {
+        bool soArquivos = false;
+        for (const std::string& resto : restantes) {
+            if (soArquivos || resto.size() < 2 || resto.front() != '-')
+                arquivos.push_back(resto);
+            else if (resto == "--")
+                soArquivos = true;
+            else
+                desconhecidas.push_back(resto);
+        }
+    }
+
+    std::vector<std::string> arquivos;
+    std::vector<std::string> desconhecidas;
+};
+
+/// An option like "--log=", for which the parser would take the argument that follows; "" if there is none.
+std::string_view opcaoSemValor(const std::vector<std::string>& argumentos) {
+    for (const std::string_view argumento : argumentos) {
+        if (argumento == "--") break;
+        if (argumento.starts_with("--") && argumento.ends_with('=')) return argumento.substr(0, argumento.size() - 1);
+    }
+    return {};
 }
 
 /// The values of options that are interpreted after all have been read; empty for those that were not given.
 struct Valores {
-    std::vector<std::string> arquivos;
     std::optional<std::string> tipo;
     std::optional<std::string> posicao;
     std::optional<std::string> formato;
@@ -91,9 +129,15 @@ struct Valores {
     std::optional<std::string> pastaDeLogs;
 };
 
+/// Makes the path of an option complete. Returns false if that is impossible.
+bool completar(const std::optional<std::string>& valor, std::optional<std::filesystem::path>& caminho) {
+    if (valor) caminho = caminhoCompleto(*valor);
+    return !caminho || caminho->is_absolute();
+}
+
 /// Interprets the values, or refuses the first one that is wrong.
-Argumentos interpretar(const Valores& valores, Argumentos lidos) {
-    if (valores.arquivos.empty()) return recusa(Texto("Falta o nome do ARQUIVO."_t));
+Argumentos interpretar(const Valores& valores, const std::vector<std::string>& arquivos, Argumentos lidos) {
+    if (arquivos.empty()) return recusa(Texto("Falta o nome do ARQUIVO."_t));
     if (valores.tipo) lidos.tipo = tipoDeNome(*valores.tipo);
     if (valores.tipo && !lidos.tipo)
         return recusa(junta("Tipo de arquivo desconhecido: "_t, textoDeUtf8(*valores.tipo)));
@@ -102,14 +146,19 @@ Argumentos interpretar(const Valores& valores, Argumentos lidos) {
         if (!soDigitos(primeiras)) return recusa(junta("Quantidade de guias inválida: "_t, primeiras));
         lidos.primeiras = lerNumero(primeiras);
     }
-    if (valores.log && valores.arquivos.size() > 1) return recusa(Texto("--log vale somente com um ARQUIVO."_t));
+    lidos.posicao = lerNumero(posicaoInicial);
+    if (valores.posicao) {
+        const Texto posicao = textoDeUtf8(*valores.posicao);
+        if (!soDigitos(posicao)) return recusa(junta("Posição inválida: "_t, posicao));
+        lidos.posicao = lerNumero(posicao);
+    }
+    if (valores.log && arquivos.size() > 1) return recusa(Texto("--log vale somente com um ARQUIVO."_t));
     if (valores.log && valores.pastaDeLogs) return recusa(Texto("--log e --pasta-de-logs não valem juntas."_t));
-    lidos.posicao = lerNumero(valores.posicao ? textoDeUtf8(*valores.posicao) : Texto(posicaoInicial));
     lidos.formato = valores.formato ? textoDeUtf8(*valores.formato) : Texto(formatoInicial);
-    if (valores.pasta) lidos.pasta = caminhoCompleto(*valores.pasta);
-    if (valores.log) lidos.log = caminhoCompleto(*valores.log);
-    if (valores.pastaDeLogs) lidos.pastaDeLogs = caminhoCompleto(*valores.pastaDeLogs);
-    for (const std::string& arquivo : valores.arquivos)
+    if (!completar(valores.pasta, lidos.pasta)) return recusaDoValor("--pasta");
+    if (!completar(valores.log, lidos.log)) return recusaDoValor("--log");
+    if (!completar(valores.pastaDeLogs, lidos.pastaDeLogs)) return recusaDoValor("--pasta-de-logs");
+    for (const std::string& arquivo : arquivos)
         lidos.arquivos.push_back(caminhoCompleto(arquivo));
     return lidos;
 }
@@ -124,8 +173,9 @@ Argumentos lerArgumentos(std::vector<std::string> argumentos) {
 
     CLI::App app;
     app.set_help_flag();
-    app.add_flag("-h,--ajuda", mostrarAjuda);
-    app.add_flag("--versao", mostrarVersao);
+    app.allow_extras();
+    app.add_flag("-h,--ajuda,--help", mostrarAjuda);
+    app.add_flag("--versao,--version", mostrarVersao);
     app.add_flag("--com-data", lidos.comData);
     app.add_flag("--abrir", lidos.abrir);
     app.add_flag("--json", lidos.json);
@@ -137,16 +187,18 @@ Argumentos lerArgumentos(std::vector<std::string> argumentos) {
     app.add_option("--pasta", valores.pasta);
     app.add_option("--log", valores.log);
     app.add_option("--pasta-de-logs", valores.pastaDeLogs);
-    app.add_option("ARQUIVO", valores.arquivos);
+    if (const auto opcao = opcaoSemValor(argumentos); !opcao.empty()) return recusaDoValor(opcao);
     try {
         std::ranges::reverse(argumentos); // the parser reads them from the end
         app.parse(argumentos);
     } catch (const CLI::ParseError& erro) {
-        return recusa(motivoDaRecusa(erro, app));
+        return recusaDo(erro);
     }
+    const Sobras sobras(app.remaining());
+    if (!sobras.desconhecidas.empty()) return recusaDas(sobras.desconhecidas, app);
     if (mostrarAjuda) lidos.acao = Argumentos::Acao::MostrarAjuda;
     if (mostrarVersao && !mostrarAjuda) lidos.acao = Argumentos::Acao::MostrarVersao;
-    return lidos.acao == Argumentos::Acao::Analisar ? interpretar(valores, std::move(lidos)) : lidos;
+    return lidos.acao == Argumentos::Acao::Analisar ? interpretar(valores, sobras.arquivos, std::move(lidos)) : lidos;
 }
 
 VistaTexto textoDeAjuda() {

@@ -17,10 +17,11 @@ struct Argumentos {
     Acao acao = Acao::Analisar;
     Texto motivo; ///< the reason, if `acao` is `Recusar`
 
-    std::vector<std::filesystem::path> arquivos; ///< absolute and lexically normal
-    std::optional<TipoArquivo> tipo;             ///< if empty, each file's first line tells the type
+    /// As `caminhoCompleto` makes them: empty or relative where it could not.
+    std::vector<std::filesystem::path> arquivos;
+    std::optional<TipoArquivo> tipo; ///< if empty, each file's first line tells the type
     bool comData = false;
-    double posicao = 0; ///< 1-based, of the due date in the barcode; not checked yet
+    double posicao = 0; ///< 1-based, of the due date in the barcode; whether it is possible is not checked yet
     Texto formato;
     std::optional<double> primeiras;                  ///< number of slips to analyse; empty for all
     std::optional<std::filesystem::path> pasta;       ///< program folder; if empty, the one that the machine knows

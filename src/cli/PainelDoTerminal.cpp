@@ -49,8 +49,9 @@ void PainelDoTerminal::processarEventos() {
 }
 
 void PainelDoTerminal::mensagem(const Mensagem& mensagem) {
-    if (mensagem.assunto == Mensagem::Assunto::Aviso) return; // the end of the program shows that the analysis is over
     apagar();
+    // The summary of the run tells why it could not be made, and the end of the program that an analysis is over.
+    if (mensagem.assunto != Mensagem::Assunto::Problema) return;
     saida_ << paraTerminal(mensagem.texto) << std::endl;
 }
 

@@ -2,6 +2,7 @@
 
 #include "cli/PainelDoTerminal.h"
 #include "cli/RelatorJson.h"
+#include "cli/TextosDoResumo.h"
 #include "frontend/PlanoDeLogs.h"
 #include "frontend/Trabalho.h"
 
@@ -27,28 +28,21 @@ int situacaoDe(const Resumo& resumo) {
     return situacao::naoRodou;
 }
 
-Resumo naoRodou() {
+Resumo naoRodou(VistaTexto motivo) {
     Resumo resumo;
     resumo.desfecho = Desfecho::NaoRodou;
+    resumo.descricao = motivo;
     return resumo;
 }
 
-Texto contagem(std::int32_t numero, VistaTexto singular, VistaTexto plural) {
-    return junta(textoDe(numero), " "_t, numero == 1 ? singular : plural);
-}
-
-/// The summary of a completed analysis.
-Texto achadosDe(TipoArquivo tipo, const Resumo& resumo) {
-    switch (tipo) {
-    case TipoArquivo::ZUL702:
-        return junta(contagem(resumo.totalErros, "erro"_t, "erros"_t), "; "_t,
-                     contagem(resumo.guiasDepuradas, "guia lida"_t, "guias lidas"_t));
-    case TipoArquivo::ZUL708:
-        return contagem(resumo.totalErros, "registro com ocorrência"_t, "registros com ocorrência"_t);
-    case TipoArquivo::TAV001:
-        return contagem(resumo.totalRegistros, "registro lido"_t, "registros lidos"_t);
-    }
-    return {};
+/// The reason why a file cannot be analysed as requested; nothing if it can.
+std::optional<Texto> recusaDe(const Pedido& pedido) {
+    if (pedido.nomeArquivo.empty()) return Texto("Nome de arquivo vazio"_t);
+    if (!pedido.nomeArquivo.is_absolute())
+        return Texto("A pasta de trabalho não existe mais; informe o caminho completo do arquivo"_t);
+    const bool temData = pedido.tipoArquivo == TipoArquivo::ZUL702 && pedido.comData;
+    const auto daPosicao = temData ? recusaDaPosicao(pedido.PosicaoDataBarra) : std::nullopt;
+    return daPosicao ? daPosicao : Trabalho::recusa(pedido);
 }
 
 /// Carries out one command line.
@@ -72,8 +66,7 @@ class Chamada {
     Chamada& operator=(const Chamada&) = delete;
 
     int analisarTodos() {
-        if (!trabalho_.iniciar() || (argumentos_.comData && recusarPosicao()) || recusarPastaDeLogs())
-            return situacao::naoRodou;
+        if (!trabalho_.iniciar() || recusarPastaDeLogs()) return situacao::naoRodou;
         const PlanoDeLogs plano = planejarLogs(
             argumentos_.arquivos, {.log = argumentos_.log, .pasta = argumentos_.pastaDeLogs},
             [this](const auto& arquivo) { return tipoDe(arquivo); }, maquina_.arquivos);
@@ -83,6 +76,8 @@ class Chamada {
             maior = std::max(maior, analisar(planejado, plano.entradas));
             if (!maquina_.saida.good()) return situacao::naoRodou; // nobody would read the results of the other files
         }
+        if (comResumo() && plano.logs.size() > 1)
+            maquina_.saida << paraTerminal(totais_.texto(plano.logs.size())) << std::endl;
         return maquina_.interrompido() ? situacao::interrompido : maior;
     }
 
@@ -91,11 +86,7 @@ class Chamada {
         if (maquina_.interrompido()) cancelado_ = true;
     }
 
-    bool recusarPosicao() {
-        const auto motivo = recusaDaPosicao(argumentos_.posicao);
-        if (motivo) painel_.mensagem({.texto = *motivo, .titulo = Texto(tituloDoPrograma)});
-        return motivo.has_value();
-    }
+    [[nodiscard]] bool comResumo() const { return !argumentos_.json && !argumentos_.silencioso; }
 
     bool recusarPastaDeLogs() {
         if (!argumentos_.pastaDeLogs || maquina_.arquivos.ehPasta(*argumentos_.pastaDeLogs)) return false;
@@ -106,12 +97,12 @@ class Chamada {
     }
 
     /// A file of unknown type is taken for a remittance, whose first finding says that it is none.
-    TipoArquivo tipoDe(const std::filesystem::path& arquivo) const {
+    [[nodiscard]] TipoArquivo tipoDe(const std::filesystem::path& arquivo) const {
         return argumentos_.tipo ? *argumentos_.tipo
                                 : reconhecerTipo(arquivo, maquina_.arquivos).value_or(TipoArquivo::ZUL702);
     }
 
-    int analisar(const LogPlanejado& planejado, const std::set<Destino>& entradas) {
+    [[nodiscard]] Pedido pedidoDe(const LogPlanejado& planejado, const std::set<Destino>& entradas) const {
         Pedido pedido;
         pedido.tipoArquivo = planejado.tipo;
         pedido.nomeArquivo = planejado.arquivo;
@@ -121,52 +112,45 @@ class Chamada {
         pedido.nomeArquivoLog = planejado.log;
         pedido.entradas = &entradas;
         pedido.abrirLog = argumentos_.abrir;
-        Rodada rodada = trabalho_.comecar(pedido);
-        if (argumentos_.json) json_.iniciar(rodada.nomeArquivo(), nomeDo(pedido.tipoArquivo), rodada.nomeArquivoLog());
-        const Resumo resumo = analisar(rodada, pedido, recusaDoLog(planejado));
-        const int situacaoDoArquivo = situacaoDe(resumo);
-        if (argumentos_.json)
-            json_.terminar(resumo, situacaoDoArquivo);
-        else if (!argumentos_.silencioso)
-            resumir(rodada, pedido.tipoArquivo, resumo);
-        return situacaoDoArquivo;
+        return pedido;
     }
 
     /// The reason to refuse a file whose log is that of an earlier one, with the way out. Nothing if it is its own.
-    std::optional<Texto> recusaDoLog(const LogPlanejado& planejado) const {
+    [[nodiscard]] std::optional<Texto> recusaDoLog(const LogPlanejado& planejado) const {
         if (!planejado.dono) return std::nullopt;
-        return junta("O log de "_t, textoDoCaminho(planejado.arquivo), " seria também o de "_t,
-                     textoDoCaminho(*planejado.dono), ": "_t, textoDoCaminho(planejado.log),
+        return junta("O log seria também o de "_t, textoDoCaminho(*planejado.dono), ": "_t,
+                     textoDoCaminho(planejado.log),
                      argumentos_.pastaDeLogs ? ". Analise-o em outra chamada, com outra --pasta-de-logs."_t
                                              : ". Com --pasta-de-logs PASTA cada um tem o seu."_t);
     }
 
-    Resumo analisar(Rodada& rodada, const Pedido& pedido, std::optional<Texto> motivo) {
-        if (!motivo) motivo = Trabalho::recusa(pedido);
-        if (!motivo) return trabalho_.analisar(rodada, pedido);
-        painel_.mensagem({.texto = *motivo, .titulo = Texto(tituloDoPrograma)});
-        return naoRodou();
+    int analisar(const LogPlanejado& planejado, const std::set<Destino>& entradas) {
+        const Pedido pedido = pedidoDe(planejado, entradas);
+        Rodada rodada = trabalho_.comecar(pedido);
+        if (argumentos_.json) json_.iniciar(rodada.nomeArquivo(), nomeDo(pedido.tipoArquivo), rodada.nomeArquivoLog());
+        auto motivo = recusaDe(pedido);
+        if (!motivo) motivo = recusaDoLog(planejado);
+        const Resumo resumo = motivo ? naoRodou(*motivo) : trabalho_.analisar(rodada, pedido);
+        const int situacaoDoArquivo = situacaoDe(resumo);
+        totais_.somar(pedido.tipoArquivo, resumo);
+        if (argumentos_.json) json_.terminar(resumo, situacaoDoArquivo);
+        resumir(rodada, pedido.tipoArquivo, resumo);
+        return situacaoDoArquivo;
     }
 
+    /// What could not be analysed is told on standard error, even to a user who wants no summary.
     void resumir(const Rodada& rodada, TipoArquivo tipo, const Resumo& resumo) {
-        Texto texto;
-        switch (resumo.desfecho) {
-        case Desfecho::Concluida:
-            texto = achadosDe(tipo, resumo);
-            break;
-        case Desfecho::Cancelada:
-            texto = "análise cancelada"_t;
-            break;
-        case Desfecho::Falhou:
-            texto = "análise interrompida por erro no arquivo"_t;
-            break;
-        case Desfecho::NaoRodou:
-            texto = "não foi possível analisar"_t;
-            break;
-        }
-        if (!resumo.descricao.empty()) texto += junta(": "_t, resumo.descricao);
-        maquina_.saida << paraTerminal(textoDoCaminho(rodada.nomeArquivo())) << ": " << paraTerminal(texto) << '\n'
-                       << "  log: " << paraTerminal(textoDoCaminho(rodada.nomeArquivoLog())) << std::endl;
+        const bool rodou = resumo.desfecho != Desfecho::NaoRodou;
+        if (rodou && !comResumo()) return;
+        const auto escrever = [&](VistaTexto linha) {
+            if (rodou)
+                maquina_.saida << paraTerminal(linha) << std::endl;
+            else
+                painel_.mensagem({.texto = Texto(linha), .titulo = Texto(tituloDoPrograma)});
+        };
+        const Texto nome = textoDoCaminho(rodada.nomeArquivo());
+        escrever(junta(nome.empty() ? R"("")"_t : nome, ": "_t, textoDoResumo(tipo, resumo)));
+        if (comResumo() && rodada.logGravado()) escrever(junta("  log: "_t, textoDoCaminho(rodada.nomeArquivoLog())));
     }
 
     const Argumentos& argumentos_;
@@ -177,6 +161,7 @@ class Chamada {
     Ambiente ambiente_;
     Trabalho trabalho_;
     RelatorJson json_;
+    Totais totais_;
 };
 
 int atender(const Argumentos& argumentos, const Maquina& maquina) {

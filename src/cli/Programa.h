@@ -22,15 +22,15 @@ struct Maquina {
     Arquivos& arquivos;
     std::ostream& saida;          ///< standard output
     std::ostream& erros;          ///< standard error
-    bool errosNoTerminal = false; ///< whether a person watches `erros`
+    bool errosNoTerminal = false; ///< whether `erros` is a terminal on which a line can be drawn again
     int larguraDoTerminal = 80;   ///< in characters
     std::filesystem::path pastaDoPrograma;
     std::function<bool()> interrompido; ///< whether the user wants to stop; called at every line
 };
 
 /// Runs the whole command line and returns its exit status, one of `situacao`. Each file is analysed, whatever happened
-/// to the one before, and the greatest status counts. Output that cannot be written, or a lack of memory, gives at
-/// least 2.
+/// to the one before, and the greatest status counts. Why a file could not be analysed is always said on standard
+/// error, once. Output that cannot be written, or a lack of memory, gives at least 2.
 [[nodiscard]] int executar(std::vector<std::string> argumentos, const Maquina& maquina);
 
 } // namespace quilatador

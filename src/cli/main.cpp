@@ -27,7 +27,7 @@ int main(int argc, char** argv) {
                                                   .arquivos = arquivos,
                                                   .saida = std::cout,
                                                   .erros = std::cerr,
-                                                  .errosNoTerminal = ehTerminal(Fluxo::Erro),
+                                                  .errosNoTerminal = redesenha(Fluxo::Erro),
                                                   .larguraDoTerminal = larguraDoTerminal(Fluxo::Erro),
                                                   .pastaDoPrograma = pastaDoPrograma(),
                                                   .interrompido = [&] { return interrupcao.pedida(); }});

@@ -35,6 +35,7 @@ LeitorDeLinhas::LeitorDeLinhas(std::unique_ptr<ArquivoEntrada> arquivo, Desisten
     , bloco_(reservarMemoria(lugarDoBloco + tamanhoDoBloco)) {}
 
 std::optional<VistaTexto> LeitorDeLinhas::proxima() {
+    if (cortada_) saltarResto();
     if (comoAAnterior()) {
         const VistaTexto linha(bloco_.get() + inicio_, tamanhoAnterior_);
         inicio_ += tamanhoAnterior_ + 2;
@@ -48,12 +49,7 @@ std::optional<VistaTexto> LeitorDeLinhas::proxima() {
         const std::size_t fimDaLinha = procurarFim(inicio_ + visto);
         if (fimDaLinha != fim_) return terminarEm(fimDaLinha);
         visto = fim_ - inicio_;
-        if (visto >= maiorLinha) {
-            const VistaTexto linha(bloco_.get(), maiorLinha);
-            std::memmove(bloco_.get(), bloco_.get() + inicio_, maiorLinha);
-            saltarResto();
-            return linha;
-        }
+        if (visto >= maiorLinha) return cortar();
         if (!encher()) {
             if (visto == 0) return std::nullopt;
             inicio_ = fim_;
@@ -93,10 +89,18 @@ std::size_t LeitorDeLinhas::lerBloco() {
     return arquivo_->ler({bloco_.get() + lugarDoBloco, tamanhoDoBloco});
 }
 
-/// Skips the rest of a line that is too long, with its end mark. The part that is returned stays at the start of the
-/// memory.
-void LeitorDeLinhas::saltarResto() {
+/// Returns the part of a line that is too long, and leaves the rest for later: whoever finds fault with the part never
+/// waits for a rest that may not end.
+VistaTexto LeitorDeLinhas::cortar() {
+    const VistaTexto linha(bloco_.get() + inicio_, maiorLinha);
     inicio_ += maiorLinha;
+    cortada_ = true;
+    return linha;
+}
+
+/// Skips the rest of a line that is too long, with its end mark.
+void LeitorDeLinhas::saltarResto() {
+    cortada_ = false;
     for (;;) {
         const std::size_t fimDaLinha = procurarFim(inicio_);
         if (fimDaLinha != fim_) {

@@ -15,11 +15,11 @@ namespace quilatador {
 class LeitorDeLinhas {
   public:
     /// Longer lines are cut to this many characters, far more than any record has, so that memory does not grow with
-    /// the input.
+    /// the input. The rest of such a line is read only when the next one is asked for.
     static constexpr std::size_t maiorLinha = 64 * 1024;
 
     /// Called now and then while the rest of a line that is too long is skipped. When it returns true, the file ends
-    /// there.
+    /// there, so whoever passes one must ask, at the end of the file, whether it is the true end.
     using Desistencia = std::function<bool()>;
 
     /// Reads from the start of an open file, which the reader takes over. Without `desistir`, a long line is skipped to
@@ -37,6 +37,7 @@ class LeitorDeLinhas {
     [[nodiscard]] std::size_t procurarFim(std::size_t desde) const noexcept;
     bool encher();
     [[nodiscard]] std::size_t lerBloco();
+    [[nodiscard]] VistaTexto cortar();
     void saltarResto();
     std::optional<VistaTexto> terminarEm(std::size_t fimDaLinha);
 
@@ -48,6 +49,7 @@ class LeitorDeLinhas {
     std::size_t tamanhoAnterior_ = 0;
     bool acabou_ = false;   ///< the file has no more bytes to give
     bool saltarLF_ = false; ///< the last line ended in a CR, and the LF that belongs to it may still follow
+    bool cortada_ = false;  ///< the last line was too long, and its rest follows
 };
 
 } // namespace quilatador

@@ -37,7 +37,7 @@ std::optional<TipoArquivo> reconhecerTipo(const std::filesystem::path& arquivo, 
     constexpr int tentativas = 2; // a file that is locked for a moment must not be taken for one of another type
     for (int tentativa = 0; tentativa < tentativas; ++tentativa) {
         try {
-            LeitorDeLinhas leitor(arquivos.abrirEntrada(arquivo), [] { return true; }); // the first line is enough
+            LeitorDeLinhas leitor(arquivos.abrirEntrada(arquivo));
             return tipoDaLinha(leitor.proxima().value_or(VistaTexto()));
         } catch (const Falha&) {
             continue; // the analysis that follows reports what is wrong with the file

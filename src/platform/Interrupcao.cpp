@@ -19,10 +19,17 @@ extern "C" void aoChegar(int sinal) {
     std::signal(sinal, aoChegar); // some systems restore the default after the first signal
 }
 
+/// Handles a signal from now on, unless it is ignored, and returns the earlier handling. It is ignored for a moment to
+/// learn that, because the other way round a signal that is to be ignored could arrive.
+auto atender(int sinal) {
+    const auto anterior = std::signal(sinal, SIG_IGN);
+    if (anterior != SIG_IGN) std::signal(sinal, aoChegar);
+    return anterior;
+}
+
 } // namespace
 
-Interrupcao::Interrupcao()
-    : interrupcaoAnterior_(std::signal(SIGINT, aoChegar)), terminoAnterior_(std::signal(SIGTERM, aoChegar)) {}
+Interrupcao::Interrupcao() : interrupcaoAnterior_(atender(SIGINT)), terminoAnterior_(atender(SIGTERM)) {}
 
 Interrupcao::~Interrupcao() {
     std::signal(SIGINT, interrupcaoAnterior_);

@@ -3,8 +3,8 @@
 namespace quilatador {
 
 /// While it lives, Ctrl-C and a request to terminate (SIGINT, SIGTERM) only set a flag, so that the current run can end
-/// in order. The second signal ends the process at once, with status 130. A program has at most one object of this
-/// class at a time.
+/// in order. The second signal ends the process at once, with status 130. A signal that is ignored stays ignored: so a
+/// shell protects what runs in the background. A program has at most one object of this class at a time.
 class Interrupcao {
   public:
     Interrupcao();

@@ -5,8 +5,9 @@ namespace quilatador {
 /// One of the program's two outputs.
 enum class Fluxo { Padrao, Erro };
 
-/// Whether it is a terminal, which a person reads, and not a file or another program.
-[[nodiscard]] bool ehTerminal(Fluxo fluxo);
+/// Whether it is a terminal, which a person reads, on which a line can be drawn again: one that understands the escape
+/// sequences for that. From now on it does so on systems where it has to be asked first.
+[[nodiscard]] bool redesenha(Fluxo fluxo);
 
 /// The width of that terminal in characters; 80 if it is no terminal or does not tell.
 [[nodiscard]] int larguraDoTerminal(Fluxo fluxo);

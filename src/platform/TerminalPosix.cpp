@@ -1,5 +1,7 @@
 #include "platform/Terminal.h"
 
+#include <cstdlib>
+#include <string_view>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
@@ -13,8 +15,10 @@ int numeroDe(Fluxo fluxo) noexcept {
 
 } // namespace
 
-bool ehTerminal(Fluxo fluxo) {
-    return ::isatty(numeroDe(fluxo)) == 1;
+bool redesenha(Fluxo fluxo) {
+    const char* const tipo = std::getenv("TERM");
+    const std::string_view nome = tipo ? tipo : "";
+    return !nome.empty() && nome != "dumb" && ::isatty(numeroDe(fluxo)) == 1;
 }
 
 int larguraDoTerminal(Fluxo fluxo) {

@@ -12,9 +12,10 @@ HANDLE saidaDe(Fluxo fluxo) noexcept {
 
 } // namespace
 
-bool ehTerminal(Fluxo fluxo) {
+bool redesenha(Fluxo fluxo) {
     DWORD modo = 0;
-    return GetConsoleMode(saidaDe(fluxo), &modo) != 0;
+    const HANDLE saida = saidaDe(fluxo);
+    return GetConsoleMode(saida, &modo) != 0 && SetConsoleMode(saida, modo | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
 }
 
 int larguraDoTerminal(Fluxo fluxo) {

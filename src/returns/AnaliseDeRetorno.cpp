@@ -30,7 +30,8 @@ std::optional<Texto> AnaliseDeRetorno::preparar() {
     } catch (const Falha& falha) {
         ambiente.painel.mensagem({.texto = Texto("Erro na abertura do arquivo"_t),
                                   .titulo = Texto("Erro!"_t),
-                                  .icone = Mensagem::Icone::Exclamacao});
+                                  .icone = Mensagem::Icone::Exclamacao,
+                                  .assunto = Mensagem::Assunto::FimDaRodada});
         return falha.descricao();
     }
 }
@@ -41,6 +42,7 @@ Desfecho AnaliseDeRetorno::analisar() {
     rodada_.conferirEntrada();
     while (!rodada_.cancelada()) {
         const auto linha = leitor_->proxima();
+        if (rodada_.cancelada()) break; // it may have been asked in the middle of a line without end
         if (!linha) {
             rodada_.conferirEntrada();
             escreverTotais();

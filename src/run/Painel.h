@@ -14,8 +14,12 @@ enum class Rotulo { Operacao, Empresa, Remessa };
 /// A message box. It has only an OK button.
 struct Mensagem {
     enum class Icone { Nenhum, Exclamacao };
-    /// Whether the message reports a problem or only that something is finished.
-    enum class Assunto { Problema, Aviso };
+    /// What the message is about.
+    enum class Assunto {
+        Problema,
+        FimDaRodada, ///< why a run could not be made or completed; the summary of the run says it too
+        Aviso        ///< only that something is finished
+    };
 
     Texto texto;
     Texto titulo;

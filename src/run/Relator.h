@@ -24,7 +24,7 @@ struct Resumo {
     std::int32_t guiasDepuradas = 0;
     std::int32_t guiasAceitas = 0;
     std::int32_t guiasRejeitadas = 0;
-    Texto descricao; ///< why the run failed or did not start; "" otherwise
+    Texto descricao; ///< why the run failed, did not start or lost its log, never empty then; "" otherwise
 };
 
 /// Receives what a run writes. Lines and findings arrive in the order of the log; a listener overrides what it wants.

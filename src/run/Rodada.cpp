@@ -49,14 +49,10 @@ Resumo Rodada::executar(Analise& analise) {
         else if (criarLog())
             rodar(analise);
     } catch (const FalhaDoLog& falha) {
-        resumo_.desfecho = Desfecho::NaoRodou;
-        resumo_.descricao = falha.descricao();
-        avisar(junta("Erro na gravação do arquivo de log: "_t, textoDoCaminho(nomeArquivoLog_), " ("_t,
-                     falha.descricao(), ")"_t));
+        naoRodar(junta("Erro na gravação do arquivo de log: "_t, textoDoCaminho(nomeArquivoLog_), " ("_t,
+                       falha.descricao(), ")"_t));
     } catch (const std::bad_alloc&) {
-        resumo_.desfecho = Desfecho::NaoRodou;
-        resumo_.descricao = memoriaInsuficiente;
-        avisar(memoriaInsuficiente);
+        naoRodar(memoriaInsuficiente);
     }
     analise.fecharEntrada();
     log_.reset();
@@ -68,8 +64,11 @@ Resumo Rodada::executar(Analise& analise) {
 /// Returns false if the log cannot be created and the user chooses no other place for it.
 bool Rodada::criarLog() {
     while (const auto motivo = tentarCriarLog()) {
-        const auto outro = ambiente_.painel.outroLugarParaOLog(problema(*motivo), nomeArquivoLog_);
-        if (!outro) return false;
+        const auto outro = ambiente_.painel.outroLugarParaOLog(fim(*motivo), nomeArquivoLog_);
+        if (!outro) {
+            resumo_.descricao = *motivo;
+            return false;
+        }
         nomeArquivoLog_ = *outro;
     }
     return true;
@@ -111,6 +110,7 @@ void Rodada::rodar(Analise& analise) {
     if (!dizeres.terminada.empty()) escreverLog(dizeres.terminada);
     analise.fecharEntrada();
     log_->fechar();
+    logGravado_ = true;
     if (pedido_.abrirLog) ambiente_.lancador.abrirTexto(nomeArquivoLog_);
 }
 
@@ -194,14 +194,18 @@ void Rodada::iniciarFase(std::int32_t total) {
     ambiente_.painel.iniciarProgresso({.totalRegistros = total, .inicio = progresso_.inicio});
 }
 
-Mensagem Rodada::problema(VistaTexto texto) const {
-    return {.texto = Texto(texto),
+Mensagem Rodada::fim(VistaTexto motivo) const {
+    return {.texto = Texto(motivo),
             .titulo = Texto(dizeresDe(pedido_.tipoArquivo).tituloDoErro),
-            .icone = Mensagem::Icone::Exclamacao};
+            .icone = Mensagem::Icone::Exclamacao,
+            .assunto = Mensagem::Assunto::FimDaRodada};
 }
 
-void Rodada::avisar(VistaTexto texto) {
-    ambiente_.painel.mensagem(problema(texto));
+/// Notes why the run was not completed, and tells the user.
+void Rodada::naoRodar(VistaTexto motivo) {
+    resumo_.desfecho = Desfecho::NaoRodou;
+    resumo_.descricao = motivo;
+    ambiente_.painel.mensagem(fim(motivo));
 }
 
 } // namespace quilatador

@@ -81,6 +81,8 @@ class Rodada {
     [[nodiscard]] const std::filesystem::path& nomeArquivo() const noexcept { return pedido_.nomeArquivo; }
     /// The path of the log: the one that the user chose if the first could not be written.
     [[nodiscard]] const std::filesystem::path& nomeArquivoLog() const noexcept { return nomeArquivoLog_; }
+    /// Whether `executar` has written the whole log.
+    [[nodiscard]] bool logGravado() const noexcept { return logGravado_; }
     [[nodiscard]] Ambiente& ambiente() noexcept { return ambiente_; }
     [[nodiscard]] Painel& painel() noexcept { return ambiente_.painel; }
     /// The date of the run, which stays the same even when the run goes past midnight.
@@ -99,8 +101,8 @@ class Rodada {
     [[nodiscard]] Desfecho percorrer(Analise& analise);
     [[nodiscard]] bool entradaAlterada() const;
     [[nodiscard]] Desfecho naoCompletar(Desfecho desfecho, VistaTexto descricao);
-    [[nodiscard]] Mensagem problema(VistaTexto texto) const;
-    void avisar(VistaTexto texto);
+    [[nodiscard]] Mensagem fim(VistaTexto motivo) const;
+    void naoRodar(VistaTexto motivo);
     void entregarLinhas(VistaTexto linhas);
 
     Ambiente& ambiente_;
@@ -109,6 +111,7 @@ class Rodada {
     std::atomic<bool>& cancelado_;
     Data hoje_;
     std::unique_ptr<RelatorLog> log_;
+    bool logGravado_ = false;
     std::optional<VersaoDoArquivo> versao_; ///< of the input at its first opening
     Resumo resumo_;
     Progresso progresso_;

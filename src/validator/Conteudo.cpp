@@ -121,8 +121,9 @@ void Conteudo::guardarNaGuia(const RegistroRemessa& registro, char letra) {
     }
 }
 
-/// A slip is checked only here, at the trailer. A file therefore has at most one slip that is accepted or rejected,
-/// however many it holds: kept on purpose, the test `soAUltimaGuiaEhVerificada` holds it.
+/// A slip is checked only here, at the trailer. Of however many slips a file holds, the last one alone is therefore
+/// accepted or rejected, and at a second trailer once more: kept on purpose, the test `soAUltimaGuiaEhVerificada` holds
+/// it.
 void Conteudo::encerrarGuias() {
     if (!guia_.iniciada()) return;
     Resumo& resumo = rodada_.resumo();

@@ -184,7 +184,8 @@ TEST_F(PontaAPonta, limiteDeTamanhoNuncaSeCala) {
     };
     const Fim resultado = rodar(entrada);
     EXPECT_EQ(resultado.situacao, 2);
-    EXPECT_EQ(resultado.erros, "Erro na gravação do arquivo de log: " + log().string() + " (Disco cheio)\n");
+    EXPECT_EQ(resultado.erros, entrada.string() + ": não foi possível analisar: Erro na gravação do arquivo de log: " +
+                                   log().string() + " (Disco cheio)\n");
     EXPECT_EQ(lerTudo(log()), inteiro.substr(0, limite)); // nothing of it claims success
 }
 
@@ -242,6 +243,7 @@ TEST_F(PontaAPonta, sinalNoMeioDaExecucao) {
     const auto entrada = pasta.escrever("remessa.rem", bytesDoTexto(remessaRuim(20'000))).string();
     ::mkfifo(log().c_str(), 0600);
     for (const auto& [sinal, vezes] : {std::pair{SIGINT, 1}, {SIGTERM, 1}, {SIGINT, 2}}) {
+        noFilho = [&sinal = sinal] { std::signal(sinal, SIG_DFL); }; // else ignored where these tests are
         const int leitura = ::open(log().c_str(), O_RDONLY | O_NONBLOCK);
         iniciar({"--log", log().string(), entrada});
         ASSERT_TRUE(chegouAlgo(leitura));

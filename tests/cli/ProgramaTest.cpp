@@ -77,9 +77,27 @@ TEST(Programa, interrompidaParaComOLogEmOrdem) {
         EXPECT_EQ(bancada.rodar({"/d/boa.rem", "/d/ruim.rem"}), 130);
         EXPECT_FALSE(bancada.arquivos.existe("/d/ruim.log"));
         if (perguntas > 29 && bancada.saida.str().starts_with("/d/boa.rem: 0 erros; ")) break;
-        EXPECT_EQ(bancada.saida.str(), "/d/boa.rem: análise cancelada\n  log: /d/boa.log\n");
+        EXPECT_EQ(bancada.saida.str(), "/d/boa.rem: análise cancelada\n  log: /d/boa.log\n"
+                                       "Total de 2 arquivos: 0 erros; 1 cancelado; 1 não analisado\n");
         EXPECT_TRUE(bancada.arquivos.conteudo["/d/boa.log"].ends_with(
             "\r\n\r\nDEPURACAO CANCELADA!\r\nDepuração terminada!\r\n"_t));
+    }
+}
+
+TEST(Programa, linhaSemFimNaoPrendeQuemDesiste) {
+    Bancada bancada;
+    auto& arquivos = bancada.arquivos.conteudo;
+    for (const char* nome : {"/d/boa.rem", "/d/impressao.ret", "/d/liquidacao"})
+        arquivos[nome].insert(240, Texto(3'000'000, 'x'));
+    EXPECT_EQ(bancada.rodar({"/d/boa.rem"}), 1); // says what is wrong, and reads no further
+    EXPECT_LE(bancada.arquivos.vezes(testes::ArquivosEmMemoria::Operacao::Ler), 8); // it has more blocks
+    for (const char* nome : {"/d/impressao.ret", "/d/liquidacao"}) {
+        int perguntas = 0;
+        bancada.interrompido = [&] { return ++perguntas > 9; }; // past the first line
+        EXPECT_EQ(bancada.rodar({"--json", "--log", "/log", nome}), 130);
+        EXPECT_TRUE(arquivos["/log"].ends_with("\r\nTRATAMENTO CANCELADO!!!\r\n"_t)) << arquivos["/log"];
+        EXPECT_NE(bancada.saida.str().find(R"("desfecho":"cancelada","situacao":130)"), std::string::npos);
+        bancada.saida.str("");
     }
 }
 
@@ -110,13 +128,40 @@ TEST(Programa, controlesNuncaChegamAoTerminal) {
     Bancada bancada;
     const std::string hostil = "/d/\x1b[2J\r\x7f\x9b\xE7.rem";
     EXPECT_EQ(bancada.rodar({hostil, "--tipo", "ZUL702"}), 2);
-    EXPECT_EQ(bancada.saida.str(),
+    EXPECT_EQ(bancada.erros.str(),
               "/d/\\x1B[2J\\x0D\\x7F\\x9Bç.rem: não foi possível analisar: Arquivo não encontrado!\n"
               "  log: /d/\\x1B[2J\\x0D\\x7F\\x9Bç.log\n");
     EXPECT_EQ(bancada.rodar({hostil, "--json"}), 2);
     EXPECT_NE(bancada.saida.str().find("\"/d/\\u001b[2J\\r\x7f›ç.rem\""), std::string::npos);
+    bancada.erros.str("");
     EXPECT_EQ(bancada.rodar({"--x\x1b[2J"}), 2);
     EXPECT_EQ(bancada.erros.str(), "Opção desconhecida: --x\\x1B[2J\nUse --ajuda para ver o uso.\n");
+}
+
+TEST(Programa, soOSistemaSabeOQueHaAcimaDeUmLink) {
+    const testes::PastaTemporaria pasta;
+    std::filesystem::create_directories(pasta / "a/b");
+    std::filesystem::create_directory_symlink(pasta / "a/b", pasta / "link");
+    const std::pair<const char*, const char*> casos[] = {{"a/b/.././x", "a/x"},
+                                                         {"link/../a", "link/../a"},
+                                                         {"x/../link/y/../../..", "link/../../"},
+                                                         {"a/../../../../../../../../../../..", "/"},
+                                                         {"link/.", "link/"}};
+    for (const auto& [dado, completo] : casos)
+        EXPECT_EQ(lerArgumentos({pasta / dado}).arquivos.at(0), pasta / completo) << dado;
+}
+
+TEST(Programa, semPastaDeTrabalhoOsCaminhosCompletosAindaValem) {
+    const testes::PastaTemporaria pasta;
+    std::filesystem::create_directory(pasta / "apagada");
+    std::filesystem::current_path(pasta / "apagada");
+    std::filesystem::remove(pasta / "apagada");
+    Bancada bancada;
+    EXPECT_EQ(bancada.rodar({"x.rem", "/d/boa.rem", "-q"}), 2);
+    EXPECT_EQ(bancada.erros.str(), "x.rem: não foi possível analisar: A pasta de trabalho não existe mais; informe o "
+                                   "caminho completo do arquivo\n");
+    EXPECT_TRUE(bancada.arquivos.existe("/d/boa.log"));
+    std::filesystem::current_path("/");
 }
 
 } // namespace

@@ -72,8 +72,9 @@ TEST(LeitorDeLinhas, quemDesisteNaoEsperaOFimDeUmaLinhaSemFim) {
     int perguntas = 0;
     LeitorDeLinhas leitor(std::make_unique<EntradaEmPedacos>(semFim, bloco), [&] { return ++perguntas == 3; });
     EXPECT_EQ(leitor.proxima(), Texto(LeitorDeLinhas::maiorLinha, 'x'));
-    EXPECT_EQ(perguntas, 3);
+    EXPECT_EQ(perguntas, 0);
     EXPECT_EQ(leitor.proxima(), std::nullopt);
+    EXPECT_EQ(perguntas, 3);
 }
 
 TEST(LeitorDeLinhas, comoASeparacaoSimplesEmArquivosAoAcaso) {

@@ -7,17 +7,20 @@
 namespace quilatador {
 namespace {
 
-TEST(Interrupcao, primeiroSinalSoLevantaABandeira) {
+TEST(Interrupcao, primeiroSinalSoLevantaABandeiraEOIgnoradoNemIsso) {
     for (const int sinal : {SIGINT, SIGTERM}) {
-        const auto antes = std::signal(sinal, SIG_IGN);
+        const auto antes = std::signal(sinal, SIG_DFL);
         {
             const Interrupcao interrupcao;
             EXPECT_FALSE(interrupcao.pedida());
             std::raise(sinal);
             EXPECT_TRUE(interrupcao.pedida());
         }
-        EXPECT_EQ(std::signal(sinal, antes), SIG_IGN); // as it was before
-        EXPECT_FALSE(Interrupcao().pedida());
+        EXPECT_EQ(std::signal(sinal, SIG_IGN), SIG_DFL); // as it was before
+        const Interrupcao emSegundoPlano;
+        std::raise(sinal);
+        EXPECT_FALSE(emSegundoPlano.pedida());
+        EXPECT_EQ(std::signal(sinal, antes), SIG_IGN);
     }
 }
 

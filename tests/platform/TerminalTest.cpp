@@ -1,5 +1,7 @@
 #include "platform/Terminal.h"
 
+#include "support/VariavelDeAmbiente.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -14,13 +16,14 @@ namespace {
 std::pair<bool, int> erroDesviadoPara(int arquivo) {
     const int anterior = ::dup(STDERR_FILENO);
     ::dup2(arquivo, STDERR_FILENO);
-    const std::pair visto(ehTerminal(Fluxo::Erro), larguraDoTerminal(Fluxo::Erro));
+    const std::pair visto(redesenha(Fluxo::Erro), larguraDoTerminal(Fluxo::Erro));
     ::dup2(anterior, STDERR_FILENO);
     ::close(anterior);
     return visto;
 }
 
 TEST(Terminal, aLarguraQueElaDizOu80) {
+    const testes::VariavelDeAmbiente comum("TERM", "xterm");
     const int nulo = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
     EXPECT_EQ(erroDesviadoPara(nulo), std::pair(false, 80));
     ::close(nulo);
@@ -32,6 +35,10 @@ TEST(Terminal, aLarguraQueElaDizOu80) {
     const winsize tamanho{24, 123, 0, 0};
     EXPECT_EQ(::ioctl(terminal, TIOCSWINSZ, &tamanho), 0);
     EXPECT_EQ(erroDesviadoPara(terminal), std::pair(true, 123));
+    for (const char* tipo : {"dumb", ""}) {
+        const testes::VariavelDeAmbiente outro("TERM", tipo);
+        EXPECT_FALSE(erroDesviadoPara(terminal).first) << tipo;
+    }
     ::close(terminal);
     ::close(mestre);
 }

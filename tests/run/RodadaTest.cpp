@@ -126,7 +126,10 @@ TEST(Rodada, semLogSoAMensagem) {
     for (const auto& [preparar, texto] : casos) {
         Bancada bancada;
         preparar(bancada);
-        EXPECT_EQ(bancada.executar().desfecho, Desfecho::NaoRodou);
+        const Resumo resumo = bancada.executar();
+        EXPECT_EQ(resumo.desfecho, Desfecho::NaoRodou);
+        EXPECT_EQ(resumo.descricao, texto);
+        EXPECT_FALSE(bancada.rodada.logGravado());
         EXPECT_TRUE(bancada.mundo.lancador.textos.empty());
         ASSERT_EQ(bancada.mundo.painel.mensagens.size(), 1u);
         EXPECT_EQ(bancada.mundo.painel.mensagens[0].texto, texto);

@@ -120,6 +120,10 @@ TEST(Depurador, soAUltimaGuiaEhVerificada) {
     EXPECT_EQ(Bancada(boa).depurar().guiasAceitas, 1);
     const Resumo resumo = Bancada(semIdentificacao(letrasDe(boa).rfind('S'))).depurar();
     EXPECT_EQ(std::pair(resumo.guiasAceitas, resumo.guiasRejeitadas), std::pair(0, 1));
+    const std::size_t linhas = letrasDe(boa).size() + 1;
+    const Texto outroTrailer = junta(boa, ultimos(boa, bytesDaLinha));
+    const Texto numero = comZeros(static_cast<long long>(linhas), 6);
+    EXPECT_EQ(Bancada(comCampo(outroTrailer, linhas, campo('Z', "Sequencial"), numero)).depurar().guiasAceitas, 2);
 }
 
 /// Whatever fails, the log never claims success, nothing stays open, and the next run is as if nothing had happened.

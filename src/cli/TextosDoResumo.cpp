@@ -1,0 +1,83 @@
+#include "cli/TextosDoResumo.h"
+
+namespace quilatador {
+
+namespace {
+
+Texto contagem(std::int64_t numero, VistaTexto singular, VistaTexto plural) {
+    return junta(textoDe(numero), " "_t, numero == 1 ? singular : plural);
+}
+
+Texto contarErros(std::int64_t erros) {
+    return contagem(erros, "erro"_t, "erros"_t);
+}
+
+Texto contarOcorrencias(std::int64_t registros) {
+    return contagem(registros, "registro com ocorrência"_t, "registros com ocorrência"_t);
+}
+
+/// How many slips were read, and of which of them the content was checked: the last one alone, and not even that one
+/// where the trailer was not reached.
+Texto guiasDe(const Resumo& resumo) {
+    const Texto lidas = contagem(resumo.guiasDepuradas, "guia lida"_t, "guias lidas"_t);
+    const bool algumaConferida = resumo.guiasAceitas + resumo.guiasRejeitadas > 0;
+    if (!algumaConferida) return junta(lidas, "; nenhuma teve o conteúdo conferido"_t);
+    return resumo.guiasDepuradas == 1 ? lidas : junta(lidas, "; só a última teve o conteúdo conferido"_t);
+}
+
+Texto achadosDe(TipoArquivo tipo, const Resumo& resumo) {
+    switch (tipo) {
+    case TipoArquivo::ZUL702:
+        return junta(contarErros(resumo.totalErros), "; "_t, guiasDe(resumo));
+    case TipoArquivo::ZUL708:
+        return contarOcorrencias(resumo.totalErros);
+    case TipoArquivo::TAV001:
+        return contagem(resumo.totalRegistros, "registro lido"_t, "registros lidos"_t);
+    }
+    return {};
+}
+
+Texto fimDe(TipoArquivo tipo, const Resumo& resumo) {
+    switch (resumo.desfecho) {
+    case Desfecho::Concluida:
+        return achadosDe(tipo, resumo);
+    case Desfecho::Cancelada:
+        return Texto("análise cancelada"_t);
+    case Desfecho::Falhou:
+        return Texto("análise interrompida por erro no arquivo"_t);
+    case Desfecho::NaoRodou:
+        return Texto("não foi possível analisar"_t);
+    }
+    return {};
+}
+
+} // namespace
+
+Texto textoDoResumo(TipoArquivo tipo, const Resumo& resumo) {
+    const Texto fim = fimDe(tipo, resumo);
+    return resumo.descricao.empty() ? fim : junta(fim, ": "_t, resumo.descricao);
+}
+
+void Totais::somar(TipoArquivo tipo, const Resumo& resumo) noexcept {
+    (tipo == TipoArquivo::ZUL708 ? ocorrencias_ : erros_) += resumo.totalErros;
+    if (resumo.desfecho == Desfecho::Concluida) ++(resumo.totalErros == 0 ? semAchados_ : comAchados_);
+    if (resumo.desfecho == Desfecho::Falhou) ++comParada_;
+    if (resumo.desfecho == Desfecho::Cancelada) ++cancelados_;
+}
+
+Texto Totais::texto(std::size_t arquivos) const {
+    const std::size_t naoAnalisados = arquivos - semAchados_ - comAchados_ - comParada_ - cancelados_;
+    Texto linha = junta("Total de "_t, textoDe(static_cast<long long>(arquivos)), " arquivos: "_t, contarErros(erros_));
+    if (ocorrencias_ > 0) linha += junta(", "_t, contarOcorrencias(ocorrencias_));
+    const auto somarFim = [&](std::size_t quantos, VistaTexto singular, VistaTexto plural) {
+        if (quantos > 0) linha += junta("; "_t, contagem(static_cast<std::int64_t>(quantos), singular, plural));
+    };
+    somarFim(semAchados_, "sem erros"_t, "sem erros"_t);
+    somarFim(comAchados_, "com erros ou ocorrências"_t, "com erros ou ocorrências"_t);
+    somarFim(comParada_, "interrompido por erro"_t, "interrompidos por erro"_t);
+    somarFim(cancelados_, "cancelado"_t, "cancelados"_t);
+    somarFim(naoAnalisados, "não analisado"_t, "não analisados"_t);
+    return linha;
+}
+
+} // namespace quilatador
