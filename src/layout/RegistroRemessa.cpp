@@ -30,10 +30,12 @@ void RegistroRemessa::adotarCampos() noexcept {
 }
 
 CampoRemessa& RegistroRemessa::add(CampoRemessa campo) {
+    using Posicao = std::numeric_limits<std::int16_t>;
+    const int inicio = tamanhoAtual_ + 1;
     const int fim = tamanhoAtual_ + campo.Tamanho();
-    if (fim > std::numeric_limits<std::int16_t>::max())
+    if (std::max(inicio, fim) > Posicao::max() || fim < Posicao::min())
         throw Falha(numeroDeFalha::estouro, "RegistroRemessa"_t, "Estouro"_t);
-    campo.inicio(static_cast<std::int16_t>(tamanhoAtual_ + 1));
+    campo.inicio(static_cast<std::int16_t>(inicio));
     campo.Fim(static_cast<std::int16_t>(fim));
     campo.registroPai(this);
     tamanhoAtual_ = static_cast<std::int16_t>(fim);

@@ -31,6 +31,8 @@ TEST(RegistroRemessa, addRecusaNomeRepetidoELinhaComprida) {
     EXPECT_EQ(textoDaFalha([&] { repetido.add(campo("Outro"_t, {.natureza = "S"_t, .tamanho = 32747})); }),
               "6 RegistroRemessa: Estouro"_t);
     EXPECT_EQ(repetido.add(campo("Outro"_t, {.natureza = "S"_t, .tamanho = 32746})).Fim(), 32767);
+    EXPECT_EQ(textoDaFalha([&] { repetido.add(campo("Vazio"_t, {.natureza = "S"_t})); }), // would begin at 32768
+              "6 RegistroRemessa: Estouro"_t);
 }
 
 TEST(RegistroRemessa, reconheceALinhaPeloIdentificador) {
@@ -65,6 +67,13 @@ TEST(RegistroRemessa, lerLinhaParaNoPrimeiroErro) {
         EXPECT_EQ(lido.linha(), ""_t);
         EXPECT_TRUE(!falha.empty() || lido.gerarLinha() == linha) << lido.gerarLinha();
     }
+}
+
+TEST(RegistroRemessa, alemDoFimDaLinhaNaoHaNada) {
+    RegistroRemessa lido = registro();
+    lido.Tamanho(12);
+    lido.lerLinha("B01220240131"_t);
+    EXPECT_EQ(valores(lido), "B;12;31/01/2024;;"_t);
 }
 
 TEST(RegistroRemessa, preguicosoLeOCampoQuandoPedido) {
