@@ -133,7 +133,8 @@ pugi::xml_node obterRaiz(const pugi::xml_document& documento, Painel& painel) {
 } // namespace
 
 std::unique_ptr<ArquivoRemessa> ArquivoRemessaBD::obterArquivoRemessa(const std::filesystem::path& caminho,
-                                                                      Arquivos& arquivos, Painel& painel) {
+                                                                      Arquivos& arquivos, Painel& painel,
+                                                                      const Relogio& relogio) {
     if (!arquivos.existe(caminho)) {
         painel.mensagem({.texto = Texto("Arquivo nao encontrado!"_t), .titulo = Texto(tituloDoPrograma)});
         return nullptr;
@@ -145,7 +146,7 @@ std::unique_ptr<ArquivoRemessa> ArquivoRemessaBD::obterArquivoRemessa(const std:
     const auto lido = documento.load_buffer(conteudo.data(), conteudo.size(), opcoes);
     if (lido.status == pugi::status_out_of_memory) throw std::bad_alloc();
     if (!lido) throw falhaDoLeiaute(junta("não é XML (byte "_t, textoDe(lido.offset), ")"_t));
-    auto arquivo = std::make_unique<ArquivoRemessa>(arquivos);
+    auto arquivo = std::make_unique<ArquivoRemessa>(arquivos, relogio);
     const pugi::xml_node raiz = obterRaiz(documento, painel);
     conferirDocumento(documento);
     for (const pugi::xml_node no : raiz.children())

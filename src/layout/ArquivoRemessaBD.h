@@ -26,9 +26,11 @@ class ArquivoRemessaBD {
   public:
     /// Returns the layout, or null after a message box when the file does not exist. Raises `Falha` 1 when the file is
     /// not XML or a record or field is wrong (the text names the place), 457 for two record types with one name, and
-    /// the failures of `Arquivos`. Another root element raises `FalhaMostrada` after a message box.
+    /// the failures of `Arquivos`. Another root element raises `FalhaMostrada` after a message box. `arquivos` and
+    /// `relogio` must outlive the layout.
     [[nodiscard]] static std::unique_ptr<ArquivoRemessa> obterArquivoRemessa(const std::filesystem::path& caminho,
-                                                                             Arquivos& arquivos, Painel& painel);
+                                                                             Arquivos& arquivos, Painel& painel,
+                                                                             const Relogio& relogio);
 };
 
 } // namespace quilatador

@@ -39,7 +39,7 @@ struct Mundo : testes::MundoFalso {
     explicit Mundo(VistaTexto descricao) { arquivos.conteudo["leiaute.xml"] = descricao; }
 
     std::unique_ptr<ArquivoRemessa> carregar() {
-        return ArquivoRemessaBD::obterArquivoRemessa("leiaute.xml", arquivos, painel);
+        return ArquivoRemessaBD::obterArquivoRemessa("leiaute.xml", arquivos, painel, relogio);
     }
     Texto falha() {
         return testes::textoDaFalha([&] { return carregar(); });
