@@ -130,12 +130,12 @@ BENCHMARK(caracteresEspeciais)->Arg(0)->Arg(1);
 void reconhecimentoDeRegistros(benchmark::State& estado) {
     Mundo mundo(remessa());
     const auto leiaute = ArquivoRemessaBD::obterArquivoRemessa(mundo.ambiente.pastaDoPrograma / "Arquivo_ZUL702.xml",
-                                                               mundo.arquivos, mundo.tela);
+                                                               mundo.arquivos, mundo.tela, mundo.ambiente.relogio);
     leiaute->criarCopias(false);
     std::size_t linhas = 0;
     for (auto _ : estado) {
         leiaute->abrirArquivoEntrada("entrada");
-        for (linhas = 0; !leiaute->lerRegistro(false).linha().empty(); ++linhas) {
+        for (linhas = 0; !leiaute->lerRegistro(false)->linha().empty(); ++linhas) {
         }
     }
     contarLinhas(estado, linhas);
@@ -145,11 +145,11 @@ BENCHMARK(reconhecimentoDeRegistros);
 void leituraDeCampos(benchmark::State& estado) {
     Mundo mundo(remessa());
     const auto leiaute = ArquivoRemessaBD::obterArquivoRemessa(mundo.ambiente.pastaDoPrograma / "Arquivo_ZUL702.xml",
-                                                               mundo.arquivos, mundo.tela);
+                                                               mundo.arquivos, mundo.tela, mundo.ambiente.relogio);
     leiaute->abrirArquivoEntrada("entrada");
-    RegistroRemessa registro = leiaute->lerRegistro(false).copia();
+    RegistroRemessa registro = leiaute->lerRegistro(false)->copia();
     while (registro.nome() != "Y"_t)
-        registro = leiaute->lerRegistro(false).copia();
+        registro = leiaute->lerRegistro(false)->copia();
     for (auto _ : estado)
         for (const auto& campo : registro.campos())
             benchmark::DoNotOptimize(registro.getValorCampo(*campo));

@@ -23,7 +23,8 @@ const std::vector<Lugar>& lugares() {
     static const std::vector<Lugar> todos = [] {
         testes::MundoFalso mundo;
         mundo.arquivos.conteudo["/l.xml"] = leiauteDoPrograma();
-        const auto leiaute = ArquivoRemessaBD::obterArquivoRemessa("/l.xml", mundo.arquivos, mundo.painel);
+        const auto leiaute =
+            ArquivoRemessaBD::obterArquivoRemessa("/l.xml", mundo.arquivos, mundo.painel, mundo.relogio);
         std::vector<Lugar> lidos;
         for (const auto& tipo : leiaute->tiposRegistros())
             for (const auto& campo : tipo->campos())

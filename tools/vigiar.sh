@@ -1,17 +1,19 @@
 #!/usr/bin/env bash
 # Looks for problems that the tests alone do not show. It runs the named jobs, or all of them one after the other:
 #
-#   tools/vigiar.sh [formato|sanitizadores|analise|fuzz|cobertura]...
+#   tools/vigiar.sh [formato|sanitizadores|analise|fuzz|cobertura|pacote]...
 #
 #   formato        clang-format over every source; any difference is a failure
 #   sanitizadores  all tests, also those of the window, with the address and undefined-behaviour sanitizers
 #   analise        clang-tidy and cppcheck over every source
 #   fuzz           every fuzz target for a short time (FUZZ_SECONDS, by default 30)
 #   cobertura      the share of the core's branches that the tests take
+#   pacote         the Debian packages: what they need, that they work unpacked, and which files open the window
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/preparar.sh"
 
 pacotes_da_vigia=(clang clang-format libclang-rt-14-dev clang-tidy cppcheck llvm-14)
+pacotes_da_conferencia=(appstream desktop-file-utils libglib2.0-bin lintian shared-mime-info)
 export QT_QPA_PLATFORM=offscreen
 
 # Runs the tests of a preset and shows only their summary, or all the output when a test fails.
@@ -64,13 +66,19 @@ cobertura() {
     echo "Branches of the core that tests take: $(awk 'END { print $NF }' build/coverage/cobertura.txt)"
 }
 
+pacote() {
+    instalar "${pacotes_da_conferencia[@]}"
+    tools/empacotar.sh >/dev/null
+    tools/conferirPacotes.sh build/package/*.deb
+}
+
 trabalhos=("$@")
-((${#trabalhos[@]})) || trabalhos=(formato sanitizadores analise fuzz cobertura)
+((${#trabalhos[@]})) || trabalhos=(formato sanitizadores analise fuzz cobertura pacote)
 instalar "${pacotes_da_compilacao[@]}" "${pacotes_da_janela[@]}" "${pacotes_dos_testes[@]}" "${pacotes_da_vigia[@]}"
 cd "$raiz"
 for trabalho in "${trabalhos[@]}"; do
     case $trabalho in
-    formato | sanitizadores | analise | fuzz | cobertura) ;;
+    formato | sanitizadores | analise | fuzz | cobertura | pacote) ;;
     *) avisar "Não há o trabalho \"$trabalho\"." && exit 2 ;;
     esac
     avisar "$trabalho..."

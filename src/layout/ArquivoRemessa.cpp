@@ -9,42 +9,38 @@ namespace quilatador {
 
 namespace {
 
-/// Rewrites a file failure for the user: the known conditions have fixed texts.
-Falha falhaDeArquivo(const Falha& falha) {
-    const auto descricao = [&]() -> VistaTexto {
-        switch (falha.numero()) {
-        case numeroDeFalha::nomeDeArquivoInvalido:
-            return "Nome de arquivo inválido!"_t;
-        case numeroDeFalha::arquivoNaoEncontrado:
-            return "Arquivo não encontrado!"_t;
-        case numeroDeFalha::modoDeArquivoInvalido:
-            return "Modo de arquivo inválido!"_t;
-        case numeroDeFalha::arquivoJaAberto:
-            return "Arquivo já está aberto!"_t;
-        case numeroDeFalha::discoCheio:
-            return "Disco cheio!"_t;
-        case numeroDeFalha::erroDeDispositivo:
-            return "Disco com defeito!"_t;
-        default:
-            return falha.descricao();
-        }
-    };
-    return {falha.numero(), "Gravacao"_t, descricao()};
-}
+using Traducao = std::pair<int, VistaTexto>;
 
-/// Runs an operation on a file and rewrites its failures with `falhaDeArquivo`.
+/// The texts that a user sees for the failures of each operation; others keep the one of the system.
+constexpr std::array daAbertura{
+    Traducao(numeroDeFalha::nomeDeArquivoInvalido, "Nome de arquivo inválido!"_t),
+    Traducao(numeroDeFalha::arquivoNaoEncontrado, "Arquivo não encontrado!"_t),
+    Traducao(numeroDeFalha::modoDeArquivoInvalido, "Modo de arquivo inválido!"_t),
+    Traducao(numeroDeFalha::arquivoJaAberto, "Arquivo já está aberto!"_t),
+};
+constexpr std::array daGravacao{
+    Traducao(numeroDeFalha::discoCheio, "Disco cheio!"_t),
+    Traducao(numeroDeFalha::erroDeDispositivo, "Disco com defeito!"_t),
+};
+
+/// Runs an operation on a file and gives its failures their source and, where there is one, their text for the user.
 template <typename Operacao>
-auto comTraducao(Operacao operacao) {
+auto comTraducao(std::span<const Traducao> textos, Operacao operacao) {
     try {
         return operacao();
     } catch (const Falha& falha) {
-        throw falhaDeArquivo(falha);
+        const auto texto = std::ranges::find(textos, falha.numero(), &Traducao::first);
+        throw Falha(falha.numero(), "Gravacao"_t, texto != textos.end() ? texto->second : falha.descricao());
     }
+}
+
+Falha semArquivoAberto() {
+    return {daAbertura.front().first, "Gravacao"_t, daAbertura.front().second};
 }
 
 } // namespace
 
-ArquivoRemessa::ArquivoRemessa(Arquivos& arquivos) : arquivos_(arquivos) {}
+ArquivoRemessa::ArquivoRemessa(Arquivos& arquivos, const Relogio& relogio) : arquivos_(arquivos), relogio_(relogio) {}
 
 std::shared_ptr<RegistroRemessa> ArquivoRemessa::criarRegistro(VistaTexto nome) {
     const auto tipo = std::ranges::find_if(tipos_, [&](const auto& t) { return iguaisSemCaixa(t->nome(), nome); });
@@ -66,47 +62,42 @@ void ArquivoRemessa::addTipoRegistro(std::shared_ptr<RegistroRemessa> registro) 
 }
 
 void ArquivoRemessa::abrirArquivoEntrada(const std::filesystem::path& caminho, LeitorDeLinhas::Desistencia desistir) {
-    saida_.reset();
-    leitor_.reset();
-    leitor_.emplace(comTraducao([&] { return arquivos_.abrirEntrada(caminho); }), std::move(desistir));
+    fecharArquivoEntrada();
+    leitor_.emplace(comTraducao(daAbertura, [&] { return arquivos_.abrirEntrada(caminho); }), std::move(desistir));
 }
 
-RegistroRemessa& ArquivoRemessa::lerRegistro(bool lerCampos) {
-    if (!leitor_) throw falhaDeArquivo(Falha(numeroDeFalha::nomeDeArquivoInvalido, "ArquivoRemessa"_t, {}));
-    const auto comLinha = [&](const Falha& falha) {
-        return falha.comContexto("RegistroRemessa"_t, junta("Linha: "_t, comZeros(contador_, 6)));
+void ArquivoRemessa::fecharArquivoEntrada() {
+    leitor_.reset();
+    const std::unique_ptr<ArquivoSaida> saida = std::move(saida_);
+    if (saida) comTraducao(daGravacao, [&] { saida->fechar(); });
+}
+
+std::shared_ptr<RegistroRemessa> ArquivoRemessa::lerRegistro(bool lerCampos) {
+    if (!leitor_) throw semArquivoAberto();
+    const auto comLinha = [&](auto operacao) {
+        try {
+            return operacao();
+        } catch (const Falha& falha) {
+            throw falha.comContexto("RegistroRemessa"_t, junta("Linha: "_t, comZeros(contador_, 6)));
+        }
     };
     ++contador_;
-    std::optional<VistaTexto> linha;
-    try {
-        linha = leitor_->proxima();
-    } catch (const Falha& falha) {
-        throw comLinha(falha);
-    }
+    const std::optional<VistaTexto> linha = comLinha([&] { return leitor_->proxima(); });
     if (!linha || linha->empty()) {
         --contador_;
-        return semRegistro();
+        return emMaos_ = std::make_shared<RegistroRemessa>();
     }
     const auto tipo = reconhecer(*linha);
     if (!tipo) throw Falha(numeroDeFalha::geral, "ArquivoRemessa"_t, "Tipo de registro não identificado!"_t);
     tipoEmMaos_ = *tipo;
-    if (criarCopias_) copiaEmMaos_ = criarRegistro(tipos_[*tipo]->nome());
-    emMaos_ = criarCopias_ ? copiaEmMaos_.get() : tipos_[*tipo].get();
-    try {
+    comLinha([&] {
+        emMaos_ = criarCopias_ ? criarRegistro(tipos_[*tipo]->nome()) : tipos_[*tipo];
         if (lerCampos)
             emMaos_->lerLinha(*linha);
         else
             emMaos_->linha(*linha);
-    } catch (const Falha& falha) {
-        throw comLinha(falha);
-    }
-    return *emMaos_;
-}
-
-RegistroRemessa& ArquivoRemessa::semRegistro() {
-    vazio_ = RegistroRemessa();
-    emMaos_ = &vazio_;
-    return vazio_;
+    });
+    return emMaos_;
 }
 
 std::optional<std::size_t> ArquivoRemessa::reconhecer(VistaTexto linha) {
@@ -144,21 +135,15 @@ void ArquivoRemessa::prepararMarcas() {
 }
 
 void ArquivoRemessa::abrirArquivoSaida(const std::filesystem::path& caminho) {
-    leitor_.reset();
-    saida_.reset();
-    saida_ = comTraducao([&] { return arquivos_.criarSaida(caminho); });
-}
-
-void ArquivoRemessa::fecharArquivoSaida() {
-    if (saida_) comTraducao([&] { saida_->fechar(); });
-    saida_.reset();
+    fecharArquivoSaida();
+    saida_ = comTraducao(daAbertura, [&] { return arquivos_.criarSaida(caminho); });
 }
 
 void ArquivoRemessa::addRegistro(RegistroRemessa& registro) {
     ++contador_;
     const Texto linha = junta(Diversos::ConverteASC2EBCDIC(registro.gerarLinha()), "\r\n"_t);
-    if (!saida_) throw falhaDeArquivo(Falha(numeroDeFalha::nomeDeArquivoInvalido, "ArquivoRemessa"_t, {}));
-    comTraducao([&] { saida_->escrever(bytesDoTexto(linha)); });
+    if (!saida_) throw semArquivoAberto();
+    comTraducao(daGravacao, [&] { saida_->escrever(bytesDoTexto(linha)); });
 }
 
 void ArquivoRemessa::addRegistros(std::span<RegistroRemessa*> registros) {

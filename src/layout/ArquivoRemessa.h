@@ -3,6 +3,7 @@
 #include "common/Arquivos.h"
 #include "common/LeitorDeLinhas.h"
 #include "layout/RegistroRemessa.h"
+#include "run/Relogio.h"
 
 #include <array>
 #include <cstdint>
@@ -13,11 +14,13 @@
 namespace quilatador {
 
 /// A layout, which is a list of record types, together with access to one file in that layout. First add the record
-/// types (see `ArquivoRemessaBD`) and set `anoCorrente`; then either open a file and call `lerRegistro` until it
-/// returns a record without name and line, or create one and call `addRegistro`. Only one file is open at a time.
+/// types (see `ArquivoRemessaBD`); then either open a file and call `lerRegistro` until it returns a record without
+/// name and line, or create one and call `addRegistro`. Only one file is open at a time, and opening or closing any
+/// closes it.
 class ArquivoRemessa {
   public:
-    explicit ArquivoRemessa(Arquivos& arquivos);
+    /// Keeps references: both must outlive this object, and this object must outlive its records.
+    ArquivoRemessa(Arquivos& arquivos, const Relogio& relogio);
     ArquivoRemessa(const ArquivoRemessa&) = delete;
     ArquivoRemessa& operator=(const ArquivoRemessa&) = delete;
 
@@ -35,41 +38,45 @@ class ArquivoRemessa {
     /// The number of records read or written so far. Opening a file does not reset it.
     [[nodiscard]] std::int32_t contador() const noexcept { return contador_; }
     void contador(std::int32_t contador) noexcept { contador_ = contador; }
-    /// The year that decides the decade of a one-digit year in a date field; 0 until it is set.
-    [[nodiscard]] int anoCorrente() const noexcept { return anoCorrente_; }
-    void anoCorrente(int ano) noexcept { anoCorrente_ = ano; }
+    /// The year that decides the decade of a one-digit year in a date field. It is that of the clock until one is set,
+    /// which lets a run read all its records alike even when a new year begins.
+    [[nodiscard]] int anoCorrente() const { return anoFixado_ ? *anoFixado_ : anoDe(relogio_.hoje()); }
+    void anoCorrente(int ano) noexcept { anoFixado_ = ano; }
 
     /// The record type with this name, or a copy of it (see `criarCopias`). Raises `Falha` 5 for an unknown name.
     [[nodiscard]] std::shared_ptr<RegistroRemessa> criarRegistro(VistaTexto nome);
     /// Adds a record type. Raises `Falha` 457 when there already is one with this name.
     void addTipoRegistro(std::shared_ptr<RegistroRemessa> registro);
 
-    /// Opens a file for reading and closes the one that was open; `desistir` is passed to `LeitorDeLinhas`. Raises the
-    /// failures of `Arquivos::abrirEntrada`, with "Gravacao" as their source.
+    /// Opens a file for reading; `desistir` is passed to `LeitorDeLinhas`. Raises the failures of
+    /// `Arquivos::abrirEntrada` with "Gravacao" as their source and, for 52 to 55, a text of their own; before it those
+    /// of `fecharArquivoEntrada`.
     void abrirArquivoEntrada(const std::filesystem::path& caminho, LeitorDeLinhas::Desistencia desistir = {});
-    void fecharArquivoEntrada() noexcept { leitor_.reset(); }
+    /// Closes the file that is open, whether for reading or for writing. Raises `Falha`, with "Gravacao" as its source,
+    /// when what was written could not be stored.
+    void fecharArquivoEntrada();
     /// The state of the file that is open for reading, or nothing when no file is.
     [[nodiscard]] std::optional<VersaoDoArquivo> versaoDaEntrada() const noexcept {
         return leitor_ ? std::optional(leitor_->versao()) : std::nullopt;
     }
-    /// Reads the next line and returns its record, valid until the next call. `lerCampos` parses all fields at once;
-    /// otherwise each is parsed when asked for. The record has no name and no line after the end of the file or for an
-    /// empty line, which is not counted. Raises `Falha` 1, for an unknown type or, with "Linha: " and the count, for an
-    /// unreadable line.
-    [[nodiscard]] RegistroRemessa& lerRegistro(bool lerCampos);
+    /// Reads the next line and returns its record, which no later call changes unless `criarCopias` is false.
+    /// `lerCampos` parses all fields at once; otherwise each is parsed when asked for. The record has no name and no
+    /// line after the end of the file or for an empty line, which is not counted. Raises `Falha` 52 when no file is
+    /// open for reading, 1 for an unknown type or, with "Linha: " and the count, for an unreadable line.
+    [[nodiscard]] std::shared_ptr<RegistroRemessa> lerRegistro(bool lerCampos);
     /// The record that `lerRegistro` returned last. Before the first call it has no name and no line.
     [[nodiscard]] const RegistroRemessa& registroEmMaos() const noexcept { return *emMaos_; }
     /// The record type of that record, as a 0-based index into `tiposRegistros`.
     [[nodiscard]] std::size_t tipoEmMaos() const noexcept { return tipoEmMaos_; }
 
-    /// Creates a file for writing, replaces an existing one and closes the one that was open. Raises the failures of
-    /// `Arquivos::criarSaida`, with "Gravacao" as their source.
+    /// Creates a file for writing and replaces an existing one. Raises the failures of `Arquivos::criarSaida`, changed
+    /// as those of `abrirArquivoEntrada` are.
     void abrirArquivoSaida(const std::filesystem::path& caminho);
-    /// Closes the file that is open for writing. Raises `Falha`, with "Gravacao" as its source, when the data could not
-    /// be stored.
-    void fecharArquivoSaida();
+    /// The same as `fecharArquivoEntrada`.
+    void fecharArquivoSaida() { fecharArquivoEntrada(); }
     /// Counts the record and writes its line in capitals without accents, followed by CR LF. Raises `Falha` 52 when no
-    /// file is open for writing.
+    /// file is open for writing, and the failures of `ArquivoSaida::escrever` with "Gravacao" as their source and, for
+    /// 57 and 61, a text of their own.
     void addRegistro(RegistroRemessa& registro);
     /// Writes several records in the given order, each as `addRegistro` does.
     void addRegistros(std::span<RegistroRemessa*> registros);
@@ -86,14 +93,14 @@ class ArquivoRemessa {
 
     [[nodiscard]] std::optional<std::size_t> reconhecer(VistaTexto linha);
     void prepararMarcas();
-    RegistroRemessa& semRegistro();
 
     Arquivos& arquivos_;
+    const Relogio& relogio_;
     bool criarCopias_ = true;
     Texto codigoArquivo_;
     std::vector<std::shared_ptr<RegistroRemessa>> tipos_;
     std::int32_t contador_ = 0;
-    int anoCorrente_ = 0;
+    std::optional<int> anoFixado_;
 
     std::vector<Marca> marcas_;
     /// The first mark that can match a line, by the character at `posicaoComum_`. Used only when all marks have the
@@ -105,9 +112,7 @@ class ArquivoRemessa {
 
     std::optional<LeitorDeLinhas> leitor_;
     std::unique_ptr<ArquivoSaida> saida_;
-    RegistroRemessa vazio_;
-    std::shared_ptr<RegistroRemessa> copiaEmMaos_;
-    RegistroRemessa* emMaos_ = &vazio_;
+    std::shared_ptr<RegistroRemessa> emMaos_ = std::make_shared<RegistroRemessa>();
     std::size_t tipoEmMaos_ = 0;
 };
 

@@ -16,6 +16,7 @@ namespace {
 /// No description of fixed-width records needs as much: a larger or deeper file must be something else.
 constexpr std::uint64_t maiorDescricao = 1024 * 1024; // in bytes
 constexpr int maiorProfundidade = 16;
+constexpr double maiorInteiro = std::numeric_limits<std::int16_t>::max();
 
 Falha falhaDoLeiaute(VistaTexto descricao) {
     return {numeroDeFalha::geral, "ArquivoRemessaBD"_t, junta("Leiaute inválido: "_t, descricao)};
@@ -64,14 +65,14 @@ Elemento exigirElemento(pugi::xml_node no, VistaTexto onde) {
     return {no, junta(onde, " \""_t, textoDeUtf8(no.attribute("Nome").value()), "\""_t)};
 }
 
-CampoRemessa lerCampo(const Elemento& elemento, std::int16_t tamanhoDoRegistro) {
+CampoRemessa lerCampo(const Elemento& elemento) {
     constexpr double maiorOcteto = std::numeric_limits<std::uint8_t>::max();
     CampoRemessa campo;
     campo.nome(elemento.texto("Nome"));
     campo.natureza(elemento.texto("Tipo"));
     if (elemento.no.attribute("Alinhamento"))
         campo.alinhamento(static_cast<std::uint8_t>(elemento.numero("Alinhamento", 0, maiorOcteto, true)));
-    campo.Tamanho(static_cast<std::int16_t>(elemento.numero("Tamanho", 1, tamanhoDoRegistro)));
+    campo.Tamanho(static_cast<std::int16_t>(elemento.numero("Tamanho", 0, maiorInteiro)));
     campo.formato(elemento.texto("Formato"));
     campo.numeroDecimais(static_cast<std::uint8_t>(elemento.numero("Decimais", 0, maiorOcteto)));
     const pugi::xml_attribute valor = elemento.no.attribute("Valor");
@@ -89,15 +90,12 @@ void conferirTipo(const RegistroRemessa& registro, VistaTexto onde) {
 std::shared_ptr<RegistroRemessa> lerTipo(const Elemento& elemento) {
     auto registro = std::make_shared<RegistroRemessa>();
     registro->nome(elemento.texto("Nome"));
-    registro->Tamanho(
-        static_cast<std::int16_t>(elemento.numero("Tamanho", 1, std::numeric_limits<std::int16_t>::max(), true)));
+    registro->Tamanho(static_cast<std::int16_t>(elemento.numero("Tamanho", 0, maiorInteiro, true)));
     registro->identificador(elemento.texto("Identificador"));
     for (const pugi::xml_node no : elemento.no.children()) {
         const Elemento campo = exigirElemento(no, junta(elemento.onde, ", Campo"_t));
         try {
-            const CampoRemessa& lido = registro->add(lerCampo(campo, registro->Tamanho()));
-            if (lido.Fim() > registro->Tamanho())
-                throw falhaDoLeiaute(junta(campo.onde, ": passa do fim do registro"_t));
+            registro->add(lerCampo(campo));
         } catch (const Falha& falha) {
             if (falha.fonte() == "ArquivoRemessaBD"_t) throw;
             throw falhaDoLeiaute(junta(campo.onde, ": "_t, falha.descricao()));
@@ -135,7 +133,8 @@ pugi::xml_node obterRaiz(const pugi::xml_document& documento, Painel& painel) {
 } // namespace
 
 std::unique_ptr<ArquivoRemessa> ArquivoRemessaBD::obterArquivoRemessa(const std::filesystem::path& caminho,
-                                                                      Arquivos& arquivos, Painel& painel) {
+                                                                      Arquivos& arquivos, Painel& painel,
+                                                                      const Relogio& relogio) {
     if (!arquivos.existe(caminho)) {
         painel.mensagem({.texto = Texto("Arquivo nao encontrado!"_t), .titulo = Texto(tituloDoPrograma)});
         return nullptr;
@@ -147,7 +146,7 @@ std::unique_ptr<ArquivoRemessa> ArquivoRemessaBD::obterArquivoRemessa(const std:
     const auto lido = documento.load_buffer(conteudo.data(), conteudo.size(), opcoes);
     if (lido.status == pugi::status_out_of_memory) throw std::bad_alloc();
     if (!lido) throw falhaDoLeiaute(junta("não é XML (byte "_t, textoDe(lido.offset), ")"_t));
-    auto arquivo = std::make_unique<ArquivoRemessa>(arquivos);
+    auto arquivo = std::make_unique<ArquivoRemessa>(arquivos, relogio);
     const pugi::xml_node raiz = obterRaiz(documento, painel);
     conferirDocumento(documento);
     for (const pugi::xml_node no : raiz.children())

@@ -20,16 +20,17 @@ class FalhaMostrada : public Falha {
 /// "Decimais", "Valor"; only "Alinhamento" and "Valor" are optional).
 ///
 /// An XML declaration must come first, and the two levels below the root must contain elements only. To keep untrusted
-/// input harmless, a description has at most 1 MiB, 16 levels, one root and no DOCTYPE.
+/// input harmless, a description has at most 1 MiB, 16 levels, one root and no DOCTYPE. A field may be 0 characters
+/// wide or lie beyond the record's "Tamanho", but not beyond position 32767.
 class ArquivoRemessaBD {
   public:
     /// Returns the layout, or null after a message box when the file does not exist. Raises `Falha` 1 when the file is
-    /// not XML or a record or field is wrong; the text names the record, the field and the attribute. Another root
-    /// Returns the layout, or null after a message box when the file does not exist. Raises `Falha` 1 when the file is
     /// not XML or a record or field is wrong (the text names the place), 457 for two record types with one name, and
-    /// the failures of `Arquivos`. Another root element raises `FalhaMostrada` after a message box.
+    /// the failures of `Arquivos`. Another root element raises `FalhaMostrada` after a message box. `arquivos` and
+    /// `relogio` must outlive the layout.
     [[nodiscard]] static std::unique_ptr<ArquivoRemessa> obterArquivoRemessa(const std::filesystem::path& caminho,
-                                                                             Arquivos& arquivos, Painel& painel);
+                                                                             Arquivos& arquivos, Painel& painel,
+                                                                             const Relogio& relogio);
 };
 
 } // namespace quilatador

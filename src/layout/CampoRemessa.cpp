@@ -34,7 +34,7 @@ void CampoRemessa::natureza(Texto natureza) {
                                  : Tipo::SemConversao;
 }
 
-Valor CampoRemessa::interpretar(VistaTexto texto, int anoCorrente) const {
+Valor CampoRemessa::interpretar(VistaTexto texto) const {
     switch (tipo_) {
     case Tipo::DeTexto:
         return alinhamento_ == 1 ? semBrancosAEsquerda(texto) : semBrancosADireita(texto);
@@ -42,7 +42,7 @@ Valor CampoRemessa::interpretar(VistaTexto texto, int anoCorrente) const {
     case Tipo::DeContador:
         return interpretarNumero(texto);
     case Tipo::DeData:
-        return interpretarData(texto, anoCorrente);
+        return interpretarData(texto);
     case Tipo::SemConversao:
         break;
     }
@@ -56,13 +56,14 @@ Valor CampoRemessa::interpretarNumero(VistaTexto texto) const {
     return numeroDecimais_ == 0 ? numero : numero / potenciaDeDez(numeroDecimais_);
 }
 
-Valor CampoRemessa::interpretarData(VistaTexto texto, int anoCorrente) const {
+Valor CampoRemessa::interpretarData(VistaTexto texto) const {
     const bool zerada = texto.size() == formato_.size() && std::ranges::all_of(texto, [](char c) { return c == '0'; });
     if (zerada || semBrancos(texto).empty()) return Valor::Nulo();
     std::optional<Data> data;
     if (formato_ != "ADDD"_t) {
         data = lerData(Diversos::textoDeData(texto, formato_));
-    } else if (const auto juliana = Diversos::String2Data(texto, formato_, anoCorrente)) {
+    } else if (const auto juliana =
+                   Diversos::String2Data(texto, formato_, registroPai_ ? registroPai_->anoCorrente() : 0)) {
         // The date is written month first and read day first, so that day and month are swapped up to the 12th. Kept on
         // purpose, the test `dataJulianaTrocaDiaEMes` holds it.
         data = lerData(formatarData(*juliana, "MM/DD/YYYY"_t));

@@ -47,11 +47,12 @@ class CampoRemessa {
     void Valor(quilatador::Valor valor) { valor_ = std::move(valor); }
 
     /// Converts a text to the value that it means for this field, without changing the field. A blank or all-zero date
-    /// is null, and a field of unknown `natureza` gives its stored value. `anoCorrente` decides the decade of "ADDD".
-    /// Raises `Falha` 1 with "CampoRemessa" as its source for an invalid number or date.
-    [[nodiscard]] quilatador::Valor interpretar(VistaTexto texto, int anoCorrente) const;
+    /// is null, and a field of unknown `natureza` gives its stored value. The decade of "ADDD" follows from
+    /// `RegistroRemessa::anoCorrente`. Raises `Falha` 1 with "CampoRemessa" as its source for an invalid number or
+    /// date, which any "ADDD" is as long as no record with a clock owns the field.
+    [[nodiscard]] quilatador::Valor interpretar(VistaTexto texto) const;
     /// Stores the result of `interpretar`. After a failure the field keeps its old value.
-    void lerTexto(VistaTexto texto, int anoCorrente) { valor_ = interpretar(texto, anoCorrente); }
+    void lerTexto(VistaTexto texto) { valor_ = interpretar(texto); }
     /// The value as text in `Tamanho` characters (a date in the length of its format). A number loses excess decimals
     /// and excess digits on the left. An unusable number becomes 0 and a null text "", also in the field. Raises
     /// `Falha` 5 when a sequence number is too long, 6 when a number with its decimal places is too large.
@@ -63,7 +64,7 @@ class CampoRemessa {
     enum class Tipo : std::uint8_t { DeTexto, DeNumero, DeData, DeContador, SemConversao };
 
     [[nodiscard]] quilatador::Valor interpretarNumero(VistaTexto texto) const;
-    [[nodiscard]] quilatador::Valor interpretarData(VistaTexto texto, int anoCorrente) const;
+    [[nodiscard]] quilatador::Valor interpretarData(VistaTexto texto) const;
     [[nodiscard]] Texto gerarNumero();
     [[nodiscard]] Texto gerarData() const;
     [[nodiscard]] Texto gerarContador() const;

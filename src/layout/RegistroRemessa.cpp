@@ -2,6 +2,7 @@
 
 #include "common/Falha.h"
 #include "layout/ArquivoRemessa.h"
+#include "run/Relogio.h"
 
 #include <algorithm>
 #include <limits>
@@ -16,6 +17,7 @@ RegistroRemessa& RegistroRemessa::operator=(RegistroRemessa&& outro) noexcept {
     linha_ = std::move(outro.linha_);
     campos_ = std::move(outro.campos_);
     identificador_ = std::move(outro.identificador_);
+    relogio_ = outro.relogio_;
     arquivo_ = outro.arquivo_;
     nome_ = std::move(outro.nome_);
     tamanhoAtual_ = outro.tamanhoAtual_;
@@ -30,10 +32,12 @@ void RegistroRemessa::adotarCampos() noexcept {
 }
 
 CampoRemessa& RegistroRemessa::add(CampoRemessa campo) {
+    using Posicao = std::numeric_limits<std::int16_t>;
+    const int inicio = tamanhoAtual_ + 1;
     const int fim = tamanhoAtual_ + campo.Tamanho();
-    if (fim > std::numeric_limits<std::int16_t>::max())
+    if (std::max(inicio, fim) > Posicao::max() || fim < Posicao::min())
         throw Falha(numeroDeFalha::estouro, "RegistroRemessa"_t, "Estouro"_t);
-    campo.inicio(static_cast<std::int16_t>(tamanhoAtual_ + 1));
+    campo.inicio(static_cast<std::int16_t>(inicio));
     campo.Fim(static_cast<std::int16_t>(fim));
     campo.registroPai(this);
     tamanhoAtual_ = static_cast<std::int16_t>(fim);
@@ -55,7 +59,7 @@ void RegistroRemessa::lerLinha(VistaTexto linha) {
         std::size_t posicao = 1;
         for (const auto& campo : campos_) {
             const auto largura = static_cast<std::size_t>(campo->Tamanho());
-            campo->lerTexto(trecho(linha, posicao, largura), anoCorrente());
+            campo->lerTexto(trecho(linha, posicao, largura));
             posicao += largura;
         }
     } catch (const Falha& falha) {
@@ -70,12 +74,18 @@ Texto RegistroRemessa::gerarLinha() {
     return linha;
 }
 
+Valor RegistroRemessa::getValorCampo(VistaTexto nomeCampo) {
+    CampoRemessa& procurado = campo(nomeCampo);
+    if (!linha_.empty()) procurado.lerTexto(textoNaLinha(procurado));
+    return procurado.Valor();
+}
+
 Valor RegistroRemessa::getValorCampo(VistaTexto nomeCampo) const {
     return getValorCampo(campo(nomeCampo));
 }
 
 Valor RegistroRemessa::getValorCampo(const CampoRemessa& campo) const {
-    return linha_.empty() ? campo.Valor() : campo.interpretar(textoNaLinha(campo), anoCorrente());
+    return linha_.empty() ? campo.Valor() : campo.interpretar(textoNaLinha(campo));
 }
 
 Texto RegistroRemessa::getValorCampoString(VistaTexto nomeCampo) const {
@@ -85,10 +95,6 @@ Texto RegistroRemessa::getValorCampoString(VistaTexto nomeCampo) const {
 
 void RegistroRemessa::setValorCampo(VistaTexto nomeCampo, Valor valor) {
     campo(nomeCampo).Valor(std::move(valor));
-}
-
-const CampoRemessa& RegistroRemessa::obterCampo(VistaTexto nomeCampo) const {
-    return campo(nomeCampo);
 }
 
 std::int16_t RegistroRemessa::obterPosicaoCampo(VistaTexto) const noexcept {
@@ -108,8 +114,9 @@ CampoRemessa& RegistroRemessa::campo(VistaTexto nomeCampo) const {
                 junta("Campo inexistente no leiaute: "_t, nomeCampo));
 }
 
-int RegistroRemessa::anoCorrente() const noexcept {
-    return arquivo_ ? arquivo_->anoCorrente() : 0;
+int RegistroRemessa::anoCorrente() const {
+    if (arquivo_) return arquivo_->anoCorrente();
+    return relogio_ ? anoDe(relogio_->hoje()) : 0;
 }
 
 RegistroRemessa RegistroRemessa::copia() const {
@@ -121,6 +128,7 @@ RegistroRemessa RegistroRemessa::copia() const {
         nova.add(campo->copia());
     nova.linha_ = linha_;
     nova.tamanhoAtual_ = tamanhoAtual_;
+    nova.relogio_ = relogio_;
     nova.arquivo_ = arquivo_;
     return nova;
 }

@@ -10,15 +10,19 @@
 namespace quilatador {
 
 class ArquivoRemessa;
+class Relogio;
 
 /// One record type ("segment") of a fixed-width layout, or a record that was read from a line of that type.
 ///
 /// An eager record comes from `lerLinha`: the values are in its fields, and `linha` is empty. A lazy record has only
-/// `linha`; its fields are parsed each time they are asked for, and the result is not stored. So a record type can also
-/// serve as the current record without losing the content that identifies it.
+/// `linha`; a field is parsed each time its value is asked for. Through a record that must not be changed nothing is
+/// stored then, so that a record type can serve as the current record and keep the content that identifies it.
 class RegistroRemessa {
   public:
     RegistroRemessa() = default;
+    /// A record that needs no layout to read "ADDD": `relogio` gives the current year, and must outlive the record and
+    /// its copies.
+    explicit RegistroRemessa(const Relogio& relogio) noexcept : relogio_(&relogio) {}
     RegistroRemessa(RegistroRemessa&& outro) noexcept;
     RegistroRemessa& operator=(RegistroRemessa&& outro) noexcept;
 
@@ -44,8 +48,13 @@ class RegistroRemessa {
     [[nodiscard]] std::int16_t Tamanho() const noexcept { return tamanho_; }
     void Tamanho(std::int16_t tamanho) noexcept { tamanho_ = tamanho; }
 
-    /// Appends a field after the last one and returns the stored field. Raises `Falha` 457 when there already is a
-    /// field with this name (`tamanhoAtual` has grown nevertheless), 6 when the line would exceed 32767 characters.
+    /// The year that decides the decade of a one-digit year in a date field: that of the layout, or without one that of
+    /// the record's own clock; 0 without either.
+    [[nodiscard]] int anoCorrente() const;
+
+    /// Appends a field after the last one and returns the stored field. Nothing compares the sum of the widths with
+    /// `Tamanho`: what lies behind the end of a line reads as an empty text. Raises `Falha` 457 when there already is a
+    /// field with this name (`tamanhoAtual` has grown nevertheless), 6 when a position would exceed 32767.
     CampoRemessa& add(CampoRemessa campo);
     /// Whether the line has the expected content in the identifying field. Raises `Falha` 5 when the record has no such
     /// field.
@@ -57,15 +66,19 @@ class RegistroRemessa {
     /// The texts of all fields in line order. Raises the failures of `CampoRemessa::gerarTexto`.
     [[nodiscard]] Texto gerarLinha();
 
-    /// The value of a field. Raises `Falha` 5 when the record has no field with this name, 1 when the field cannot be
-    /// read. Upper and lower case do not matter in field names, here and in the functions below.
+    /// The value of a field, which the field of a lazy record then keeps if the record may be changed. Raises `Falha` 5
+    /// when the record has no field with this name, 1 when the field cannot be read. Upper and lower case do not matter
+    /// in field names, here and in the functions below.
+    [[nodiscard]] Valor getValorCampo(VistaTexto nomeCampo);
     [[nodiscard]] Valor getValorCampo(VistaTexto nomeCampo) const;
     /// The text of a field as it is in the line, with its blanks and without any check. In an eager record it is the
     /// text generated from the value.
     [[nodiscard]] Texto getValorCampoString(VistaTexto nomeCampo) const;
-    /// Stores the value of a field, or returns the field itself. Raises `Falha` 5 when the record has no such field.
+    /// Stores the value of a field, or returns the field itself, with the value that it has by then. Raises `Falha` 5
+    /// when the record has no such field.
     void setValorCampo(VistaTexto nomeCampo, Valor valor);
-    [[nodiscard]] const CampoRemessa& obterCampo(VistaTexto nomeCampo) const;
+    [[nodiscard]] CampoRemessa& obterCampo(VistaTexto nomeCampo) { return campo(nomeCampo); }
+    [[nodiscard]] const CampoRemessa& obterCampo(VistaTexto nomeCampo) const { return campo(nomeCampo); }
     /// Always 0, because the operation was never completed; nothing may depend on it. Kept on purpose.
     [[nodiscard]] std::int16_t obterPosicaoCampo(VistaTexto nomeCampo) const noexcept;
 
@@ -92,12 +105,12 @@ class RegistroRemessa {
         return trecho(linha, static_cast<std::size_t>(campo.inicio()), static_cast<std::size_t>(tamanho));
     }
     [[nodiscard]] CampoRemessa& campo(VistaTexto nomeCampo) const;
-    [[nodiscard]] int anoCorrente() const noexcept;
     void adotarCampos() noexcept;
 
     Texto linha_;
     std::vector<std::unique_ptr<CampoRemessa>> campos_;
     Texto identificador_;
+    const Relogio* relogio_ = nullptr;
     const quilatador::ArquivoRemessa* arquivo_ = nullptr;
     Texto nome_;
     std::int16_t tamanhoAtual_ = 0;

@@ -75,7 +75,8 @@ Depurador::Depurador(Ambiente& ambiente, modVariaveis& globais, std::atomic<bool
             {.texto = Texto(texto), .titulo = Texto(tituloDeErro), .icone = Mensagem::Icone::Exclamacao});
     };
     try {
-        arquivoRemessa_ = ArquivoRemessaBD::obterArquivoRemessa(ambiente.leiaute(), ambiente.arquivos, ambiente.painel);
+        arquivoRemessa_ = ArquivoRemessaBD::obterArquivoRemessa(ambiente.leiaute(), ambiente.arquivos, ambiente.painel,
+                                                                ambiente.relogio);
     } catch (const FalhaMostrada&) {
         return;
     } catch (const Falha& falha) {

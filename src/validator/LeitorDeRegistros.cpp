@@ -11,7 +11,7 @@ LeitorDeRegistros::LeitorDeRegistros(ArquivoRemessa& leiaute, Rodada& rodada) : 
         const CampoRemessa* tipoReg = campo("TipoReg"_t);
         std::optional<Texto> fixo;
         if (tipoReg && iguaisSemCaixa(tipo->identificador(), "TipoReg"_t) && tipoReg->natureza() == "S"_t)
-            fixo = tipoReg->interpretar(tipoReg->Valor().texto(), 0).texto();
+            fixo = tipoReg->interpretar(tipoReg->Valor().texto()).texto();
         campos_.push_back({fixo, tipoReg, campo("Sequencial"_t), campo("Convenio"_t), campo("IDRegistro"_t)});
     }
 }

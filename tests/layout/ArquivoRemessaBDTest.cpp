@@ -39,7 +39,7 @@ struct Mundo : testes::MundoFalso {
     explicit Mundo(VistaTexto descricao) { arquivos.conteudo["leiaute.xml"] = descricao; }
 
     std::unique_ptr<ArquivoRemessa> carregar() {
-        return ArquivoRemessaBD::obterArquivoRemessa("leiaute.xml", arquivos, painel);
+        return ArquivoRemessaBD::obterArquivoRemessa("leiaute.xml", arquivos, painel, relogio);
     }
     Texto falha() {
         return testes::textoDaFalha([&] { return carregar(); });
@@ -53,6 +53,8 @@ TEST(ArquivoRemessaBD, registrosECamposNaOrdem) {
             <x Nome="Tipo" Tipo="S" Tamanho="1" Formato="" Decimais="0" Valor="A"/>
             <y Nome="Valor" Tipo="N" Alinhamento="1" Tamanho=" 15 posições" Formato="F" Decimais="2 casas"/>
             <z Nome="Largo" Tipo="R" Alinhamento="255" Tamanho="1.5" Formato="&quot;" Decimais="" Valor=""><w/></z>
+            <z Nome="Nada" Tipo="S" Tamanho="0" Formato="" Decimais="0"/>
+            <z Nome="Fora" Tipo="S" Tamanho="300" Formato="" Decimais="0"/>
           </Segmento>
           <Registro Nome="B" Tamanho="32767" Identificador="LARGO">
             <Campo Nome="Largo" Tipo="X" Tamanho="32767" Formato="" Decimais="0"/>
@@ -73,6 +75,8 @@ TEST(ArquivoRemessaBD, registrosECamposNaOrdem) {
                          "  Tipo S0 1-1  0 [A]\n"
                          "  Valor N1 2-16 F 2 nulo\n"
                          "  Largo R255 17-18 \" 0 []\n"
+                         "  Nada S0 19-18  0 nulo\n"
+                         "  Fora S0 19-318  0 nulo\n"
                          "B 32767 LARGO\n"
                          "  Largo X0 1-32767  0 nulo\n"_t);
     EXPECT_TRUE(mundo.arquivos.tudoFechado());
@@ -112,7 +116,7 @@ TEST(ArquivoRemessaBD, falhaDizOndeADescricaoNaoServe) {
     const std::tuple<VistaTexto, VistaTexto, VistaTexto> casos[] = {
         {R"( Tamanho="9")"_t, {}, R"(Registro "A" sem o atributo "Tamanho")"_t},
         {R"("9")"_t, R"("9x")"_t, R"(Registro "A", atributo "Tamanho": valor inválido "9x")"_t},
-        {R"("9")"_t, R"("0")"_t, R"(Registro "A", atributo "Tamanho": valor inválido "0")"_t},
+        {R"("9")"_t, R"("-1")"_t, R"(Registro "A", atributo "Tamanho": valor inválido "-1")"_t},
         {R"("9")"_t, R"("32768")"_t, R"(Registro "A", atributo "Tamanho": valor inválido "32768")"_t},
         {R"( Identificador="Tipo")"_t, {}, R"(Registro "A" sem o atributo "Identificador")"_t},
         {R"("Tipo">)"_t, R"("Tipos">)"_t, R"(Registro "A", atributo "Identificador": não há o campo "Tipos")"_t},
@@ -120,9 +124,8 @@ TEST(ArquivoRemessaBD, falhaDizOndeADescricaoNaoServe) {
         {R"( Formato="AAAAMMDD")"_t, {}, R"(Registro "A", Campo "Data" sem o atributo "Formato")"_t},
         {R"("2")"_t, R"("-1")"_t, R"(Registro "A", Campo "Data", atributo "Decimais": valor inválido "-1")"_t},
         {R"("2")"_t, R"("256")"_t, R"(Registro "A", Campo "Data", atributo "Decimais": valor inválido "256")"_t},
-        {R"("8")"_t, R"("0")"_t, R"(Registro "A", Campo "Data", atributo "Tamanho": valor inválido "0")"_t},
-        {R"("8")"_t, R"("10")"_t, R"(Registro "A", Campo "Data", atributo "Tamanho": valor inválido "10")"_t},
-        {R"("8")"_t, R"("9")"_t, R"(Registro "A", Campo "Data": passa do fim do registro)"_t},
+        {R"("8")"_t, R"("-1")"_t, R"(Registro "A", Campo "Data", atributo "Tamanho": valor inválido "-1")"_t},
+        {R"("8")"_t, R"("32767")"_t, R"(Registro "A", Campo "Data": Estouro)"_t},
         {R"(to="1")"_t, R"(to="D")"_t, R"(Registro "A", Campo "Data", atributo "Alinhamento": valor inválido "D")"_t},
         {R"("Data")"_t, R"("TIPO")"_t, R"(Registro "A", Campo "TIPO": Campo em duplicidade: TIPO)"_t},
         {"<Campo"_t, "<!-- c --><Campo"_t, R"(Registro "A", Campo: há um nó que não é elemento)"_t},

@@ -20,7 +20,7 @@ using Operacao = ArquivosEmMemoria::Operacao;
 
 /// A layout of the record types A and B, and the file "x" with some content.
 struct Bancada {
-    explicit Bancada(VistaTexto conteudo = {}, std::size_t tipos = 2) : arquivo(arquivos) {
+    explicit Bancada(VistaTexto conteudo = {}, std::size_t tipos = 2) : arquivo(arquivos, relogio) {
         for (const VistaTexto letra : {"A"_t, "B"_t})
             if (tipos > 0) arquivo.addTipoRegistro(std::make_shared<RegistroRemessa>(registro(letra)));
         arquivos.conteudo["x"] = Texto(conteudo);
@@ -33,7 +33,7 @@ struct Bancada {
         Texto resultado;
         for (int vez = 0; vez < 6; ++vez) {
             const Texto falha = textoDaFalha([&] {
-                RegistroRemessa& lido = arquivo.lerRegistro(lerCampos);
+                RegistroRemessa& lido = *arquivo.lerRegistro(lerCampos);
                 EXPECT_EQ(&lido, &arquivo.registroEmMaos());
                 resultado += lido.nome().empty() ? Texto("fim"_t)
                                                  : junta(lido.nome(), textoDe(static_cast<int>(arquivo.tipoEmMaos())),
@@ -45,6 +45,7 @@ struct Bancada {
     }
 
     ArquivosEmMemoria arquivos;
+    testes::RelogioFixo relogio;
     ArquivoRemessa arquivo;
 };
 
@@ -66,17 +67,26 @@ TEST(ArquivoRemessa, leCamposOuSoALinha) {
 }
 
 TEST(ArquivoRemessa, copiasOuOsProprios) {
-    Bancada bancada("B001\nB002\n"_t);
+    Bancada bancada("B001\nB002\nB003\n"_t);
     const RegistroRemessa* tipo = bancada.arquivo.tiposRegistros()[1].get();
     EXPECT_NE(bancada.arquivo.criarRegistro("B"_t).get(), tipo);
-    EXPECT_NE(&bancada.arquivo.lerRegistro(false), tipo);
-    EXPECT_EQ(tipo->linha(), ""_t);
+    const auto primeiro = bancada.arquivo.lerRegistro(false);
+    const auto segundo = bancada.arquivo.lerRegistro(false);
+    EXPECT_EQ(junta(primeiro->linha(), segundo->linha(), tipo->linha()), "B001B002"_t);
     bancada.arquivo.criarCopias(false);
     EXPECT_EQ(bancada.arquivo.criarRegistro("b"_t).get(), tipo);
-    EXPECT_EQ(&bancada.arquivo.lerRegistro(false), tipo);
+    EXPECT_EQ(bancada.arquivo.lerRegistro(false).get(), tipo);
     EXPECT_EQ(tipo->ArquivoRemessa(), &bancada.arquivo);
     EXPECT_EQ(textoDaFalha([&] { return bancada.arquivo.criarRegistro("C"_t); }),
               "5 ArquivoRemessa: Registro inexistente no leiaute: C"_t);
+}
+
+TEST(ArquivoRemessa, anoDoRelogioOuOQueFoiFixado) {
+    Bancada bancada("B001\n"_t);
+    const auto lido = bancada.arquivo.lerRegistro(false);
+    EXPECT_EQ(lido->anoCorrente(), 2026);
+    bancada.arquivo.anoCorrente(2030);
+    EXPECT_EQ(lido->anoCorrente(), 2030);
 }
 
 /// Whatever shortens the recognition, the type is the first one whose `isRegistroTipo` holds.
@@ -96,8 +106,7 @@ TEST(ArquivoRemessa, reconheceOPrimeiroTipoQueAceitaALinha) {
             novo->nome(textoDe(tipo));
             novo->identificador(Texto("Id"_t));
             novo->add(campo("Antes"_t, {.natureza = "S"_t, .tamanho = vez % 2 == 0 ? std::int16_t{1} : ate(2)}));
-            const auto largura = static_cast<std::int16_t>(1 + ate(1));
-            novo->add(campo("Id"_t, {.natureza = "S"_t, .tamanho = largura},
+            novo->add(campo("Id"_t, {.natureza = "S"_t, .tamanho = ate(2)},
                             ate(4) == 0 ? Valor(Valor::Nulo()) : Valor(texto(2))));
             bancada.arquivo.addTipoRegistro(std::move(novo));
         }
@@ -105,41 +114,50 @@ TEST(ArquivoRemessa, reconheceOPrimeiroTipoQueAceitaALinha) {
         for (const auto& tipo : bancada.arquivo.tiposRegistros())
             if (esperado == semTipo && tipo->isRegistroTipo(linha)) esperado = tipo->nome();
         Texto lido;
-        const Texto falha = textoDaFalha([&] { lido = bancada.arquivo.lerRegistro(false).nome(); });
+        const Texto falha = textoDaFalha([&] { lido = bancada.arquivo.lerRegistro(false)->nome(); });
         EXPECT_EQ(junta(lido, falha), esperado);
     }
 }
 
 TEST(ArquivoRemessa, falhasDeArquivoTemTextoProprio) {
-    const std::pair<int, VistaTexto> casos[] = {
-        {52, "52 Gravacao: Nome de arquivo inválido!"_t},
-        {53, "53 Gravacao: Arquivo não encontrado!"_t},
-        {54, "54 Gravacao: Modo de arquivo inválido!"_t},
-        {55, "55 Gravacao: Arquivo já está aberto!"_t},
-        {57, "57 Gravacao: Disco com defeito!"_t},
-        {61, "61 Gravacao: Disco cheio!"_t},
-        {75, "75 Gravacao: do sistema"_t},
+    // What the opening says, and what writing and closing say.
+    const std::tuple<int, VistaTexto, VistaTexto> casos[] = {
+        {52, "52 Gravacao: Nome de arquivo inválido!"_t, "52 Gravacao: do sistema"_t},
+        {53, "53 Gravacao: Arquivo não encontrado!"_t, "53 Gravacao: do sistema"_t},
+        {54, "54 Gravacao: Modo de arquivo inválido!"_t, "54 Gravacao: do sistema"_t},
+        {55, "55 Gravacao: Arquivo já está aberto!"_t, "55 Gravacao: do sistema"_t},
+        {57, "57 Gravacao: do sistema"_t, "57 Gravacao: Disco com defeito!"_t},
+        {61, "61 Gravacao: do sistema"_t, "61 Gravacao: Disco cheio!"_t},
     };
-    for (const auto& [numero, esperado] : casos) {
+    for (const auto& [numero, aoAbrir, aoGravar] : casos) {
         Bancada bancada;
-        for (const auto& [operacao, vez] : {std::pair(Operacao::Abrir, 2), {Operacao::Criar, 1}, {Operacao::Fechar, 1}})
+        for (const auto& [operacao, vez] :
+             {std::pair(Operacao::Abrir, 2), {Operacao::Criar, 1}, {Operacao::Escrever, 1}, {Operacao::Fechar, 1}})
             bancada.arquivos.falhar(operacao, vez, Falha(numero, "Sistema"_t, "do sistema"_t));
-        EXPECT_EQ(textoDaFalha([&] { bancada.arquivo.abrirArquivoEntrada("x"); }), esperado);
-        EXPECT_EQ(textoDaFalha([&] { bancada.arquivo.abrirArquivoSaida("y"); }), esperado);
-        bancada.arquivo.abrirArquivoSaida("y");
-        EXPECT_EQ(textoDaFalha([&] { bancada.arquivo.fecharArquivoSaida(); }), esperado);
+        ArquivoRemessa& arquivo = bancada.arquivo;
+        EXPECT_EQ(textoDaFalha([&] { arquivo.abrirArquivoEntrada("x"); }), aoAbrir);
+        EXPECT_EQ(textoDaFalha([&] { arquivo.abrirArquivoSaida("y"); }), aoAbrir);
+        arquivo.abrirArquivoSaida("y");
+        EXPECT_EQ(textoDaFalha([&] { arquivo.addRegistro(*arquivo.criarRegistro("A"_t)); }), aoGravar);
+        EXPECT_EQ(textoDaFalha([&] { arquivo.abrirArquivoEntrada("x"); }), aoGravar); // which closes the other file
     }
-    Bancada fechada;
-    fechada.arquivo.fecharArquivoEntrada();
-    EXPECT_EQ(testes::numeroDaFalha([&] { return &fechada.arquivo.lerRegistro(false); }), 52);
-    EXPECT_EQ(testes::numeroDaFalha([&] { fechada.arquivo.addRegistro(*fechada.arquivo.criarRegistro("A"_t)); }), 52);
+}
+
+TEST(ArquivoRemessa, qualquerFechamentoFechaOCanal) {
+    Bancada bancada;
+    bancada.arquivo.fecharArquivoSaida();
+    EXPECT_EQ(testes::numeroDaFalha([&] { return bancada.arquivo.lerRegistro(false); }), 52);
+    bancada.arquivo.abrirArquivoSaida("y");
+    bancada.arquivo.fecharArquivoEntrada();
+    EXPECT_TRUE(bancada.arquivos.tudoFechado());
+    EXPECT_EQ(testes::numeroDaFalha([&] { bancada.arquivo.addRegistro(*bancada.arquivo.criarRegistro("A"_t)); }), 52);
 }
 
 TEST(ArquivoRemessa, falhaDeLeituraDizALinha) {
     Bancada bancada("A001\n"_t);
     bancada.arquivos.falhar(Operacao::Ler, 2, Falha(57, "Gravacao"_t, "Erro de E/S"_t));
-    EXPECT_EQ(bancada.arquivo.lerRegistro(false).linha(), "A001"_t);
-    EXPECT_EQ(textoDaFalha([&] { return &bancada.arquivo.lerRegistro(false); }),
+    EXPECT_EQ(bancada.arquivo.lerRegistro(false)->linha(), "A001"_t);
+    EXPECT_EQ(textoDaFalha([&] { return bancada.arquivo.lerRegistro(false); }),
               "1 RegistroRemessa: Linha: 000002 - Erro de E/S"_t);
 }
 

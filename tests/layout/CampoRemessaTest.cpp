@@ -3,6 +3,7 @@
 #include "common/Numero.h"
 #include "layout/Leiautes.h"
 #include "support/Falhas.h"
+#include "support/Falsos.h"
 
 #include <gtest/gtest.h>
 
@@ -23,10 +24,12 @@ Texto descrever(const Valor& valor) {
     return junta(valor.comoNumero() ? "= "_t : ""_t, valor.texto());
 }
 
-/// What a field makes of a text: its value, or the failure, which must leave the value that was there.
+/// What a field makes of a text in 2026: its value, or the failure, which must leave the value that was there.
 Texto lido(const Definicao& definicao, VistaTexto texto) {
-    CampoRemessa lendo = campo("X"_t, definicao, "anterior"_t);
-    Texto falha = textoDaFalha([&] { lendo.lerTexto(texto, 2026); });
+    const testes::RelogioFixo relogio(fazData(2026, 3, 10));
+    RegistroRemessa registro = RegistroRemessa(relogio).copia();
+    CampoRemessa& lendo = registro.add(campo("X"_t, definicao, "anterior"_t));
+    Texto falha = textoDaFalha([&] { lendo.lerTexto(texto); });
     if (falha.empty()) return descrever(lendo.Valor());
     EXPECT_EQ(lendo.Valor(), Valor("anterior"_t));
     return falha;
@@ -68,6 +71,8 @@ TEST(CampoRemessa, dataJulianaTrocaDiaEMes) {
     };
     for (const auto& [formato, texto, esperado] : casos)
         EXPECT_EQ(lido({.natureza = "D"_t, .formato = formato}, texto), esperado) << formato << " " << texto;
+    CampoRemessa semRelogio = campo("X"_t, {.natureza = "D"_t, .formato = "ADDD"_t});
+    EXPECT_EQ(textoDaFalha([&] { semRelogio.lerTexto("4034"_t); }), dataInvalida);
 }
 
 TEST(CampoRemessa, valorViraTexto) {

@@ -2,6 +2,7 @@
 
 #include "layout/Leiautes.h"
 #include "support/Falhas.h"
+#include "support/Falsos.h"
 
 #include <gtest/gtest.h>
 
@@ -31,6 +32,8 @@ TEST(RegistroRemessa, addRecusaNomeRepetidoELinhaComprida) {
     EXPECT_EQ(textoDaFalha([&] { repetido.add(campo("Outro"_t, {.natureza = "S"_t, .tamanho = 32747})); }),
               "6 RegistroRemessa: Estouro"_t);
     EXPECT_EQ(repetido.add(campo("Outro"_t, {.natureza = "S"_t, .tamanho = 32746})).Fim(), 32767);
+    EXPECT_EQ(textoDaFalha([&] { repetido.add(campo("Vazio"_t, {.natureza = "S"_t})); }), // would begin at 32768
+              "6 RegistroRemessa: Estouro"_t);
 }
 
 TEST(RegistroRemessa, reconheceALinhaPeloIdentificador) {
@@ -67,16 +70,25 @@ TEST(RegistroRemessa, lerLinhaParaNoPrimeiroErro) {
     }
 }
 
+TEST(RegistroRemessa, alemDoFimDaLinhaNaoHaNada) {
+    RegistroRemessa lido = registro();
+    lido.Tamanho(12);
+    lido.lerLinha("B01220240131"_t);
+    EXPECT_EQ(valores(lido), "B;12;31/01/2024;;"_t);
+}
+
 TEST(RegistroRemessa, preguicosoLeOCampoQuandoPedido) {
     RegistroRemessa lido = registro();
     lido.linha("Z0 220240230A "_t);
-    EXPECT_EQ(textoDaFalha([&] { return lido.getValorCampo("data"_t); }),
-              "1 CampoRemessa: Campo=Data - Campo data inválido"_t); // no segment in front
-    EXPECT_EQ(lido.getValorCampo("TIPO"_t), Valor("Z"_t));
-    EXPECT_EQ(lido.getValorCampo("Texto"_t), Valor("A"_t));
+    EXPECT_EQ(std::as_const(lido).getValorCampo("TIPO"_t), Valor("Z"_t));
     EXPECT_EQ(lido.getValorCampoString("Texto"_t), "A "_t); // as much as the line has, untrimmed
     EXPECT_EQ(lido.getValorCampoString("numero"_t), "0 2"_t);
     EXPECT_EQ(valores(lido), "B;nulo;nulo;nulo;"_t); // nothing read is stored
+    EXPECT_EQ(textoDaFalha([&] { return lido.getValorCampo("data"_t); }),
+              "1 CampoRemessa: Campo=Data - Campo data inválido"_t); // no segment in front
+    EXPECT_EQ(lido.getValorCampo("Texto"_t), Valor("A"_t));
+    EXPECT_EQ(valores(lido), "B;nulo;nulo;A;"_t);
+    EXPECT_EQ(lido.obterCampo("texto"_t).gerarTexto(), "A   "_t);
     EXPECT_EQ(textoDaFalha([&] { lido.setValorCampo("CEP"_t, 1); }),
               "5 RegistroRemessa: Campo inexistente no leiaute: CEP"_t);
     lido.linha(""_t);

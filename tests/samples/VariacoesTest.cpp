@@ -184,8 +184,8 @@ class Variacoes : public testing::TestWithParam<Variacao> {
             if (lugar == Texto::npos) return junta("the layout has no such text: "_t, antes);
             descricao.replace(lugar, antes.size(), depois);
         }
-        const auto leiaute =
-            ArquivoRemessaBD::obterArquivoRemessa("/programa/Arquivo_ZUL702.xml", mundo_.arquivos, mundo_.painel);
+        const auto leiaute = ArquivoRemessaBD::obterArquivoRemessa(mundo_.ambiente.leiaute(), mundo_.arquivos,
+                                                                   mundo_.painel, mundo_.relogio);
         Remessa remessa(*leiaute);
         remessa.mudar(variacao);
         mundo_.arquivos.conteudo["/r.rem"] = remessa.texto();

@@ -31,10 +31,11 @@ std::string preencher(std::string_view modelo) {
     <Campo Nome="Tipo" Tipo="S" Tamanho="1" Formato="" Decimais="0" Valor="B"/>
   </Registro>
 </ArquivoRemessa>)";
-    testes::ArquivosEmMemoria arquivos;
-    testes::PainelFalso painel;
-    arquivos.conteudo["/leiaute.xml"] = textoDosBytes(descricao);
-    return leiautes::preencher(modelo, *ArquivoRemessaBD::obterArquivoRemessa("/leiaute.xml", arquivos, painel));
+    testes::MundoFalso mundo;
+    mundo.arquivos.conteudo["/leiaute.xml"] = textoDosBytes(descricao);
+    const auto leiaute =
+        ArquivoRemessaBD::obterArquivoRemessa("/leiaute.xml", mundo.arquivos, mundo.painel, mundo.relogio);
+    return leiautes::preencher(modelo, *leiaute);
 }
 
 std::string semEntidades(std::string html) {

@@ -4,6 +4,7 @@
 #include "gerarLeiautes/Documento.h"
 #include "layout/ArquivoRemessaBD.h"
 #include "platform/ArquivosDoSistema.h"
+#include "platform/RelogioDoSistema.h"
 
 #include <filesystem>
 #include <fstream>
@@ -38,7 +39,8 @@ void gerar(const std::filesystem::path& descricao, const std::filesystem::path& 
            const std::filesystem::path& saida) {
     ArquivosDoSistema arquivos;
     PainelDeErros painel;
-    const auto leiaute = ArquivoRemessaBD::obterArquivoRemessa(descricao, arquivos, painel);
+    const RelogioDoSistema relogio;
+    const auto leiaute = ArquivoRemessaBD::obterArquivoRemessa(descricao, arquivos, painel, relogio);
     if (!leiaute) throw Falha(numeroDeFalha::arquivoNaoEncontrado, "Gravacao"_t, textoDoCaminho(descricao));
     const std::string documento = leiautes::preencher(lerModelo(modelo), *leiaute);
     std::filesystem::create_directories(saida.parent_path());

@@ -1,0 +1,16 @@
+# Run by `cpack` at its end. Without dpkg-shlibdeps CPack makes a package that asks for no library, installs anywhere and
+# starts nowhere; so a package without the libraries that its program is known to need is an error, and is removed.
+foreach(pacote IN LISTS CPACK_PACKAGE_FILES)
+  execute_process(COMMAND dpkg-deb --field ${pacote} Depends OUTPUT_VARIABLE dependencias ERROR_QUIET)
+  set(exigidas libc6 libstdc++6 libpugixml1v5 libsqlite3-0)
+  if(pacote MATCHES "/quilatador_")
+    list(APPEND exigidas quilatador-cli libqt6widgets6)
+  endif()
+  foreach(exigida IN LISTS exigidas)
+    string(FIND ", ${dependencias}" ", ${exigida}" lugar)
+    if(lugar EQUAL -1)
+      file(REMOVE ${pacote})
+      message(FATAL_ERROR "${pacote} would not depend on ${exigida}. Is dpkg-shlibdeps (package dpkg-dev) there?")
+    endif()
+  endforeach()
+endforeach()
