@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <mutex>
 #include <sys/wait.h>
 #include <thread>
 
@@ -49,11 +50,28 @@ TEST(LancadorDoSistema, nomeChegaInteiroESemTerminalNemRestos) {
     }
 }
 
-TEST(LancadorDoSistema, semProgramaNadaAcontece) {
+TEST(LancadorDoSistema, contaOQueNenhumProgramaAbriu) {
     const testes::PastaTemporaria pasta;
     const testes::VariavelDeAmbiente caminhos("PATH", pasta.caminho());
-    LancadorDoSistema().abrirTexto("/tmp/a.log");
-    EXPECT_TRUE(semFilhos());
+    std::mutex vez;
+    std::vector<std::filesystem::path> contados;
+    const auto quantos = [&] {
+        const std::lock_guard tranca(vez);
+        return contados.size();
+    };
+    LancadorDoSistema lancador([&](const std::filesystem::path& caminho) {
+        const std::lock_guard tranca(vez);
+        contados.push_back(caminho);
+    });
+    lancador.abrirTexto("/tmp/a.log"); // there is not even the desktop's opener
+    EXPECT_EQ(quantos(), 1u);
+    for (const auto& [fim, conta] : {std::pair{"0", false}, {"2", false}, {"3", true}, {"4", true}}) {
+        contados.clear();
+        const auto programa = pasta.escrever("xdg-open", "#!/bin/sh\nexit " + std::string(fim) + "\n");
+        std::filesystem::permissions(programa, std::filesystem::perms::owner_all);
+        lancador.abrirDocumento("/tmp/a.log");
+        EXPECT_TRUE(esperar([&] { return semFilhos() && quantos() == (conta ? 1u : 0u); })) << fim;
+    }
 }
 
 } // namespace
