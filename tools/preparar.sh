@@ -8,7 +8,7 @@ pacotes_da_compilacao=(
     libpugixml-dev libsqlite3-dev libcli11-dev nlohmann-json3-dev
 )
 pacotes_da_janela=(qt6-base-dev qt6-svg-dev)
-pacotes_dos_testes=(libgtest-dev locales)
+pacotes_dos_testes=(libgtest-dev locales xvfb xauth openbox)
 
 raiz=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 

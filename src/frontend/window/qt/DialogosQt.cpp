@@ -30,8 +30,8 @@ QString pastaInicial() {
 
 } // namespace
 
-void DialogosQt::mensagem(QWidget& janela, const Mensagem& mensagem) {
-    QMessageBox caixa(&janela);
+void DialogosQt::mensagem(QWidget* janela, const Mensagem& mensagem) {
+    QMessageBox caixa(janela);
     caixa.setIcon(mensagem.icone == Mensagem::Icone::Exclamacao ? QMessageBox::Warning : QMessageBox::NoIcon);
     caixa.setWindowTitle(paraQt(mensagem.titulo));
     caixa.setTextFormat(Qt::PlainText); // a file name may contain "<" and "&"

@@ -7,7 +7,7 @@ namespace quilatador {
 /// The dialogs that the user sees.
 class DialogosQt final : public Dialogos {
   public:
-    void mensagem(QWidget& janela, const Mensagem& mensagem) override;
+    void mensagem(QWidget* janela, const Mensagem& mensagem) override;
     /// Starts at the file chosen before. Without one, it starts in "C:\" on Windows and in the user's home elsewhere.
     [[nodiscard]] std::optional<std::filesystem::path> escolherArquivo(QWidget& janela,
                                                                        const std::filesystem::path& ultimo) override;

@@ -70,7 +70,7 @@ void TelaQt::processarEventos() {
 }
 
 void TelaQt::mensagem(const Mensagem& mensagem) {
-    dialogos_.mensagem(janela_, mensagem);
+    dialogos_.mensagem(&janela_, mensagem);
 }
 
 std::optional<double> TelaQt::primeirasGuias() const {
@@ -103,6 +103,8 @@ void TelaQt::escrever(Controle controle, VistaTexto texto) {
         caixa->setText(paraQt(texto));
     else if (auto* lista = qobject_cast<QComboBox*>(widget(controle)))
         lista->setCurrentText(paraQt(texto));
+    else if (auto* rotulo = qobject_cast<QLabel*>(widget(controle)))
+        rotulo->setText(paraQt(texto));
 }
 
 void TelaQt::nomeArquivo(const std::filesystem::path& caminho) {

@@ -138,28 +138,74 @@ TEST_F(Execucao, pedidoDeForaCancelaEFechaOLog) {
     EXPECT_TRUE(mundo.arquivos.conteudo["/d/grande.log"].ends_with(fimCancelado));
 }
 
-TEST_F(Execucao, nemATeclaEnterFogeDaConferenciaDaPosicao) {
+/// Enter leaves no box, so that only the test of OK itself is made. A click leaves the box, however quick it is.
+TEST_F(Execucao, oOKConfereOFormatoEUmCliqueTambemAPosicao) {
     pedir("/d/remessa.rem", testes::remessa());
     escolher("chkData");
     controle<QComboBox>("cmbFormato")->setCurrentText(QStringLiteral("AAAAMMDD"));
-    for (const auto& [posicao, mensagem] :
-         {std::pair{"19", "Posição da data no código de barras deve estar entre 20 e 41 (limites do campo livre)!"},
-          {"37", "Posição da data no código de barras para este formato não pode ser maior que 36"},
-          {"36", "Análise finalizada!"}}) {
-        EXPECT_EQ(legenda("cmdCancela"), "&Sair");
+    struct Caso {
+        const char* posicao;
+        const char* mensagem;
+        const char* foco;
+    };
+    for (const auto& [posicao, mensagem, foco] :
+         {Caso{"37", "Posição da data no código de barras para este formato não pode ser maior que 36", "txtPosicao"},
+          Caso{"36", "Análise finalizada!", "txtNomeArquivo"}, Caso{"19", "Análise finalizada!", "txtNomeArquivo"}}) {
         digitar("txtPosicao", posicao);
         QTest::keyClick(controle("txtPosicao"), Qt::Key_Return);
         QApplication::processEvents();
         EXPECT_EQ(dialogos.textos(), Textos{mensagem});
-        EXPECT_EQ(focado(), mundo.lancador.textos.empty() ? "txtPosicao" : "txtNomeArquivo");
+        EXPECT_EQ(focado(), foco);
         EXPECT_TRUE(naFaceDoPedido());
     }
     digitar("txtPosicao", "19");
-    escolher("optTAV"); // which has no such position
+    clicar("cmdOK");
     QApplication::processEvents();
-    dialogos.mensagens.clear();
+    EXPECT_EQ(dialogos.textos(),
+              Textos{"Posição da data no código de barras deve estar entre 20 e 41 (limites do campo livre)!"});
+    EXPECT_EQ(focado(), "txtPosicao");
+    escolher("optTAV"); // which has no such position
     clicar("cmdOK");
     EXPECT_EQ(dialogos.textos(), Textos{"Análise finalizada!"});
+}
+
+/// Also where the desktop has Enter press option buttons and check boxes.
+TEST_F(Execucao, aTeclaEnterPressionaOKDeTodoLugar) {
+    pedir("/d/remessa.rem", testes::remessa());
+    escolher("chkData");
+    escolher("optPrimeirasGuias");
+    for (const char* nome : {"txtNomeArquivo", "opt702", "chkData", "txtPosicao", "cmbFormato", "optPrimeirasGuias",
+                             "txtNumeroDetalhes", "cmdOK"})
+        for (const auto tecla : {Qt::Key_Return, Qt::Key_Enter}) {
+            controle(nome)->setFocus();
+            QTest::keyClick(janela.focusWidget(), tecla);
+            EXPECT_EQ(dialogos.textos(), Textos{"Análise finalizada!"}) << nome;
+        }
+    EXPECT_TRUE(controle<QCheckBox>("chkData")->isChecked());
+}
+
+TEST_F(Execucao, oTempoComecaComARodada) {
+    for (const char* falta : {"/programa/Arquivo_ZUL702.xml", "/d/remessa.rem"}) {
+        pedir("/d/remessa.rem", testes::remessa());
+        mundo.arquivos.conteudo.erase(falta);
+        clicar("cmdOK");
+        EXPECT_TRUE(legenda("lblTempoDecorrido").starts_with("00:00:")) << falta;
+    }
+}
+
+TEST_F(Execucao, umaExcecaoEContadaEAJanelaContinua) {
+    pedir("/d/remessa.rem", testes::remessa());
+    for (const auto& [excecao, mensagem] :
+         {std::pair<void (*)(), const char*>{[] { throw std::bad_alloc(); }, "Memória insuficiente!"},
+          {[] { throw std::runtime_error("ação"); }, "Ocorreu um erro inesperado: ação"},
+          {[] { throw 1; }, "Ocorreu um erro inesperado."},
+          {nullptr, "Análise finalizada!"}}) {
+        dialogos.falha = excecao;
+        clicar("cmdOK");
+        EXPECT_EQ(dialogos.textos(), Textos{mensagem});
+        EXPECT_TRUE(naFaceDoPedido() && habilitado("cmdOK"));
+        EXPECT_EQ(legenda("cmdCancela"), "&Fechar");
+    }
 }
 
 } // namespace

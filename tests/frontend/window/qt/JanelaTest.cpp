@@ -1,5 +1,6 @@
 #include "frontend/window/qt/JanelaDeTeste.h"
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QDropEvent>
 #include <QMimeData>
@@ -24,13 +25,16 @@ const char* tipoDe(const QWidget& widget) {
 /// What a user meets: caption, what a screen reader says, hint, and how it stands.
 QString descricao(const QWidget& widget) {
     QStringList partes{widget.objectName(), QLatin1String(tipoDe(widget))};
-    for (const char* propriedade : {"text", "title", "currentText", "accessibleName", "toolTip"})
+    for (const char* propriedade : {"text", "title", "currentText", "toolTip"})
         partes += widget.property(propriedade).toString().simplified();
+    auto* ouvido = QAccessible::queryAccessibleInterface(const_cast<QWidget*>(&widget));
+    partes.insert(3, ouvido->text(QAccessible::Name).simplified());
     if (!widget.isVisible()) partes += QStringLiteral("hidden");
     if (!widget.isEnabled()) partes += QStringLiteral("off");
     if (widget.property("checked").toBool()) partes += QStringLiteral("chosen");
     if (widget.property("default").toBool()) partes += QStringLiteral("default");
     partes.removeAll(QString());
+    partes.removeDuplicates();
     return partes.join(u" | ");
 }
 
@@ -46,6 +50,7 @@ TEST_F(JanelaDeTeste, osControlesSaoOsDaLista) {
     const auto* formato = controle<QComboBox>("cmbFormato");
     for (int i = 0; i < formato->count(); ++i)
         linhas += QStringLiteral("cmbFormato | ") + formato->itemText(i);
+    linhas += descricao(*formato->lineEdit());
     EXPECT_EQ(linhas.join(u'\n').toStdString() + "\n", testes::lerTudo(QUILATADOR_CONTROLES));
 }
 
@@ -171,6 +176,68 @@ TEST_F(JanelaDeTeste, oArquivoSoltoViraOPedido) {
     }
 }
 
+/// Whichever way a new name comes, its type is chosen once; the user may then choose another.
+TEST_F(JanelaDeTeste, oTipoDeUmNomeNovoEReconhecidoUmaVez) {
+    mundo.arquivos.conteudo["/d/a"] = "A2"_t;
+    mundo.arquivos.conteudo["/d/b"] = "A1000000000ZUL708"_t;
+    mundo.arquivos.conteudo["/d/c"] = "?"_t;
+    abrir();
+    const auto deixar = [&] {
+        controle("txtNomeArquivo")->setFocus();
+        QTest::keyClick(controle("txtNomeArquivo"), Qt::Key_Tab);
+    };
+    const std::function<void(const char*)> modos[] = {[&](const char* nome) {
+                                                          digitar("txtNomeArquivo", nome);
+                                                          deixar();
+                                                      },
+                                                      [&](const char* nome) {
+                                                          dialogos.escolhido = nome;
+                                                          clicar("cmdProcura");
+                                                      },
+                                                      [&](const char* nome) { aplicacao.receber(nome); }};
+    for (const auto& tomar : modos) {
+        for (const auto& [nome, opcao, aviso] :
+             {std::tuple{"/d/a", "optTAV", ""},
+              {"/d/b", "opt708", ""},
+              {"/d/c", "opt708", "Tipo não reconhecido pelo conteúdo. Confira o tipo escolhido."}}) {
+            tomar(nome);
+            EXPECT_EQ(texto("txtNomeArquivo"), nome);
+            EXPECT_TRUE(controle<QRadioButton>(opcao)->isChecked()) << nome;
+            EXPECT_EQ(legenda("lblAviso"), aviso) << nome;
+        }
+        tomar("/d/a");
+        escolher("opt702");
+        deixar();
+        EXPECT_TRUE(controle<QRadioButton>("opt702")->isChecked());
+    }
+    digitar("txtNomeArquivo", "/d/nada");
+    EXPECT_EQ(legenda("lblAviso"), "");
+    deixar();
+    EXPECT_EQ(legenda("lblAviso"), "Não existe arquivo com este nome.");
+    EXPECT_EQ(dialogos.textos(), Textos{});
+    aplicacao.receber("/d/nenhum");
+    EXPECT_EQ(dialogos.textos(), Textos{"Arquivo não encontrado: /d/nenhum"});
+}
+
+/// As on a screen of 1024 by 600 that shows everything at twice its size.
+TEST_F(JanelaDeTeste, cabeNumaTelaPequena) {
+    abrir();
+    EXPECT_LE(janela.sizeHint().width(), 510);
+    janela.resize(510, 270);
+    EXPECT_EQ(janela.height(), 270);
+    for (const char* nome : {"optPrimeirasGuias", "txtNomeArquivo", "cmdOK"}) {
+        controle(nome)->setFocus();
+        EXPECT_EQ(controle(nome)->visibleRegion().boundingRect(), controle(nome)->rect()) << nome;
+    }
+}
+
+TEST_F(JanelaDeTeste, dizOndeEstaOArquivoQueNenhumProgramaAbriu) {
+    mundo.arquivos.conteudo["/d/a.log"] = {};
+    aplicacao.semPrograma("/d/b.log"); // which does not exist
+    aplicacao.semPrograma("/d/a.log");
+    EXPECT_EQ(dialogos.textos(), Textos{"Nenhum programa deste computador abriu o arquivo:\n/d/a.log"});
+}
+
 TEST_F(JanelaDeTeste, oTecladoChegaATudo) {
     abrir();
     escolher("chkData");
@@ -184,6 +251,15 @@ TEST_F(JanelaDeTeste, oTecladoChegaATudo) {
     EXPECT_EQ(ordem, (Textos{"txtNomeArquivo", "cmdProcura", "opt702", "chkData", "txtPosicao", "cmbFormato",
                              "optPrimeirasGuias", "txtNumeroDetalhes", "cmdOK", "cmdCancela", "cmdAjuda", "cmdLayout",
                              "cmdSobre", "txtNomeArquivo"}));
+    QSet<QKeySequence> teclas;
+    qsizetype comTecla = 0;
+    for (const auto* botao : janela.findChildren<QAbstractButton*>())
+        if (botao->isVisible() && !botao->shortcut().isEmpty()) teclas += botao->shortcut(), ++comTecla;
+    EXPECT_EQ(teclas.size(), comTecla); // no key serves two
+    for (auto* rotulo : janela.findChildren<QLabel*>())
+        if (rotulo->text() == QStringLiteral("Retorno de Liquidação")) QTest::mouseClick(rotulo, Qt::LeftButton);
+    EXPECT_TRUE(controle<QRadioButton>("optTAV")->isChecked());
+    escolher("opt702");
     controle("opt702")->setFocus();
     QTest::keyClick(controle("opt702"), Qt::Key_Down);
     EXPECT_TRUE(controle<QRadioButton>("opt708")->isChecked());
