@@ -3,6 +3,7 @@
 #include "common/Texto.h"
 #include "run/Progresso.h"
 
+#include <filesystem>
 #include <optional>
 
 namespace quilatador {
@@ -46,6 +47,14 @@ class Painel {
     virtual void processarEventos() = 0;
     /// Shows a message box and waits until the user closes it.
     virtual void mensagem(const Mensagem& mensagem) = 0;
+    /// The log cannot be written to `recusado`, and `recusa` says why. Shows that message and returns the place that
+    /// the user chooses instead, which is checked like the first and may be refused as well; nothing to give up. A
+    /// display that offers no choice need not override it.
+    [[nodiscard]] virtual std::optional<std::filesystem::path>
+    outroLugarParaOLog(const Mensagem& recusa, const std::filesystem::path& /*recusado*/) {
+        mensagem(recusa);
+        return std::nullopt;
+    }
     /// How many slips ("guias") the user wants to have checked; nothing means all. It is asked again for each slip.
     [[nodiscard]] virtual std::optional<double> primeirasGuias() const = 0;
 };

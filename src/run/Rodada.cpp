@@ -61,24 +61,37 @@ Resumo Rodada::executar(Analise& analise) {
     return resumo_;
 }
 
-/// Returns false after a message box when the log cannot be created, or when it would overwrite a file that must not be
-/// lost.
+/// Returns false if the log cannot be created and the user chooses no other place for it.
 bool Rodada::criarLog() {
-    const auto recusar = [&](VistaTexto motivo) {
-        avisar(junta(motivo, textoDoCaminho(nomeArquivoLog_)));
-        return false;
-    };
-    if (ambiente_.arquivos.mesmoArquivo(pedido_.nomeArquivo, nomeArquivoLog_))
-        return recusar("O arquivo de log seria o próprio arquivo analisado: "_t);
-    for (const std::filesystem::path& doPrograma : {ambiente_.leiaute(), ambiente_.bancoDeDados()})
-        if (ambiente_.arquivos.mesmoArquivo(doPrograma, nomeArquivoLog_))
-            return recusar("O arquivo de log seria um arquivo do próprio programa: "_t);
+    while (const auto motivo = tentarCriarLog()) {
+        const auto outro = ambiente_.painel.outroLugarParaOLog(problema(*motivo), nomeArquivoLog_);
+        if (!outro) return false;
+        nomeArquivoLog_ = *outro;
+    }
+    return true;
+}
+
+/// Returns the reason if the log could not be created.
+std::optional<Texto> Rodada::tentarCriarLog() {
+    const auto recusa = [&](VistaTexto motivo) { return junta(motivo, textoDoCaminho(nomeArquivoLog_)); };
+    if (const VistaTexto proibicao = proibicaoDoLog(); !proibicao.empty()) return recusa(proibicao);
     try {
         log_ = std::make_unique<RelatorLog>(ambiente_.arquivos.criarSaida(nomeArquivoLog_));
-        return true;
+        return std::nullopt;
     } catch (const Falha&) {
-        return recusar("Erro na criacao do arquivo de log: "_t);
+        return recusa("Erro na criacao do arquivo de log: "_t);
     }
+}
+
+/// Why the log must not even be tried at its place, where it would overwrite a file that must not be lost; "" if it
+/// may.
+VistaTexto Rodada::proibicaoDoLog() const {
+    if (ambiente_.arquivos.mesmoArquivo(pedido_.nomeArquivo, nomeArquivoLog_))
+        return "O arquivo de log seria o próprio arquivo analisado: "_t;
+    for (const std::filesystem::path& doPrograma : {ambiente_.leiaute(), ambiente_.bancoDeDados()})
+        if (ambiente_.arquivos.mesmoArquivo(doPrograma, nomeArquivoLog_))
+            return "O arquivo de log seria um arquivo do próprio programa: "_t;
+    return {};
 }
 
 void Rodada::rodar(Analise& analise) {
@@ -169,10 +182,14 @@ void Rodada::iniciarFase(std::int32_t total) {
     ambiente_.painel.iniciarProgresso({.totalRegistros = total, .inicio = progresso_.inicio});
 }
 
+Mensagem Rodada::problema(VistaTexto texto) const {
+    return {.texto = Texto(texto),
+            .titulo = Texto(dizeresDe(pedido_.tipoArquivo).tituloDoErro),
+            .icone = Mensagem::Icone::Exclamacao};
+}
+
 void Rodada::avisar(VistaTexto texto) {
-    ambiente_.painel.mensagem({.texto = Texto(texto),
-                               .titulo = Texto(dizeresDe(pedido_.tipoArquivo).tituloDoErro),
-                               .icone = Mensagem::Icone::Exclamacao});
+    ambiente_.painel.mensagem(problema(texto));
 }
 
 } // namespace quilatador

@@ -43,8 +43,9 @@ class Rodada {
     Rodada& operator=(const Rodada&) = delete;
 
     /// Runs an analysis, and opens its log in the editor of the system if the log could be completed. An unreadable
-    /// input and a structural finding become lines of the log. A log that cannot be created or written, and a lack of
-    /// memory, are shown in a message box. The listeners always get the summary.
+    /// input and a structural finding become lines of the log. Where the log cannot be created, the display may offer
+    /// another place. A log that cannot be written, and a lack of memory, are shown in a message box. The listeners
+    /// always get the summary.
     Resumo executar(Analise& analise);
 
     /// Writes a plain line.
@@ -71,6 +72,7 @@ class Rodada {
     void conferirEntrada(const std::optional<VersaoDoArquivo>& agora);
 
     [[nodiscard]] const std::filesystem::path& nomeArquivo() const noexcept { return pedido_.nomeArquivo; }
+    /// The path of the log: the one that the user chose if the first could not be written.
     [[nodiscard]] const std::filesystem::path& nomeArquivoLog() const noexcept { return nomeArquivoLog_; }
     [[nodiscard]] Ambiente& ambiente() noexcept { return ambiente_; }
     [[nodiscard]] Painel& painel() noexcept { return ambiente_.painel; }
@@ -84,10 +86,13 @@ class Rodada {
 
   private:
     [[nodiscard]] bool criarLog();
+    [[nodiscard]] std::optional<Texto> tentarCriarLog();
+    [[nodiscard]] VistaTexto proibicaoDoLog() const;
     void rodar(Analise& analise);
     [[nodiscard]] Desfecho percorrer(Analise& analise);
     [[nodiscard]] bool alterada(const std::optional<VersaoDoArquivo>& agora) const noexcept;
     [[nodiscard]] Desfecho naoCompletar(Desfecho desfecho, VistaTexto descricao);
+    [[nodiscard]] Mensagem problema(VistaTexto texto) const;
     void avisar(VistaTexto texto);
     void entregarLinhas(VistaTexto linhas);
 

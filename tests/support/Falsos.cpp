@@ -39,6 +39,13 @@ void PainelFalso::mensagem(const Mensagem& mensagem) {
     mensagens.push_back(mensagem);
 }
 
+std::optional<std::filesystem::path> PainelFalso::outroLugarParaOLog(const Mensagem& recusa,
+                                                                     const std::filesystem::path& recusado) {
+    mensagem(recusa);
+    const auto outro = outrosLugares.find(recusado);
+    return outro == outrosLugares.end() ? std::nullopt : std::optional(outro->second);
+}
+
 void PainelFalso::naLinha(std::int32_t linha, std::function<void()> acao, int fase) {
     quando_ = {fase, linha};
     acao_ = std::move(acao);

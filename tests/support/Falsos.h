@@ -51,6 +51,8 @@ class PainelFalso final : public Painel {
     void concluirProgresso(const Progresso& progresso) override;
     void processarEventos() override;
     void mensagem(const Mensagem& mensagem) override;
+    [[nodiscard]] std::optional<std::filesystem::path>
+    outroLugarParaOLog(const Mensagem& recusa, const std::filesystem::path& recusado) override;
     [[nodiscard]] std::optional<double> primeirasGuias() const override { return primeiras; }
 
     /// Calls `acao` when record `linha` (1-based) of phase `fase` (1-based) is shown.
@@ -61,6 +63,8 @@ class PainelFalso final : public Painel {
     std::vector<Texto> chamadas;
     std::vector<Mensagem> mensagens;
     std::optional<double> primeiras; ///< answer of `primeirasGuias`
+    /// Answers of `outroLugarParaOLog`, by the refused place; none for the others.
+    std::map<std::filesystem::path, std::filesystem::path> outrosLugares;
 
   private:
     void anotar(VistaTexto operacao, const Progresso& progresso);
