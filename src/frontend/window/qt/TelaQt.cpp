@@ -73,6 +73,11 @@ void TelaQt::mensagem(const Mensagem& mensagem) {
     dialogos_.mensagem(&janela_, mensagem);
 }
 
+std::optional<std::filesystem::path> TelaQt::outroLugarParaOLog(const Mensagem& recusa,
+                                                                const std::filesystem::path& recusado) {
+    return dialogos_.escolherLog(janela_, recusa, recusado);
+}
+
 std::optional<double> TelaQt::primeirasGuias() const {
     return janela_.pedido->primeirasGuias();
 }

@@ -193,6 +193,16 @@ TEST_F(Execucao, oTempoComecaComARodada) {
     }
 }
 
+TEST_F(Execucao, oLogVaiParaOndeOUsuarioEscolhe) {
+    pedir("/d/remessa.rem", testes::remessa());
+    mundo.arquivos.falhar(testes::ArquivosEmMemoria::Operacao::Criar, 1, testes::discoCheio);
+    dialogos.escolhido = "/outra/x.log";
+    clicar("cmdOK");
+    EXPECT_EQ(dialogos.textos(), (Textos{"Erro na criacao do arquivo de log: /d/remessa.log", "Análise finalizada!"}));
+    EXPECT_EQ(dialogos.ultimos, std::vector<std::filesystem::path>{"/d/remessa.log"});
+    EXPECT_EQ(mundo.lancador.textos, std::vector<std::filesystem::path>{"/outra/x.log"});
+}
+
 TEST_F(Execucao, umaExcecaoEContadaEAJanelaContinua) {
     pedir("/d/remessa.rem", testes::remessa());
     for (const auto& [excecao, mensagem] :

@@ -17,6 +17,12 @@ class DialogosFalsos final : public Dialogos {
         if (falha) std::exchange(falha, nullptr)();
         mensagens.push_back(mensagem);
     }
+    [[nodiscard]] std::optional<std::filesystem::path> escolherLog(QWidget& janela, const Mensagem& recusa,
+                                                                   const std::filesystem::path& recusado) override {
+        mensagem(&janela, recusa);
+        ultimos.push_back(recusado);
+        return escolhido;
+    }
     [[nodiscard]] std::optional<std::filesystem::path> escolherArquivo(QWidget&,
                                                                        const std::filesystem::path& ultimo) override {
         ultimos.push_back(ultimo);
