@@ -56,7 +56,9 @@ std::optional<std::filesystem::path> DialogosQt::escolherLog(QWidget& janela, co
                                                              const std::filesystem::path& recusado) {
     QMessageBox caixa(&janela);
     preparar(caixa, recusa);
-    const QAbstractButton* gravar = caixa.addButton(u"&Gravar o log em..."_s, QMessageBox::ActionRole);
+    QPushButton* const gravar = caixa.addButton(u"&Gravar o log em..."_s, QMessageBox::ActionRole);
+    caixa.setDefaultButton(gravar);
+    caixa.setEscapeButton(QMessageBox::Ok);
     caixa.exec();
     if (caixa.clickedButton() != gravar) return std::nullopt;
     QFileDialog dialogo(&janela, u"Gravar o log em"_s, QDir::homePath());
