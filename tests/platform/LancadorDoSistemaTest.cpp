@@ -5,8 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <cerrno>
-#include <mutex>
 #include <sys/wait.h>
 #include <thread>
 
@@ -53,24 +53,16 @@ TEST(LancadorDoSistema, nomeChegaInteiroESemTerminalNemRestos) {
 TEST(LancadorDoSistema, contaOQueNenhumProgramaAbriu) {
     const testes::PastaTemporaria pasta;
     const testes::VariavelDeAmbiente caminhos("PATH", pasta.caminho());
-    std::mutex vez;
-    std::vector<std::filesystem::path> contados;
-    const auto quantos = [&] {
-        const std::lock_guard tranca(vez);
-        return contados.size();
-    };
-    LancadorDoSistema lancador([&](const std::filesystem::path& caminho) {
-        const std::lock_guard tranca(vez);
-        contados.push_back(caminho);
-    });
+    std::atomic<int> contados = 0;
+    LancadorDoSistema lancador([&](const std::filesystem::path& caminho) { contados += caminho == "/tmp/a.log"; });
     lancador.abrirTexto("/tmp/a.log"); // there is not even the desktop's opener
-    EXPECT_EQ(quantos(), 1u);
+    EXPECT_EQ(contados, 1);
     for (const auto& [fim, conta] : {std::pair{"0", false}, {"2", false}, {"3", true}, {"4", true}}) {
-        contados.clear();
+        contados = 0;
         const auto programa = pasta.escrever("xdg-open", "#!/bin/sh\nexit " + std::string(fim) + "\n");
         std::filesystem::permissions(programa, std::filesystem::perms::owner_all);
         lancador.abrirDocumento("/tmp/a.log");
-        EXPECT_TRUE(esperar([&] { return semFilhos() && quantos() == (conta ? 1u : 0u); })) << fim;
+        EXPECT_TRUE(esperar([&] { return semFilhos() && contados == conta; })) << fim;
     }
 }
 
