@@ -1,4 +1,4 @@
-#include "platform/LancadorDoSistema.h"
+#include "platform/AvisoDoLancador.h"
 
 #include <csignal>
 #include <fcntl.h>
@@ -45,8 +45,18 @@ class Condicoes {
     posix_spawnattr_t atributos_{};
 };
 
-/// Passes a file to the desktop's opener as an argument, so that no shell interprets the name.
-void abrir(const std::filesystem::path& caminho) {
+/// Whether the desktop's opener ended because it found no program for an existing file, or because that failed. It is
+/// not so when the file is missing (2), or when a signal ended it.
+bool naoAbriu(int fim) {
+    constexpr int semFerramenta = 3;
+    constexpr int acaoFalhou = 4;
+    return WIFEXITED(fim) && (WEXITSTATUS(fim) == semFerramenta || WEXITSTATUS(fim) == acaoFalhou);
+}
+
+/// Passes a file to the desktop's opener as an argument, so that no shell interprets the name. Calls `avisar` when no
+/// program opens it.
+template <typename Avisar>
+void abrir(const std::filesystem::path& caminho, Avisar avisar) {
     std::string programa = "xdg-open";
     std::error_code erro;
     std::string arquivo = std::filesystem::absolute(caminho, erro); // so that "-x.log" is not taken for an option
@@ -56,19 +66,22 @@ void abrir(const std::filesystem::path& caminho) {
     pid_t processo = 0;
     if (posix_spawnp(&processo, programa.c_str(), condicoes.arquivos(), condicoes.atributos(), argumentos, environ) !=
         0)
-        return;
+        return avisar();
     // Some thread must wait for the process, or its entry stays in the process table; the caller must not wait.
-    std::thread([processo] { ::waitpid(processo, nullptr, 0); }).detach();
+    std::thread([processo, avisar] {
+        int fim = 0;
+        if (::waitpid(processo, &fim, 0) == processo && naoAbriu(fim)) avisar();
+    }).detach();
 }
 
 } // namespace
 
 void LancadorDoSistema::abrirTexto(const std::filesystem::path& caminho) {
-    abrir(caminho); // the desktop opens a ".log" as plain text
+    abrir(caminho, [aviso = aviso_, caminho] { aviso->dar(caminho); }); // the desktop opens a ".log" as plain text
 }
 
 void LancadorDoSistema::abrirDocumento(const std::filesystem::path& caminho) {
-    abrir(caminho);
+    abrir(caminho, [aviso = aviso_, caminho] { aviso->dar(caminho); });
 }
 
 } // namespace quilatador

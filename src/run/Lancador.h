@@ -4,7 +4,8 @@
 
 namespace quilatador {
 
-/// Starts other programs without waiting for them. A program that cannot be started is not reported.
+/// Starts other programs without waiting for them. If none can be started, nothing is
+/// raised.
 class Lancador {
   public:
     virtual ~Lancador() = default;

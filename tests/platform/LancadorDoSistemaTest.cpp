@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <cerrno>
 #include <sys/wait.h>
 #include <thread>
@@ -49,11 +50,20 @@ TEST(LancadorDoSistema, nomeChegaInteiroESemTerminalNemRestos) {
     }
 }
 
-TEST(LancadorDoSistema, semProgramaNadaAcontece) {
+TEST(LancadorDoSistema, contaOQueNenhumProgramaAbriu) {
     const testes::PastaTemporaria pasta;
     const testes::VariavelDeAmbiente caminhos("PATH", pasta.caminho());
-    LancadorDoSistema().abrirTexto("/tmp/a.log");
-    EXPECT_TRUE(semFilhos());
+    std::atomic<int> contados = 0;
+    LancadorDoSistema lancador([&](const std::filesystem::path& caminho) { contados += caminho == "/tmp/a.log"; });
+    lancador.abrirTexto("/tmp/a.log"); // there is not even the desktop's opener
+    EXPECT_EQ(contados, 1);
+    for (const auto& [fim, conta] : {std::pair{"0", false}, {"2", false}, {"3", true}, {"4", true}}) {
+        contados = 0;
+        const auto programa = pasta.escrever("xdg-open", "#!/bin/sh\nexit " + std::string(fim) + "\n");
+        std::filesystem::permissions(programa, std::filesystem::perms::owner_all);
+        lancador.abrirDocumento("/tmp/a.log");
+        EXPECT_TRUE(esperar([&] { return semFilhos() && contados == conta; })) << fim;
+    }
 }
 
 } // namespace

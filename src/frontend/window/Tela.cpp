@@ -18,6 +18,7 @@ VistaTexto nomeDoControle(Controle controle) {
                                                                     "opt708"_t,
                                                                     "optTAV"_t,
                                                                     "txtNomeArquivo"_t,
+                                                                    "lblAviso"_t,
                                                                     "chkData"_t,
                                                                     "txtPosicao"_t,
                                                                     "cmbFormato"_t,

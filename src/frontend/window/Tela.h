@@ -22,6 +22,7 @@ enum class Controle {
     opt708,
     optTAV,
     txtNomeArquivo,
+    lblAviso,
     chkData,
     txtPosicao,
     cmbFormato,
@@ -58,7 +59,7 @@ class Tela : public Painel {
     virtual void focar(Controle controle) = 0;
     /// Ticks or clears a check box, or chooses an option, which clears the other options of its group.
     virtual void marcar(Controle controle, bool marcado) = 0;
-    /// Sets the text of a text box or combo box.
+    /// Sets the text of a text box, combo box or label.
     virtual void escrever(Controle controle, VistaTexto texto) = 0;
     /// Sets the text of `txtNomeArquivo`. It takes a path, because a path may have letters that a `Texto` cannot hold.
     virtual void nomeArquivo(const std::filesystem::path& caminho) = 0;

@@ -27,31 +27,33 @@ frmImportacao::frmImportacao(Ambiente& ambiente, modVariaveis& globais, Tela& te
     : ambiente_(ambiente), tela_(tela), trabalho_(ambiente, globais, cancelado_) {}
 
 void frmImportacao::confirmar(const Pedido& pedido) {
-    const bool remessa = pedido.tipoArquivo == TipoArquivo::ZUL702;
-    if (analisando_ || (remessa && posicaoRecusada(pedido))) return;
-    if (remessa) { // the names that the last analysis showed do not belong to this file
-        tela_.rotulo(Rotulo::Empresa, ""_t);
-        tela_.rotulo(Rotulo::Remessa, ""_t);
-    }
-    const bool analisado = analisar(pedido);
+    if (analisando_ || recusar(Trabalho::recusa(pedido))) return;
+    analisar(pedido);
     if (fecharNoFim_)
         tela_.fechar();
-    else if (analisado)
+    else
         tela_.focar(Controle::txtNomeArquivo);
 }
 
-/// Returns false if the request was refused; a message has told the user why.
-bool frmImportacao::analisar(const Pedido& pedido) {
-    if (recusar(Trabalho::recusa(pedido))) return false;
+void frmImportacao::analisar(const Pedido& pedido) {
     const bool remessa = pedido.tipoArquivo == TipoArquivo::ZUL702;
     analisando_ = true;
-    Rodada rodada = trabalho_.comecar(pedido);
-    remessa ? mostrarRemessa() : mostrarRetorno();
-    trabalho_.analisar(rodada, pedido);
-    avisarFim();
-    remessa ? encerrarRemessa() : encerrarRetorno();
+    fecharNoFim_ = false;
+    try {
+        Rodada rodada = trabalho_.comecar(pedido);
+        remessa ? mostrarRemessa() : mostrarRetorno();
+        trabalho_.analisar(rodada, pedido);
+        avisarFim();
+    } catch (...) { // whoever handles it, the user gets the buttons back
+        restaurar(remessa);
+        throw;
+    }
+    restaurar(remessa);
+}
+
+void frmImportacao::restaurar(bool remessa) {
     analisando_ = false;
-    return true;
+    remessa ? encerrarRemessa() : encerrarRetorno();
 }
 
 bool frmImportacao::recusar(const std::optional<Texto>& motivo) {
@@ -61,11 +63,9 @@ bool frmImportacao::recusar(const std::optional<Texto>& motivo) {
     return true;
 }
 
-bool frmImportacao::posicaoRecusada(const Pedido& pedido) {
-    return pedido.comData && recusar(recusaDaPosicao(pedido.PosicaoDataBarra));
-}
-
 void frmImportacao::mostrarRemessa() {
+    tela_.rotulo(Rotulo::Empresa, ""_t); // the names that the last analysis showed do not belong to this file
+    tela_.rotulo(Rotulo::Remessa, ""_t);
     tela_.legenda(Controle::cmdCancela, "&Cancela"_t);
     tela_.habilitar(Controle::cmdCancela, true);
     tela_.habilitar(Controle::cmdOK, false);

@@ -25,9 +25,9 @@ class frmImportacao {
     /// The window is loaded: gives the controls their first values and opens the code tables. Returns false, after an
     /// error box, if the program must end.
     [[nodiscard]] bool Form_Load();
-    /// `cmdOK`: checks the request, analyses the file and restores the window. A position that `sairDaPosicao` refuses
-    /// is refused here too, because the Enter key presses this button while the focus stays in the box. Closes the
-    /// window afterwards if the user asked for that during the analysis.
+    /// `cmdOK`: checks that the date of the request fits into the barcode, analyses the file and restores the window,
+    /// even when an exception passes through. Closes the window afterwards if the user asked for that during the
+    /// analysis.
     void confirmar(const Pedido& pedido);
     /// `cmdCancela`: asks a running analysis to stop; without one, closes the window.
     void cancelar();
@@ -45,26 +45,33 @@ class frmImportacao {
     [[nodiscard]] static Texto filtrarDigitos(VistaTexto texto);
     /// `txtNumeroDetalhes` loses the focus: an empty text becomes the initial number.
     void sairDoNumeroDeGuias(VistaTexto texto);
-    /// `txtPosicao` loses the focus: if the position lies outside the free field, a message says so and the focus
-    /// returns.
-    void sairDaPosicao(const Pedido& pedido);
+    /// `txtPosicao` loses the focus: if the position lies outside the free field, a message says so, the focus returns,
+    /// and the result is false. A box that is disabled or hidden, as for a return, is not tested.
+    bool sairDaPosicao(const Pedido& pedido);
     /// The text of `txtNomeArquivo` changes in any way. Without a name `cmdOK` is disabled.
-    void mudarNomeArquivo(bool vazio);
-    /// The file dialog of `cmdProcura` returns a name. It is taken if a file of that name exists.
+    void mudarNomeArquivo(const std::filesystem::path& arquivo);
+    /// The user has finished typing in `txtNomeArquivo`. The type of the file is recognised if the name is a new one:
+    /// a type that the user chooses afterwards is kept.
+    void sairDoNomeArquivo(const std::filesystem::path& arquivo);
+    /// The file dialog of `cmdProcura` returns a name. If a file of that name exists, it is taken and its type is
+    /// recognised.
     void tomarArquivo(const std::filesystem::path& arquivo);
     /// The last name that the dialog returned or that was dropped; empty before the first.
     [[nodiscard]] const std::filesystem::path& ultimoArquivo() const noexcept { return ultimoArquivo_; }
     /// A file is dropped on the window, or given to the program when it starts: it is taken as in `tomarArquivo`, and
-    /// its type is recognised. Nothing happens during an analysis.
+    /// one that does not exist is reported. Nothing happens during an analysis.
     void receberArquivo(const std::filesystem::path& arquivo);
     /// `cmdAjuda`, `cmdLayout`: open the documents with the system's program for them.
     void abrirAjuda();
     void abrirLeiaute();
+    /// No program of the system opens a log or a document: a message says where it is, unless it is missing.
+    void semPrograma(const std::filesystem::path& caminho);
 
   private:
-    [[nodiscard]] bool analisar(const Pedido& pedido);
+    void analisar(const Pedido& pedido);
     [[nodiscard]] bool recusar(const std::optional<Texto>& motivo);
-    [[nodiscard]] bool posicaoRecusada(const Pedido& pedido);
+    void reconhecer(const std::filesystem::path& arquivo);
+    void restaurar(bool remessa);
     void mostrarRemessa();
     void encerrarRemessa();
     void mostrarRetorno();
@@ -77,7 +84,9 @@ class frmImportacao {
     std::atomic<bool> cancelado_ = false;
     Trabalho trabalho_;
     std::filesystem::path ultimoArquivo_;
-    bool analisando_ = false; ///< from the press of OK until the window is restored
+    std::filesystem::path reconhecido_; ///< the last name whose type was looked for
+    VistaTexto aviso_;                  ///< what is to be said about that name; a constant, or ""
+    bool analisando_ = false;           ///< from the press of OK until the window is restored
     bool fecharNoFim_ = false;
 };
 

@@ -33,7 +33,7 @@ bool frmImportacao::Form_Load() {
     escolherComData(false);
     escolherPrimeirasGuias(false);
     escolherTipo(TipoArquivo::ZUL702);
-    mudarNomeArquivo(true);
+    mudarNomeArquivo({});
     return trabalho_.iniciar();
 }
 
@@ -62,12 +62,30 @@ void frmImportacao::sairDoNumeroDeGuias(VistaTexto texto) {
     if (texto.empty()) tela_.escrever(Controle::txtNumeroDetalhes, numeroDeGuiasInicial);
 }
 
-void frmImportacao::sairDaPosicao(const Pedido& pedido) {
-    static_cast<void>(posicaoRecusada(pedido));
+bool frmImportacao::sairDaPosicao(const Pedido& pedido) {
+    const bool caixaEmUso = !analisando_ && pedido.tipoArquivo == TipoArquivo::ZUL702 && pedido.comData;
+    return !caixaEmUso || !recusar(recusaDaPosicao(pedido.PosicaoDataBarra));
 }
 
-void frmImportacao::mudarNomeArquivo(bool vazio) {
-    tela_.habilitar(Controle::cmdOK, !vazio);
+void frmImportacao::mudarNomeArquivo(const std::filesystem::path& arquivo) {
+    tela_.habilitar(Controle::cmdOK, !arquivo.empty());
+    tela_.escrever(Controle::lblAviso, arquivo == reconhecido_ ? aviso_ : ""_t);
+}
+
+void frmImportacao::sairDoNomeArquivo(const std::filesystem::path& arquivo) {
+    if (!analisando_ && arquivo != reconhecido_) reconhecer(arquivo);
+}
+
+void frmImportacao::reconhecer(const std::filesystem::path& arquivo) {
+    const auto tipo = reconhecerTipo(arquivo, ambiente_.arquivos);
+    reconhecido_ = arquivo;
+    aviso_ = tipo || arquivo.empty()              ? ""_t
+             : ambiente_.arquivos.existe(arquivo) ? "Tipo não reconhecido pelo conteúdo. Confira o tipo escolhido."_t
+                                                  : "Não existe arquivo com este nome."_t;
+    tela_.escrever(Controle::lblAviso, aviso_);
+    if (!tipo) return;
+    tela_.marcar(opcaoDo(*tipo), true);
+    escolherTipo(*tipo);
 }
 
 void frmImportacao::tomarArquivo(const std::filesystem::path& arquivo) {
@@ -75,15 +93,16 @@ void frmImportacao::tomarArquivo(const std::filesystem::path& arquivo) {
     if (!ambiente_.arquivos.existe(arquivo)) return;
     tela_.nomeArquivo(arquivo);
     tela_.habilitar(Controle::cmdOK, true);
+    reconhecer(arquivo);
 }
 
 void frmImportacao::receberArquivo(const std::filesystem::path& arquivo) {
     if (analisando_) return;
     tomarArquivo(arquivo);
-    const auto tipo = reconhecerTipo(arquivo, ambiente_.arquivos);
-    if (!tipo) return;
-    tela_.marcar(opcaoDo(*tipo), true);
-    escolherTipo(*tipo);
+    if (!ambiente_.arquivos.existe(arquivo))
+        tela_.mensagem({.texto = junta("Arquivo não encontrado: "_t, textoDoCaminho(arquivo)),
+                        .titulo = Texto(tituloDeErro),
+                        .icone = Mensagem::Icone::Exclamacao});
 }
 
 void frmImportacao::abrirAjuda() {
@@ -92,6 +111,12 @@ void frmImportacao::abrirAjuda() {
 
 void frmImportacao::abrirLeiaute() {
     ambiente_.lancador.abrirDocumento(ambiente_.documentoDosLeiautes());
+}
+
+void frmImportacao::semPrograma(const std::filesystem::path& caminho) {
+    if (!ambiente_.arquivos.existe(caminho)) return;
+    tela_.mensagem({.texto = junta("Nenhum programa deste computador abriu o arquivo:\n"_t, textoDoCaminho(caminho)),
+                    .titulo = Texto(tituloDoPrograma)});
 }
 
 } // namespace quilatador

@@ -17,6 +17,7 @@ Aplicacao::Aplicacao(const Meios& meios)
     , sobre_(meios.arquivos, meios.localidade, meios.pastaDoPrograma, meios.programa)
     , dialogos_(meios.dialogos) {
     ligarPedido();
+    ligarCaixas();
     ligarBotoes();
 }
 
@@ -33,6 +34,10 @@ bool Aplicacao::iniciar() {
 
 void Aplicacao::receber(const std::filesystem::path& arquivo) {
     formulario_.receberArquivo(arquivo);
+}
+
+void Aplicacao::semPrograma(const std::filesystem::path& caminho) {
+    formulario_.semPrograma(caminho);
 }
 
 void Aplicacao::encerrarQuando(std::function<bool()> pedido) {
@@ -57,19 +62,23 @@ void Aplicacao::ligarPedido() {
                      [this](bool comData) { formulario_.escolherComData(comData); });
     QObject::connect(pedido.optPrimeirasGuias, &QRadioButton::toggled, &janela_,
                      [this](bool primeiras) { formulario_.escolherPrimeirasGuias(primeiras); });
+}
+
+void Aplicacao::ligarCaixas() {
+    const QuadroDoPedido& pedido = *janela_.pedido;
     QObject::connect(pedido.txtNumeroDetalhes, &CaixaDeNumero::saiu, &janela_,
                      [this] { formulario_.sairDoNumeroDeGuias(textoDeQt(janela_.pedido->txtNumeroDetalhes->text())); });
-    // Queued, because the message box would otherwise open in the middle of the mouse press that took the focus away,
-    // and leave the button under it pressed.
-    QObject::connect(
-        pedido.txtPosicao, &CaixaDeNumero::saiu, &janela_,
-        [this] {
-            const bool voltou = janela_.pedido->txtPosicao->hasFocus() || QApplication::activeModalWidget();
-            if (!voltou) formulario_.sairDaPosicao(janela_.pedido->pedido());
-        },
-        Qt::QueuedConnection);
+    // The test waits, because its message box would otherwise open in the middle of the mouse press that took the focus
+    // away, and leave the button under it pressed.
+    QObject::connect(pedido.txtPosicao, &CaixaDeNumero::saiu, &janela_, [this] {
+        posicaoPorConferir_ = true;
+        QMetaObject::invokeMethod(
+            &janela_, [this] { static_cast<void>(posicaoConferida()); }, Qt::QueuedConnection);
+    });
     QObject::connect(pedido.txtNomeArquivo, &QLineEdit::textChanged, &janela_,
-                     [this](const QString& nome) { formulario_.mudarNomeArquivo(nome.isEmpty()); });
+                     [this](const QString& nome) { formulario_.mudarNomeArquivo(caminhoDeQt(nome)); });
+    QObject::connect(pedido.txtNomeArquivo, &QLineEdit::editingFinished, &janela_,
+                     [this] { formulario_.sairDoNomeArquivo(caminhoDeQt(janela_.pedido->txtNomeArquivo->text())); });
     QObject::connect(pedido.cmdProcura, &QPushButton::clicked, &janela_, [this] {
         if (const auto arquivo = dialogos_.escolherArquivo(janela_, formulario_.ultimoArquivo()))
             formulario_.tomarArquivo(*arquivo);
@@ -80,12 +89,22 @@ void Aplicacao::ligarBotoes() {
     janela_.podeFechar = [this] { return formulario_.podeFechar(); };
     QObject::connect(&janela_, &JanelaPrincipal::arquivoSolto, &janela_,
                      [this](const std::filesystem::path& arquivo) { receber(arquivo); });
-    QObject::connect(janela_.cmdOK, &QPushButton::clicked, &janela_,
-                     [this] { formulario_.confirmar(janela_.pedido->pedido()); });
+    // A quick click comes before the test that waits.
+    QObject::connect(janela_.cmdOK, &QPushButton::clicked, &janela_, [this] {
+        if (posicaoConferida()) formulario_.confirmar(janela_.pedido->pedido());
+    });
     QObject::connect(janela_.cmdCancela, &QPushButton::clicked, &janela_, [this] { formulario_.cancelar(); });
     QObject::connect(janela_.cmdAjuda, &QPushButton::clicked, &janela_, [this] { formulario_.abrirAjuda(); });
     QObject::connect(janela_.cmdLayout, &QPushButton::clicked, &janela_, [this] { formulario_.abrirLeiaute(); });
     QObject::connect(janela_.cmdSobre, &QPushButton::clicked, &janela_, [this] { mostrarSobre(); });
+}
+
+/// Whether the position may stay as it is. It is tested if its box has lost the focus, and keeps it lost, since the
+/// last time.
+bool Aplicacao::posicaoConferida() {
+    if (!std::exchange(posicaoPorConferir_, false)) return true;
+    if (janela_.pedido->txtPosicao->hasFocus() || QApplication::activeModalWidget()) return true;
+    return formulario_.sairDaPosicao(janela_.pedido->pedido());
 }
 
 /// Does not wait until the box is closed: a running analysis goes on behind it.

@@ -38,6 +38,9 @@ class Aplicacao final {
     /// Takes a file as if it had been dropped on the window.
     void receber(const std::filesystem::path& arquivo);
 
+    /// Tells the user where a file is that should have been opened, because no program of the system did.
+    void semPrograma(const std::filesystem::path& caminho);
+
     /// From now on, asks `pedido` ten times a second whether the program has been told from outside to end. If so, it
     /// closes its windows as the user would: a running analysis is cancelled, and its log gets its ending.
     void encerrarQuando(std::function<bool()> pedido);
@@ -46,7 +49,9 @@ class Aplicacao final {
 
   private:
     void ligarPedido();
+    void ligarCaixas();
     void ligarBotoes();
+    [[nodiscard]] bool posicaoConferida();
     void mostrarSobre();
 
     JanelaPrincipal janela_;
@@ -57,6 +62,7 @@ class Aplicacao final {
     frmSobre sobre_;
     Dialogos& dialogos_;
     QTimer vigia_;
+    bool posicaoPorConferir_ = false; ///< `txtPosicao` has lost the focus, and the test of its value is still to come
 };
 
 } // namespace quilatador

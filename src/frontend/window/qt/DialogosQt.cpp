@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QPushButton>
 
 namespace quilatador {
 
@@ -28,16 +29,43 @@ QString pastaInicial() {
 #endif
 }
 
-} // namespace
-
-void DialogosQt::mensagem(QWidget& janela, const Mensagem& mensagem) {
-    QMessageBox caixa(&janela);
+void preparar(QMessageBox& caixa, const Mensagem& mensagem) {
     caixa.setIcon(mensagem.icone == Mensagem::Icone::Exclamacao ? QMessageBox::Warning : QMessageBox::NoIcon);
     caixa.setWindowTitle(paraQt(mensagem.titulo));
     caixa.setTextFormat(Qt::PlainText); // a file name may contain "<" and "&"
     caixa.setText(paraQt(mensagem.texto));
+    caixa.setTextInteractionFlags(Qt::TextSelectableByMouse); // so that a path can be taken along
     caixa.setStandardButtons(QMessageBox::Ok);
+}
+
+/// The file that the user chooses, with the separators of the system; nothing if the dialog is cancelled.
+std::optional<std::filesystem::path> escolhido(QFileDialog& dialogo) {
+    if (dialogo.exec() != QDialog::Accepted) return std::nullopt;
+    return caminhoDeQt(QDir::toNativeSeparators(dialogo.selectedFiles().constFirst()));
+}
+
+} // namespace
+
+void DialogosQt::mensagem(QWidget* janela, const Mensagem& mensagem) {
+    QMessageBox caixa(janela);
+    preparar(caixa, mensagem);
     caixa.exec();
+}
+
+std::optional<std::filesystem::path> DialogosQt::escolherLog(QWidget& janela, const Mensagem& recusa,
+                                                             const std::filesystem::path& recusado) {
+    QMessageBox caixa(&janela);
+    preparar(caixa, recusa);
+    QPushButton* const gravar = caixa.addButton(u"&Gravar o log em..."_s, QMessageBox::ActionRole);
+    caixa.setDefaultButton(gravar);
+    caixa.setEscapeButton(QMessageBox::Ok);
+    caixa.exec();
+    if (caixa.clickedButton() != gravar) return std::nullopt;
+    QFileDialog dialogo(&janela, u"Gravar o log em"_s, QDir::homePath());
+    dialogo.setAcceptMode(QFileDialog::AcceptSave);
+    dialogo.setNameFilters({u"Arquivos de Log (*.log)"_s, u"Todos os Arquivos (*)"_s});
+    dialogo.selectFile(caminhoParaQt(recusado.filename()));
+    return escolhido(dialogo);
 }
 
 std::optional<std::filesystem::path> DialogosQt::escolherArquivo(QWidget& janela, const std::filesystem::path& ultimo) {
@@ -45,8 +73,7 @@ std::optional<std::filesystem::path> DialogosQt::escolherArquivo(QWidget& janela
     dialogo.setFileMode(QFileDialog::ExistingFile);
     dialogo.setNameFilters(filtros());
     if (!ultimo.empty()) dialogo.selectFile(caminhoParaQt(ultimo));
-    if (dialogo.exec() != QDialog::Accepted) return std::nullopt;
-    return caminhoDeQt(QDir::toNativeSeparators(dialogo.selectedFiles().constFirst()));
+    return escolhido(dialogo);
 }
 
 } // namespace quilatador

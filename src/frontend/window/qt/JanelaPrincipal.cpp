@@ -1,5 +1,6 @@
 #include "frontend/window/qt/JanelaPrincipal.h"
 
+#include "frontend/window/qt/AreaRolavel.h"
 #include "frontend/window/qt/Controles.h"
 #include "frontend/window/qt/Conversoes.h"
 #include "run/Painel.h"
@@ -12,6 +13,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QScreen>
 #include <QSvgWidget>
 #include <QVBoxLayout>
 
@@ -42,25 +44,37 @@ JanelaPrincipal::JanelaPrincipal()
     , progresso(new QuadroDoProgresso)
     , cmdAjuda(novoControle<QPushButton>("cmdAjuda", QIcon(u":/ajuda.svg"_s), QString()))
     , cmdLayout(novoControle<QPushButton>("cmdLayout", u"&Leiaute dos Arquivos"_s))
-    , cmdSobre(novoControle<QPushButton>("cmdSobre", u"&Sobre o Quilatador..."_s))
+    , cmdSobre(novoControle<QPushButton>("cmdSobre", u"S&obre o Quilatador..."_s))
     , cmdOK(novoControle<QPushButton>("cmdOK", u"OK"_s))
     , cmdCancela(novoControle<QPushButton>("cmdCancela", u"&Sair"_s)) {
     setObjectName(u"frmImportacao"_s);
     setWindowTitle(paraQt(tituloDoPrograma));
     setAcceptDrops(true);
 
-    auto* faces = new QGridLayout; // both have the same place, and one of them is shown
-    faces->addWidget(pedido, 0, 0);
-    faces->addWidget(progresso, 0, 0);
     auto* janela = new QVBoxLayout(this);
     const int respiro = 2 * janela->spacing();
     janela->setSpacing(respiro);
     janela->setContentsMargins(respiro, respiro, respiro, respiro);
-    janela->addLayout(cabecalho());
-    janela->addLayout(faces, 1);
+    janela->addWidget(new AreaRolavel(conteudo()), 1);
     janela->addLayout(botoes());
+    vigiarTeclas();
     ordenarFoco();
     progresso->hide();
+    caberNaTela();
+}
+
+/// Everything but the buttons, which must stay in sight on the smallest screen.
+QWidget* JanelaPrincipal::conteudo() {
+    auto* faces = new QGridLayout; // both have the same place, and one of them is shown
+    faces->addWidget(pedido, 0, 0);
+    faces->addWidget(progresso, 0, 0);
+    auto* conteudo = new QWidget;
+    auto* coluna = new QVBoxLayout(conteudo);
+    coluna->setSpacing(2 * coluna->spacing());
+    coluna->setContentsMargins(0, 0, 0, 0);
+    coluna->addLayout(cabecalho());
+    coluna->addLayout(faces, 1);
+    return conteudo;
 }
 
 QLayout* JanelaPrincipal::cabecalho() {
@@ -93,13 +107,26 @@ QLayout* JanelaPrincipal::botoes() {
     cmdAjuda->setShortcut(QKeySequence::HelpContents);
     cmdOK->setDefault(true);
     auto* linha = new QHBoxLayout;
+    linha->setSpacing(fontMetrics().height() / 2); // the widest row decides on how small a screen all buttons are seen
     for (QPushButton* botao : {cmdAjuda, cmdLayout, cmdSobre, cmdOK, cmdCancela}) {
-        botao->installEventFilter(this);
         if (botao != cmdAjuda) botao->setAccessibleName(botao->text().remove(u'&'));
         if (botao == cmdOK) linha->addStretch();
         linha->addWidget(botao);
     }
     return linha;
+}
+
+void JanelaPrincipal::vigiarTeclas() {
+    for (auto* controle : findChildren<QWidget*>())
+        if (qobject_cast<QAbstractButton*>(controle) || qobject_cast<QGroupBox*>(controle))
+            controle->installEventFilter(this);
+}
+
+/// The size that shows everything, unless the screen is smaller. The toolkit by itself would take two thirds of a
+/// screen at most. How high the title bar is cannot be known before it is there.
+void JanelaPrincipal::caberNaTela() {
+    const QSize barraDeTitulo{0, 2 * fontMetrics().height()};
+    resize(sizeHint().boundedTo(screen()->availableSize() - barraDeTitulo));
 }
 
 void JanelaPrincipal::ordenarFoco() {
@@ -144,8 +171,12 @@ void JanelaPrincipal::dropEvent(QDropEvent* evento) {
 
 bool JanelaPrincipal::eventFilter(QObject* objeto, QEvent* evento) {
     if (evento->type() != QEvent::KeyPress) return QDialog::eventFilter(objeto, evento);
-    const auto* tecla = static_cast<QKeyEvent*>(evento);
-    return tecla->isAutoRepeat() && pressionaBotao(tecla->key());
+    auto* tecla = static_cast<QKeyEvent*>(evento);
+    if (!pressionaBotao(tecla->key())) return false;
+    if (tecla->isAutoRepeat()) return true;
+    if (tecla->key() == Qt::Key_Space || qobject_cast<QPushButton*>(objeto)) return false;
+    keyPressEvent(tecla); // themes such as that of GNOME let option buttons, check boxes and even frames take Enter
+    return true;
 }
 
 void JanelaPrincipal::keyPressEvent(QKeyEvent* evento) {

@@ -40,14 +40,18 @@ class JanelaPrincipal final : public QDialog {
     void closeEvent(QCloseEvent* evento) override;
     void dragEnterEvent(QDragEnterEvent* evento) override;
     void dropEvent(QDropEvent* evento) override;
-    /// A key that is held down presses a button only once.
+    /// A key that is held down presses a button only once, and Enter presses the default button from every control
+    /// that is no button with a caption of its own to press.
     bool eventFilter(QObject* objeto, QEvent* evento) override;
     void keyPressEvent(QKeyEvent* evento) override;
 
   private:
     [[nodiscard]] QLayout* cabecalho();
     [[nodiscard]] QLayout* botoes();
+    [[nodiscard]] QWidget* conteudo();
+    void vigiarTeclas();
     void ordenarFoco();
+    void caberNaTela();
 };
 
 } // namespace quilatador

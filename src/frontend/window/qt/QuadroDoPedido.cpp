@@ -7,7 +7,7 @@
 #include <QButtonGroup>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QLabel>
+#include <QMouseEvent>
 #include <QVBoxLayout>
 
 #include <initializer_list>
@@ -33,21 +33,31 @@ void agrupar(QWidget* dono, std::initializer_list<QAbstractButton*> opcoes) {
         grupo->addButton(opcao);
 }
 
-QComboBox* novoFormato() {
-    auto* formato = novoControle<QComboBox>("cmbFormato");
-    formato->setEditable(true);
-    formato->setInsertPolicy(QComboBox::NoInsert); // a format that the user types is used, but not added to the list
-    formato->setCompleter(nullptr);                // and not completed to another one
-    for (const VistaTexto oferecido : formatosOferecidos)
-        formato->addItem(paraQt(oferecido));
-    return formato;
-}
+/// The words beside an option, which can be clicked as those of the option itself.
+class LegendaDeOpcao final : public QLabel {
+  public:
+    LegendaDeOpcao(const QString& texto, QRadioButton* opcao) : QLabel(texto), opcao_(opcao) {
+        setToolTip(opcao->toolTip());
+    }
+
+  protected:
+    void mousePressEvent(QMouseEvent* evento) override {
+        if (evento->button() == Qt::LeftButton) opcao_->setFocus(Qt::MouseFocusReason);
+    }
+    void mouseReleaseEvent(QMouseEvent* evento) override {
+        if (evento->button() == Qt::LeftButton && rect().contains(evento->pos())) opcao_->click();
+    }
+
+  private:
+    QRadioButton* opcao_;
+};
 
 } // namespace
 
 QuadroDoPedido::QuadroDoPedido(QWidget* dono)
     : QGroupBox(u"Nome do Arquivo"_s, dono)
     , txtNomeArquivo(novoControle<QLineEdit>("txtNomeArquivo"))
+    , lblAviso(novoControle<QLabel>("lblAviso"))
     , cmdProcura(novoControle<QPushButton>("cmdProcura", u"&Procurar..."_s))
     , opt702(novoControle<QRadioButton>("opt702", u"ZUL702"_s))
     , opt708(novoControle<QRadioButton>("opt708", u"ZUL708"_s))
@@ -55,7 +65,7 @@ QuadroDoPedido::QuadroDoPedido(QWidget* dono)
     , Frame1(novoControle<QGroupBox>("Frame1", u"Data no código de barras"_s))
     , chkData(novoControle<QCheckBox>("chkData", u"Com data"_s))
     , txtPosicao(novoControle<CaixaDeNumero>("txtPosicao"))
-    , cmbFormato(novoFormato())
+    , cmbFormato(novoControle<CaixaDeFormato>("cmbFormato"))
     , fraDetalhes(novoControle<QGroupBox>("fraDetalhes", u"Analisar detalhes"_s))
     , optTodosDetalhes(novoControle<QRadioButton>("optTodosDetalhes", u"Todos"_s))
     , txtNumeroDetalhes(novoControle<CaixaDeNumero>("txtNumeroDetalhes"))
@@ -70,11 +80,11 @@ QuadroDoPedido::QuadroDoPedido(QWidget* dono)
 
     auto* quadro = new QVBoxLayout(this);
     quadro->setSpacing(2 * quadro->spacing());
-    quadro->addLayout(linhaDoArquivo());
+    descreverControles();
+    quadro->addLayout(arquivo());
     quadro->addLayout(tiposDeArquivo());
     quadro->addLayout(opcoes);
     quadro->addStretch();
-    descreverControles();
 }
 
 Pedido QuadroDoPedido::pedido() const {
@@ -109,19 +119,26 @@ void QuadroDoPedido::descreverControles() {
               u"Selecione esta opção caso o código de barras contenha uma data de vencimento."_s);
     descrever(txtPosicao, u"Posição da data"_s, u"Informe a posição da inicial da data no código de barras."_s);
     descrever(cmbFormato, u"Formato da data"_s, u"Selecione o Formato da Data no código de barras."_s);
+    cmbFormato->lineEdit()->setAccessibleName(cmbFormato->accessibleName());
     descrever(fraDetalhes, fraDetalhes->title());
     descrever(optTodosDetalhes, u"Todos"_s, u"Selecione esta opção para analisar todas as guias do arquivo."_s);
     descrever(optPrimeirasGuias, u"Primeiras guias"_s, u"Selecione esta opção para analisar apenas algumas guias."_s);
     descrever(txtNumeroDetalhes, u"Quantidade de guias"_s, u"Informe a quantidade de guias a serem analisadas."_s);
 }
 
-QLayout* QuadroDoPedido::linhaDoArquivo() {
+/// Below the name there is always a line for what is to be said about it, so that nothing moves when it comes.
+QLayout* QuadroDoPedido::arquivo() {
     txtNomeArquivo->setPlaceholderText(u"Digite o nome, procure o arquivo ou solte-o aqui"_s);
-    txtNomeArquivo->setMinimumWidth(fontMetrics().averageCharWidth() * 48);
+    txtNomeArquivo->setMinimumWidth(fontMetrics().averageCharWidth() * 24);
     auto* linha = new QHBoxLayout;
     linha->addWidget(txtNomeArquivo, 1);
     linha->addWidget(cmdProcura);
-    return linha;
+    lblAviso->setMinimumHeight(fontMetrics().height());
+    auto* coluna = new QVBoxLayout;
+    coluna->setSpacing(fontMetrics().height() / 4);
+    coluna->addLayout(linha);
+    coluna->addWidget(lblAviso);
+    return coluna;
 }
 
 QLayout* QuadroDoPedido::tiposDeArquivo() {
@@ -135,7 +152,7 @@ QLayout* QuadroDoPedido::tiposDeArquivo() {
     grade->setColumnStretch(1, 1);
     for (int linha = 0; linha < static_cast<int>(std::size(tipos)); ++linha) {
         grade->addWidget(tipos[linha].first, linha, 0);
-        grade->addWidget(new QLabel(tipos[linha].second), linha, 1);
+        grade->addWidget(new LegendaDeOpcao(tipos[linha].second, tipos[linha].first), linha, 1);
     }
     return grade;
 }
@@ -148,12 +165,12 @@ void QuadroDoPedido::montarData() {
     txtPosicao->setFixedWidth(fontMetrics().averageCharWidth() * 6);
 
     auto* grade = new QGridLayout(Frame1);
-    grade->addWidget(chkData, 0, 0, 1, 4);
+    grade->addWidget(chkData, 0, 0, 1, 2);
     grade->addWidget(Label7, 1, 0);
     grade->addWidget(txtPosicao, 1, 1);
-    grade->addWidget(Label8, 1, 2);
-    grade->addWidget(cmbFormato, 1, 3);
-    grade->setColumnStretch(3, 1);
+    grade->addWidget(Label8, 2, 0);
+    grade->addWidget(cmbFormato, 2, 1, Qt::AlignLeft);
+    grade->setColumnStretch(1, 1);
     guardarLugar(Frame1);
 }
 
@@ -162,6 +179,7 @@ void QuadroDoPedido::montarDetalhes() {
     auto* coluna = new QVBoxLayout(fraDetalhes);
     coluna->addWidget(optTodosDetalhes);
     coluna->addWidget(optPrimeirasGuias);
+    coluna->addStretch();
     guardarLugar(fraDetalhes);
 }
 

@@ -1,12 +1,13 @@
 #pragma once
 
 #include "frontend/Pedido.h"
+#include "frontend/window/qt/CaixaDeFormato.h"
 #include "frontend/window/qt/CaixaDeNumero.h"
 #include "frontend/window/qt/OpcaoComCaixa.h"
 
 #include <QCheckBox>
-#include <QComboBox>
 #include <QGroupBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -29,6 +30,7 @@ class QuadroDoPedido final : public QGroupBox {
     [[nodiscard]] std::optional<double> primeirasGuias() const;
 
     QLineEdit* const txtNomeArquivo;
+    QLabel* const lblAviso; ///< what is to be said about the file of that name; usually empty
     QPushButton* const cmdProcura;
     QRadioButton* const opt702;
     QRadioButton* const opt708;
@@ -36,7 +38,7 @@ class QuadroDoPedido final : public QGroupBox {
     QGroupBox* const Frame1;
     QCheckBox* const chkData;
     CaixaDeNumero* const txtPosicao;
-    QComboBox* const cmbFormato;
+    CaixaDeFormato* const cmbFormato;
     QGroupBox* const fraDetalhes;
     QRadioButton* const optTodosDetalhes;
     CaixaDeNumero* const txtNumeroDetalhes;
@@ -44,7 +46,7 @@ class QuadroDoPedido final : public QGroupBox {
 
   private:
     void descreverControles();
-    [[nodiscard]] QLayout* linhaDoArquivo();
+    [[nodiscard]] QLayout* arquivo();
     [[nodiscard]] QLayout* tiposDeArquivo();
     void montarData();
     void montarDetalhes();

@@ -70,7 +70,12 @@ void TelaQt::processarEventos() {
 }
 
 void TelaQt::mensagem(const Mensagem& mensagem) {
-    dialogos_.mensagem(janela_, mensagem);
+    dialogos_.mensagem(&janela_, mensagem);
+}
+
+std::optional<std::filesystem::path> TelaQt::outroLugarParaOLog(const Mensagem& recusa,
+                                                                const std::filesystem::path& recusado) {
+    return dialogos_.escolherLog(janela_, recusa, recusado);
 }
 
 std::optional<double> TelaQt::primeirasGuias() const {
@@ -103,6 +108,8 @@ void TelaQt::escrever(Controle controle, VistaTexto texto) {
         caixa->setText(paraQt(texto));
     else if (auto* lista = qobject_cast<QComboBox*>(widget(controle)))
         lista->setCurrentText(paraQt(texto));
+    else if (auto* rotulo = qobject_cast<QLabel*>(widget(controle)))
+        rotulo->setText(paraQt(texto));
 }
 
 void TelaQt::nomeArquivo(const std::filesystem::path& caminho) {

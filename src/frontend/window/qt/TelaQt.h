@@ -21,6 +21,8 @@ class TelaQt final : public Tela {
     void concluirProgresso(const Progresso& progresso) override;
     void processarEventos() override;
     void mensagem(const Mensagem& mensagem) override;
+    [[nodiscard]] std::optional<std::filesystem::path>
+    outroLugarParaOLog(const Mensagem& recusa, const std::filesystem::path& recusado) override;
     [[nodiscard]] std::optional<double> primeirasGuias() const override;
     void mostrar(Controle controle, bool visivel) override;
     void habilitar(Controle controle, bool habilitado) override;

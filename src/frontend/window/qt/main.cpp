@@ -1,6 +1,7 @@
 #include "frontend/window/qt/Aplicacao.h"
 #include "frontend/window/qt/Conversoes.h"
 #include "frontend/window/qt/DialogosQt.h"
+#include "frontend/window/qt/Programa.h"
 #include "platform/ArquivosDoSistema.h"
 #include "platform/CanaisPadrao.h"
 #include "platform/Interrupcao.h"
@@ -10,42 +11,64 @@
 #include "platform/RelogioDoSistema.h"
 #include "run/Situacao.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QIcon>
 #include <QLibraryInfo>
+#include <QTimer>
 #include <QTranslator>
 
-int main(int argc, char** argv) {
-    using namespace quilatador;
-    ocuparCanaisFechados();
-    QApplication programa(argc, argv);
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/logo.svg")));
-    QGuiApplication::setDesktopFileName(QStringLiteral("org.quilatador.Quilatador"));
+namespace quilatador {
+namespace {
 
+int rodar(Dialogos& dialogos) {
+    Programa::setWindowIcon(QIcon(QStringLiteral(":/logo.svg")));
+    Programa::setDesktopFileName(QStringLiteral("org.quilatador.Quilatador"));
     QTranslator traducao; // for the dialogs and menus of Qt itself; our own texts are always in Portuguese
     if (traducao.load(QStringLiteral("qtbase_pt_BR"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-        QApplication::installTranslator(&traducao);
+        Programa::installTranslator(&traducao);
 
     RelogioDoSistema relogio;
     LocalidadeDoSistema localidade;
-    LancadorDoSistema lancador;
     ArquivosDoSistema arquivos;
-    DialogosQt dialogos;
+    Aplicacao* janela = nullptr;
+    QObject correio; // what it has not delivered is dropped when it ends, after the launcher and its threads
+    LancadorDoSistema lancador([&](const std::filesystem::path& caminho) {
+        QMetaObject::invokeMethod(
+            &correio, [&janela, caminho] { janela->semPrograma(caminho); }, Qt::QueuedConnection);
+    });
     Aplicacao aplicacao({.relogio = relogio,
                          .localidade = localidade,
                          .lancador = lancador,
                          .arquivos = arquivos,
                          .dialogos = dialogos,
                          .pastaDoPrograma = pastaDoPrograma(),
-                         .programa = caminhoDeQt(QApplication::applicationFilePath())});
+                         .programa = caminhoDeQt(Programa::applicationFilePath())});
+    janela = &aplicacao;
     if (!aplicacao.iniciar()) return 1;
-    const QStringList argumentos = QApplication::arguments();
-    if (argumentos.size() > 1)
-        aplicacao.receber(caminhoDeQt(QDir::toNativeSeparators(QFileInfo(argumentos[1]).absoluteFilePath())));
+    if (const QStringList argumentos = Programa::arguments(); argumentos.size() > 1)
+        QTimer::singleShot(0, &correio, [&aplicacao, arquivo = QFileInfo(argumentos[1]).absoluteFilePath()] {
+            aplicacao.receber(caminhoDeQt(QDir::toNativeSeparators(arquivo)));
+        });
     const Interrupcao interrupcao;
     aplicacao.encerrarQuando([&] { return interrupcao.pedida(); });
-    const int fim = QApplication::exec();
+    const int fim = Programa::exec();
     return interrupcao.pedida() ? situacao::interrompido : fim;
+}
+
+} // namespace
+} // namespace quilatador
+
+int main(int argc, char** argv) {
+    using namespace quilatador;
+    ocuparCanaisFechados();
+    Programa programa(argc, argv);
+    DialogosQt dialogos;
+    programa.avisar = [&](const Mensagem& mensagem) { dialogos.mensagem(Programa::activeWindow(), mensagem); };
+    try {
+        return rodar(dialogos);
+    } catch (...) {
+        programa.contarExcecao();
+        return 1;
+    }
 }

@@ -138,15 +138,15 @@ TEST_F(Execucao, pedidoDeForaCancelaEFechaOLog) {
     EXPECT_TRUE(mundo.arquivos.conteudo["/d/grande.log"].ends_with(fimCancelado));
 }
 
-TEST_F(Execucao, nemATeclaEnterFogeDaConferenciaDaPosicao) {
+/// Enter leaves no box, so that only the test of OK itself is made. A click leaves the box, however quick it is.
+TEST_F(Execucao, oOKConfereOFormatoEUmCliqueTambemAPosicao) {
     pedir("/d/remessa.rem", testes::remessa());
     escolher("chkData");
     controle<QComboBox>("cmbFormato")->setCurrentText(QStringLiteral("AAAAMMDD"));
     for (const auto& [posicao, mensagem] :
-         {std::pair{"19", "Posição da data no código de barras deve estar entre 20 e 41 (limites do campo livre)!"},
-          {"37", "Posição da data no código de barras para este formato não pode ser maior que 36"},
-          {"36", "Análise finalizada!"}}) {
-        EXPECT_EQ(legenda("cmdCancela"), "&Sair");
+         {std::pair{"37", "Posição da data no código de barras para este formato não pode ser maior que 36"},
+          {"36", "Análise finalizada!"},
+          {"19", "Análise finalizada!"}}) {
         digitar("txtPosicao", posicao);
         QTest::keyClick(controle("txtPosicao"), Qt::Key_Return);
         QApplication::processEvents();
@@ -155,11 +155,54 @@ TEST_F(Execucao, nemATeclaEnterFogeDaConferenciaDaPosicao) {
         EXPECT_TRUE(naFaceDoPedido());
     }
     digitar("txtPosicao", "19");
-    escolher("optTAV"); // which has no such position
+    clicar("cmdOK");
     QApplication::processEvents();
-    dialogos.mensagens.clear();
+    EXPECT_EQ(dialogos.textos(),
+              Textos{"Posição da data no código de barras deve estar entre 20 e 41 (limites do campo livre)!"});
+    EXPECT_EQ(focado(), "txtPosicao");
+    escolher("optTAV"); // which has no such position
     clicar("cmdOK");
     EXPECT_EQ(dialogos.textos(), Textos{"Análise finalizada!"});
+}
+
+/// Also where the desktop has Enter press option buttons and check boxes.
+TEST_F(Execucao, aTeclaEnterPressionaOKDeTodoLugar) {
+    pedir("/d/remessa.rem", testes::remessa());
+    escolher("chkData");
+    escolher("optPrimeirasGuias");
+    for (const char* nome :
+         {"opt702", "chkData", "txtPosicao", "cmbFormato", "optPrimeirasGuias", "txtNumeroDetalhes"}) {
+        controle(nome)->setFocus();
+        QTest::keyClick(janela.focusWidget(), Qt::Key_Enter);
+        EXPECT_EQ(dialogos.textos(), Textos{"Análise finalizada!"}) << nome;
+    }
+}
+
+TEST_F(Execucao, oLogVaiParaOndeOUsuarioEscolhe) {
+    pedir("/d/nada.rem", {});
+    mundo.arquivos.conteudo.erase("/d/nada.rem");
+    mundo.arquivos.falhar(testes::ArquivosEmMemoria::Operacao::Criar, 1, testes::discoCheio);
+    dialogos.escolhido = "/outra/x.log";
+    clicar("cmdOK");
+    EXPECT_EQ(mundo.lancador.textos, std::vector{*dialogos.escolhido});
+    EXPECT_TRUE(legenda("lblTempoDecorrido").starts_with("00:00:")); // since the run began, not the machine
+    for (const char* arquivo : {"/d/nada.rem", "/outra/x.log"})
+        aplicacao.semPrograma(arquivo);
+    EXPECT_EQ(dialogos.textos(), (Textos{"Erro na criacao do arquivo de log: /d/nada.log", "Análise finalizada!",
+                                         "Nenhum programa deste computador abriu o arquivo:\n/outra/x.log"}));
+}
+
+TEST_F(Execucao, umaExcecaoEContadaEAJanelaContinua) {
+    pedir("/d/remessa.rem", testes::remessa());
+    for (const auto& [excecao, mensagem] :
+         {std::pair<void (*)(), const char*>{[] { throw std::bad_alloc(); }, "Memória insuficiente!"},
+          {[] { throw std::runtime_error("ação"); }, "Ocorreu um erro inesperado: ação"},
+          {nullptr, "Análise finalizada!"}}) {
+        dialogos.falha = excecao;
+        clicar("cmdOK");
+        EXPECT_EQ(dialogos.textos(), Textos{mensagem});
+        EXPECT_TRUE(naFaceDoPedido() && habilitado("cmdOK"));
+    }
 }
 
 } // namespace

@@ -2,10 +2,10 @@
 
 #include "frontend/window/qt/Aplicacao.h"
 #include "frontend/window/qt/Conversoes.h"
+#include "frontend/window/qt/Programa.h"
 #include "support/Remessas.h"
 
 #include <gtest/gtest.h>
-#include <QApplication>
 #include <QTest>
 
 namespace quilatador::testes {
@@ -13,7 +13,16 @@ namespace quilatador::testes {
 /// Answers at once: keeps the messages, and gives the file that a test has chosen.
 class DialogosFalsos final : public Dialogos {
   public:
-    void mensagem(QWidget&, const Mensagem& mensagem) override { mensagens.push_back(mensagem); }
+    void mensagem(QWidget*, const Mensagem& mensagem) override {
+        if (falha) std::exchange(falha, nullptr)();
+        mensagens.push_back(mensagem);
+    }
+    [[nodiscard]] std::optional<std::filesystem::path> escolherLog(QWidget& janela, const Mensagem& recusa,
+                                                                   const std::filesystem::path& recusado) override {
+        mensagem(&janela, recusa);
+        ultimos.push_back(recusado);
+        return escolhido;
+    }
     [[nodiscard]] std::optional<std::filesystem::path> escolherArquivo(QWidget&,
                                                                        const std::filesystem::path& ultimo) override {
         ultimos.push_back(ultimo);
@@ -29,6 +38,7 @@ class DialogosFalsos final : public Dialogos {
     }
 
     std::vector<Mensagem> mensagens;
+    std::function<void()> falha;                ///< throws in place of the next message
     std::vector<std::filesystem::path> ultimos; ///< what the file dialog was told
     std::optional<std::filesystem::path> escolhido;
 };
@@ -41,7 +51,7 @@ class RelogioDeQuadros final : public Relogio {
     [[nodiscard]] Instante agora() const override { return agora_ += std::chrono::milliseconds(40); }
 
   private:
-    mutable Instante agora_{};
+    mutable Instante agora_ = std::chrono::hours(100); ///< the machine was not started for the test
 };
 
 /// The real window over a machine of fakes, which has the program's files.
@@ -52,6 +62,7 @@ class JanelaDeTeste : public testing::Test {
         static const Texto tabelas = lerTexto(QUILATADOR_TABELAS);
         mundo.arquivos.conteudo["/programa/Arquivo_ZUL702.xml"] = leiaute;
         mundo.arquivos.conteudo["/programa/TabelaErrosZUL.mdb"] = tabelas;
+        static_cast<Programa*>(qApp)->avisar = [this](const Mensagem& dita) { dialogos.mensagem(&janela, dita); };
     }
 
     /// Shows the window, in front and with the focus.

@@ -1,5 +1,6 @@
 #include "frontend/window/qt/JanelaDeTeste.h"
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QDropEvent>
 #include <QMimeData>
@@ -24,13 +25,16 @@ const char* tipoDe(const QWidget& widget) {
 /// What a user meets: caption, what a screen reader says, hint, and how it stands.
 QString descricao(const QWidget& widget) {
     QStringList partes{widget.objectName(), QLatin1String(tipoDe(widget))};
-    for (const char* propriedade : {"text", "title", "currentText", "accessibleName", "toolTip"})
+    for (const char* propriedade : {"text", "title", "currentText", "toolTip"})
         partes += widget.property(propriedade).toString().simplified();
+    auto* ouvido = QAccessible::queryAccessibleInterface(const_cast<QWidget*>(&widget));
+    partes.insert(3, ouvido->text(QAccessible::Name).simplified());
     if (!widget.isVisible()) partes += QStringLiteral("hidden");
     if (!widget.isEnabled()) partes += QStringLiteral("off");
     if (widget.property("checked").toBool()) partes += QStringLiteral("chosen");
     if (widget.property("default").toBool()) partes += QStringLiteral("default");
     partes.removeAll(QString());
+    partes.removeDuplicates();
     return partes.join(u" | ");
 }
 
@@ -46,6 +50,7 @@ TEST_F(JanelaDeTeste, osControlesSaoOsDaLista) {
     const auto* formato = controle<QComboBox>("cmbFormato");
     for (int i = 0; i < formato->count(); ++i)
         linhas += QStringLiteral("cmbFormato | ") + formato->itemText(i);
+    linhas += descricao(*formato->lineEdit());
     EXPECT_EQ(linhas.join(u'\n').toStdString() + "\n", testes::lerTudo(QUILATADOR_CONTROLES));
 }
 
@@ -142,7 +147,8 @@ TEST_F(JanelaDeTeste, oOKExigeUmArquivoQueProcurarToma) {
     EXPECT_EQ(dialogos.ultimos, (std::vector<std::filesystem::path>{"", "", "/d/ação-Ω.rem ", "/d/nada"}));
 }
 
-TEST_F(JanelaDeTeste, oArquivoSoltoViraOPedido) {
+/// Whichever way a name comes, its type is chosen once; the user may then choose another.
+TEST_F(JanelaDeTeste, oTipoDeUmNomeNovoEReconhecido) {
     const testes::PastaTemporaria pasta;
     abrir();
     QMimeData dados;
@@ -155,20 +161,54 @@ TEST_F(JanelaDeTeste, oArquivoSoltoViraOPedido) {
         return entrada.isAccepted();
     };
     EXPECT_FALSE(soltar(pasta.caminho())); // a folder is none
-    for (const auto& [linha, opcao] : {std::pair{"A2 and so on"_t, "optTAV"},
-                                       {"A2000000000ZUL702...\r\nZ"_t, "opt702"},
-                                       {"A1000000000ZUL708"_t, "opt708"},
-                                       {"A100000000ZUL702"_t, "opt708"}, // which tells nothing, like the two below
-                                       {"\r\nA2"_t, "opt708"},
-                                       {""_t, "opt708"}}) {
-        const auto arquivo = pasta.escrever(opcao, bytesDoTexto(linha));
-        mundo.arquivos.conteudo[arquivo] = linha;
-        EXPECT_TRUE(soltar(arquivo));
-        EXPECT_EQ(texto("txtNomeArquivo"), arquivo.string());
-        EXPECT_TRUE(controle<QRadioButton>(opcao)->isChecked()) << linha;
-        EXPECT_EQ(visivel("Frame1"), opcao == std::string_view("opt702"));
-        EXPECT_TRUE(habilitado("cmdOK"));
-    }
+    const auto deixar = [&] {
+        controle("txtNomeArquivo")->setFocus();
+        QTest::keyClick(controle("txtNomeArquivo"), Qt::Key_Tab);
+    };
+    using Caminho = const std::filesystem::path&;
+    const std::function<void(Caminho)> digitado = [&](Caminho arquivo) { digitar("txtNomeArquivo", arquivo.c_str()); };
+    const std::function<void(Caminho)> procurado = [&](Caminho arquivo) {
+        dialogos.escolhido = arquivo;
+        clicar("cmdProcura");
+    };
+    const char* semTipo = "Tipo não reconhecido pelo conteúdo. Confira o tipo escolhido.";
+    int vez = 0;
+    for (const auto& tomar : {digitado, procurado, std::function<void(Caminho)>(soltar)})
+        for (const auto& [linha, opcao, aviso] : {std::tuple{"A2 and so on"_t, "optTAV", ""},
+                                                  {"A2000000000ZUL702...\r\nZ"_t, "opt702", ""},
+                                                  {"A1000000000ZUL708"_t, "opt708", ""},
+                                                  {"A100000000ZUL702"_t, "optTAV", semTipo},
+                                                  {"\r\nA2"_t, "optTAV", semTipo},
+                                                  {""_t, "optTAV", semTipo}}) {
+            const auto arquivo = pasta.escrever(std::to_string(++vez), bytesDoTexto(linha));
+            mundo.arquivos.conteudo[arquivo] = linha;
+            tomar(arquivo);
+            deixar();
+            EXPECT_EQ(texto("txtNomeArquivo"), arquivo.string());
+            EXPECT_TRUE(controle<QRadioButton>(opcao)->isChecked()) << linha;
+            EXPECT_EQ(visivel("Frame1"), opcao == std::string_view("opt702"));
+            EXPECT_EQ(legenda("lblAviso"), aviso);
+            EXPECT_TRUE(habilitado("cmdOK"));
+            escolher("optTAV");
+            deixar();
+            EXPECT_TRUE(controle<QRadioButton>("optTAV")->isChecked());
+        }
+    digitado("/d/nada");
+    EXPECT_EQ(legenda("lblAviso"), "");
+    deixar();
+    EXPECT_EQ(legenda("lblAviso"), "Não existe arquivo com este nome.");
+    aplicacao.receber("/d/nenhum");
+    EXPECT_EQ(dialogos.textos(), Textos{"Arquivo não encontrado: /d/nenhum"});
+}
+
+/// As on a screen of 1024 by 600 that shows everything at twice its size.
+TEST_F(JanelaDeTeste, cabeNumaTelaPequena) {
+    abrir();
+    EXPECT_LE(janela.sizeHint().width(), 510);
+    janela.resize(510, 270);
+    controle("optPrimeirasGuias")->setFocus();
+    for (const char* nome : {"optPrimeirasGuias", "cmdOK"})
+        EXPECT_EQ(controle(nome)->visibleRegion(), QRegion(controle(nome)->rect())) << nome;
 }
 
 TEST_F(JanelaDeTeste, oTecladoChegaATudo) {
@@ -184,6 +224,10 @@ TEST_F(JanelaDeTeste, oTecladoChegaATudo) {
     EXPECT_EQ(ordem, (Textos{"txtNomeArquivo", "cmdProcura", "opt702", "chkData", "txtPosicao", "cmbFormato",
                              "optPrimeirasGuias", "txtNumeroDetalhes", "cmdOK", "cmdCancela", "cmdAjuda", "cmdLayout",
                              "cmdSobre", "txtNomeArquivo"}));
+    for (auto* rotulo : janela.findChildren<QLabel*>())
+        if (rotulo->text() == QStringLiteral("Retorno de Liquidação")) QTest::mouseClick(rotulo, Qt::LeftButton);
+    EXPECT_TRUE(controle<QRadioButton>("optTAV")->isChecked());
+    escolher("opt702");
     controle("opt702")->setFocus();
     QTest::keyClick(controle("opt702"), Qt::Key_Down);
     EXPECT_TRUE(controle<QRadioButton>("opt708")->isChecked());

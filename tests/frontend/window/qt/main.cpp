@@ -1,10 +1,11 @@
-#include <QApplication>
+#include "frontend/window/qt/Programa.h"
 
 #include <gtest/gtest.h>
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen"); // whatever screen there is: the tests type and click by themselves
+    // Whatever screen there is: the tests type and click by themselves. Only the option -platform asks for another.
+    qputenv("QT_QPA_PLATFORM", "offscreen");
     testing::InitGoogleTest(&argc, argv);
-    const QApplication programa(argc, argv);
+    const quilatador::Programa programa(argc, argv);
     return RUN_ALL_TESTS();
 }
