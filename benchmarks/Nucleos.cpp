@@ -135,7 +135,7 @@ void reconhecimentoDeRegistros(benchmark::State& estado) {
     std::size_t linhas = 0;
     for (auto _ : estado) {
         leiaute->abrirArquivoEntrada("entrada");
-        for (linhas = 0; !leiaute->lerRegistro(false)->linha().empty(); ++linhas) {
+        for (linhas = 0; !leiaute->avancar(false).linha().empty(); ++linhas) {
         }
     }
     contarLinhas(estado, linhas);

@@ -73,6 +73,11 @@ void ArquivoRemessa::fecharArquivoEntrada() {
 }
 
 std::shared_ptr<RegistroRemessa> ArquivoRemessa::lerRegistro(bool lerCampos) {
+    avancar(lerCampos);
+    return emMaos_ == foraDosTipos_.get() ? foraDosTipos_ : tipos_[tipoEmMaos_];
+}
+
+const RegistroRemessa& ArquivoRemessa::avancar(bool lerCampos) {
     if (!leitor_) throw semArquivoAberto();
     const auto comLinha = [&](auto operacao) {
         try {
@@ -85,19 +90,21 @@ std::shared_ptr<RegistroRemessa> ArquivoRemessa::lerRegistro(bool lerCampos) {
     const std::optional<VistaTexto> linha = comLinha([&] { return leitor_->proxima(); });
     if (!linha || linha->empty()) {
         --contador_;
-        return emMaos_ = std::make_shared<RegistroRemessa>();
+        foraDosTipos_ = std::make_shared<RegistroRemessa>();
+        return *(emMaos_ = foraDosTipos_.get());
     }
     const auto tipo = reconhecer(*linha);
     if (!tipo) throw Falha(numeroDeFalha::geral, "ArquivoRemessa"_t, "Tipo de registro não identificado!"_t);
     tipoEmMaos_ = *tipo;
     comLinha([&] {
-        emMaos_ = criarCopias_ ? criarRegistro(tipos_[*tipo]->nome()) : tipos_[*tipo];
+        if (criarCopias_) foraDosTipos_ = criarRegistro(tipos_[*tipo]->nome());
+        emMaos_ = criarCopias_ ? foraDosTipos_.get() : tipos_[*tipo].get();
         if (lerCampos)
             emMaos_->lerLinha(*linha);
         else
             emMaos_->linha(*linha);
     });
-    return emMaos_;
+    return *emMaos_;
 }
 
 std::optional<std::size_t> ArquivoRemessa::reconhecer(VistaTexto linha) {

@@ -64,7 +64,10 @@ class ArquivoRemessa {
     /// line after the end of the file or for an empty line, which is not counted. Raises `Falha` 52 when no file is
     /// open for reading, 1 for an unknown type or, with "Linha: " and the count, for an unreadable line.
     [[nodiscard]] std::shared_ptr<RegistroRemessa> lerRegistro(bool lerCampos);
-    /// The record that `lerRegistro` returned last. Before the first call it has no name and no line.
+    /// The same for a caller that does not keep the record, which is valid until the next call: counting the owners of
+    /// every record shows in a large file.
+    const RegistroRemessa& avancar(bool lerCampos);
+    /// The record that was read last. Before the first call it has no name and no line.
     [[nodiscard]] const RegistroRemessa& registroEmMaos() const noexcept { return *emMaos_; }
     /// The record type of that record, as a 0-based index into `tiposRegistros`.
     [[nodiscard]] std::size_t tipoEmMaos() const noexcept { return tipoEmMaos_; }
@@ -112,7 +115,9 @@ class ArquivoRemessa {
 
     std::optional<LeitorDeLinhas> leitor_;
     std::unique_ptr<ArquivoSaida> saida_;
-    std::shared_ptr<RegistroRemessa> emMaos_ = std::make_shared<RegistroRemessa>();
+    std::shared_ptr<RegistroRemessa> foraDosTipos_ =
+        std::make_shared<RegistroRemessa>(); ///< the last copy, or no record
+    RegistroRemessa* emMaos_ = foraDosTipos_.get();
     std::size_t tipoEmMaos_ = 0;
 };
 

@@ -23,8 +23,8 @@ class LeitorDeRegistros {
     /// longer the one that the first pass read.
     void abrir();
     /// The next record. Its line is empty at an empty line and at the end of the file. `Falha` as in
-    /// `ArquivoRemessa::lerRegistro`.
-    [[nodiscard]] const RegistroRemessa& ler() { return *leiaute_.lerRegistro(false); }
+    /// `ArquivoRemessa::avancar`.
+    [[nodiscard]] const RegistroRemessa& ler() { return leiaute_.avancar(false); }
 
     /// Number of lines read so far in this pass.
     [[nodiscard]] std::int32_t lidas() const noexcept { return leiaute_.contador(); }
