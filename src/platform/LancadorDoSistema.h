@@ -11,7 +11,8 @@ namespace quilatador {
 /// program's terminal, and they stay open after it has ended.
 class LancadorDoSistema final : public Lancador {
   public:
-    /// Receives the path of an existing file that no program opened. It is called on any thread.
+    /// Receives the absolute path of a file that no program opened, on any thread. It is not called when the desktop's
+    /// opener itself finds no such file.
     using SemPrograma = std::function<void(const std::filesystem::path&)>;
 
     explicit LancadorDoSistema(SemPrograma semPrograma = {});

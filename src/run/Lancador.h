@@ -4,8 +4,7 @@
 
 namespace quilatador {
 
-/// Starts other programs without waiting for them. If none can be started, nothing is
-/// raised.
+/// Starts other programs without waiting for them. Raises nothing if none can be started.
 class Lancador {
   public:
     virtual ~Lancador() = default;

@@ -99,8 +99,8 @@ void Aplicacao::ligarBotoes() {
     QObject::connect(janela_.cmdSobre, &QPushButton::clicked, &janela_, [this] { mostrarSobre(); });
 }
 
-/// Whether the position may stay as it is. It is tested if its box has lost the focus, and keeps it lost, since the
-/// last time.
+/// Whether the position may stay as it is. It is tested once after its box has lost the focus, unless the focus has
+/// come back by then.
 bool Aplicacao::posicaoConferida() {
     if (!std::exchange(posicaoPorConferir_, false)) return true;
     if (janela_.pedido->txtPosicao->hasFocus() || QApplication::activeModalWidget()) return true;

@@ -40,8 +40,8 @@ class JanelaPrincipal final : public QDialog {
     void closeEvent(QCloseEvent* evento) override;
     void dragEnterEvent(QDragEnterEvent* evento) override;
     void dropEvent(QDropEvent* evento) override;
-    /// A key that is held down presses a button only once, and Enter presses the default button from every control
-    /// that is no button with a caption of its own to press.
+    /// A key that is held down presses a button only once. Enter presses the default button, unless the focus is on
+    /// another push button.
     bool eventFilter(QObject* objeto, QEvent* evento) override;
     void keyPressEvent(QKeyEvent* evento) override;
 

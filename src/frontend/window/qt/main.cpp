@@ -62,8 +62,8 @@ int rodar(Dialogos& dialogos) {
 int main(int argc, char** argv) {
     using namespace quilatador;
     ocuparCanaisFechados();
-    Programa programa(argc, argv);
     DialogosQt dialogos;
+    Programa programa(argc, argv);
     programa.avisar = [&](const Mensagem& mensagem) { dialogos.mensagem(Programa::activeWindow(), mensagem); };
     try {
         return rodar(dialogos);
