@@ -73,20 +73,15 @@ TEST(ArquivoRemessa, copiasOuOsProprios) {
     const auto primeiro = bancada.arquivo.lerRegistro(false);
     const auto segundo = bancada.arquivo.lerRegistro(false);
     EXPECT_EQ(junta(primeiro->linha(), segundo->linha(), tipo->linha()), "B001B002"_t);
+    EXPECT_EQ(primeiro->anoCorrente(), 2026);
+    bancada.arquivo.anoCorrente(2030);
+    EXPECT_EQ(primeiro->anoCorrente(), 2030);
     bancada.arquivo.criarCopias(false);
     EXPECT_EQ(bancada.arquivo.criarRegistro("b"_t).get(), tipo);
     EXPECT_EQ(bancada.arquivo.lerRegistro(false).get(), tipo);
     EXPECT_EQ(tipo->ArquivoRemessa(), &bancada.arquivo);
     EXPECT_EQ(textoDaFalha([&] { return bancada.arquivo.criarRegistro("C"_t); }),
               "5 ArquivoRemessa: Registro inexistente no leiaute: C"_t);
-}
-
-TEST(ArquivoRemessa, anoDoRelogioOuOQueFoiFixado) {
-    Bancada bancada("B001\n"_t);
-    const auto lido = bancada.arquivo.lerRegistro(false);
-    EXPECT_EQ(lido->anoCorrente(), 2026);
-    bancada.arquivo.anoCorrente(2030);
-    EXPECT_EQ(lido->anoCorrente(), 2030);
 }
 
 /// Whatever shortens the recognition, the type is the first one whose `isRegistroTipo` holds.
@@ -139,18 +134,12 @@ TEST(ArquivoRemessa, falhasDeArquivoTemTextoProprio) {
         EXPECT_EQ(textoDaFalha([&] { arquivo.abrirArquivoSaida("y"); }), aoAbrir);
         arquivo.abrirArquivoSaida("y");
         EXPECT_EQ(textoDaFalha([&] { arquivo.addRegistro(*arquivo.criarRegistro("A"_t)); }), aoGravar);
-        EXPECT_EQ(textoDaFalha([&] { arquivo.abrirArquivoEntrada("x"); }), aoGravar); // which closes the other file
+        EXPECT_EQ(textoDaFalha([&] { arquivo.fecharArquivoEntrada(); }), aoGravar); // whichever file is open
     }
-}
-
-TEST(ArquivoRemessa, qualquerFechamentoFechaOCanal) {
-    Bancada bancada;
-    bancada.arquivo.fecharArquivoSaida();
-    EXPECT_EQ(testes::numeroDaFalha([&] { return bancada.arquivo.lerRegistro(false); }), 52);
-    bancada.arquivo.abrirArquivoSaida("y");
-    bancada.arquivo.fecharArquivoEntrada();
-    EXPECT_TRUE(bancada.arquivos.tudoFechado());
-    EXPECT_EQ(testes::numeroDaFalha([&] { bancada.arquivo.addRegistro(*bancada.arquivo.criarRegistro("A"_t)); }), 52);
+    Bancada fechada;
+    fechada.arquivo.fecharArquivoSaida();
+    EXPECT_EQ(testes::numeroDaFalha([&] { return fechada.arquivo.lerRegistro(false); }), 52);
+    EXPECT_EQ(testes::numeroDaFalha([&] { fechada.arquivo.addRegistro(*fechada.arquivo.criarRegistro("A"_t)); }), 52);
 }
 
 TEST(ArquivoRemessa, falhaDeLeituraDizALinha) {
