@@ -36,7 +36,11 @@ class LancadorParado final : public Lancador {
 /// Message boxes are not shown, since nobody is there to close them.
 class DialogosCalados final : public Dialogos {
   public:
-    void mensagem(QWidget&, const Mensagem&) override {}
+    void mensagem(QWidget*, const Mensagem&) override {}
+    [[nodiscard]] std::optional<std::filesystem::path> escolherLog(QWidget&, const Mensagem&,
+                                                                   const std::filesystem::path&) override {
+        return std::nullopt;
+    }
     [[nodiscard]] std::optional<std::filesystem::path> escolherArquivo(QWidget&,
                                                                        const std::filesystem::path&) override {
         return std::nullopt;
