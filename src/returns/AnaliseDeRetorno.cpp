@@ -39,7 +39,6 @@ std::optional<Texto> AnaliseDeRetorno::preparar() {
 Desfecho AnaliseDeRetorno::analisar() {
     Progresso& progresso = rodada_.progresso();
     rodada_.iniciarFase(registrosEstimados(rodada_.ambiente().arquivos.tamanho(rodada_.nomeArquivo())));
-    rodada_.conferirEntrada();
     while (!rodada_.cancelada()) {
         const auto linha = leitor_->proxima();
         if (rodada_.cancelada()) break; // it may have been asked in the middle of a line without end

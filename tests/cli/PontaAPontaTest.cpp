@@ -149,21 +149,6 @@ TEST_F(PontaAPonta, arquivosEnormesEmPoucaMemoria) {
     }
 }
 
-TEST_F(PontaAPonta, logNuncaCaiSobreAEntrada) {
-    const auto entrada = pasta.escrever("remessa.rem", bytesDoTexto(remessa()));
-    const auto leiaute = pasta.escrever("Arquivo_ZUL702.xml", lerTudo(QUILATADOR_LEIAUTE));
-    const auto tabelas = pasta.escrever("TabelaErrosZUL.mdb", lerTudo(QUILATADOR_TABELAS));
-    for (const auto& alvo : {entrada, leiaute, tabelas}) {
-        const std::string antes = lerTudo(alvo);
-        for (const bool simbolico : {true, false}) {
-            std::filesystem::remove(log());
-            simbolico ? std::filesystem::create_symlink(alvo, log()) : std::filesystem::create_hard_link(alvo, log());
-            EXPECT_EQ(rodar(entrada, {"--pasta", pasta.caminho().string()}).situacao, 2);
-            EXPECT_TRUE(lerTudo(alvo) == antes) << alvo;
-        }
-    }
-}
-
 /// A remittance with a finding in each record, so that its log is long.
 Texto remessaRuim(std::uint32_t registros) {
     Texto arquivo = remessa({.registros = registros});
@@ -258,34 +243,6 @@ TEST_F(PontaAPonta, sinalNoMeioDaExecucao) {
         EXPECT_EQ(lido.ends_with(cancelada), vezes == 1);
         EXPECT_EQ(resultado.saida.find("análise cancelada") != std::string::npos, vezes == 1); // else at once
     }
-}
-
-/// The log is such a pipe again, and somebody touches the input while the run waits for it.
-TEST_F(PontaAPonta, entradaMexidaNoMeioDaExecucao) {
-    const auto entrada = pasta / "entrada";
-    const std::function<void(const std::string&)> mexidas[] = {
-        [&](const std::string& bytes) { std::filesystem::rename(pasta.escrever("outra", bytes), entrada); },
-        [&](const std::string& bytes) {
-            const auto quando = std::filesystem::last_write_time(entrada);
-            pasta.escrever("entrada", bytes);
-            std::filesystem::last_write_time(entrada, quando);
-        },
-        [&](const std::string&) { std::filesystem::remove(entrada); }};
-    ::mkfifo(log().c_str(), 0600);
-    for (const Texto& texto : {remessaRuim(20'000), remessa({.tipo = gerador::Tipo::ZUL708, .guias = 20'000}),
-                               remessa({.tipo = gerador::Tipo::TAV001, .registros = 20'000})})
-        for (const auto& mexer : mexidas) {
-            const std::string bytes(bytesDoTexto(texto));
-            pasta.escrever("entrada", bytes);
-            const int leitura = ::open(log().c_str(), O_RDONLY | O_NONBLOCK);
-            iniciar({"--log", log().string(), entrada.string()});
-            ASSERT_TRUE(chegouAlgo(leitura));
-            mexer(bytes);
-            const Texto lido = lerAteOFim(leitura);
-            ::close(leitura);
-            EXPECT_EQ(esperar().situacao, 2);
-            EXPECT_NE(lido.find("O arquivo foi alterado durante a análise!\r\n"_t), Texto::npos);
-        }
 }
 
 } // namespace

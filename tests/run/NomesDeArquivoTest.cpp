@@ -13,7 +13,6 @@ TEST(NomesDeArquivo, caminhoDoLog) {
         EXPECT_EQ(caminhoDoLog(arquivo, TipoArquivo::ZUL708), log);
     EXPECT_EQ(caminhoDoLog("/dados/remessa", TipoArquivo::ZUL702), "/dados/remessalog");
     EXPECT_EQ(caminhoDoLog("/dados/remessa", TipoArquivo::TAV001), "/dados/remessa.log");
-    EXPECT_EQ(caminhoDoLogNaPasta("/dados.2024/a.b.rem", "/logs"), "/logs/a.b.rem.log");
 }
 
 TEST(NomesDeArquivo, titulo) {
