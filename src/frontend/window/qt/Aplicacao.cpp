@@ -2,13 +2,30 @@
 
 #include "frontend/window/qt/Conversoes.h"
 #include "frontend/window/qt/JanelaSobre.h"
-
-#include <QApplication>
+#include "frontend/window/qt/Programa.h"
 
 #include <chrono>
+#include <type_traits>
 #include <utility>
 
 namespace quilatador {
+
+namespace {
+
+/// Connects a signal with what is to be done about it, which takes all of the signal's values or none.
+template <typename Origem, typename Sinal, typename Acao>
+void ligar(Origem* origem, Sinal sinal, QObject* contexto, Acao acao) {
+    QObject::connect(origem, sinal, contexto, [acao](const auto&... valores) {
+        Programa::atual().proteger([&] {
+            if constexpr (std::is_invocable_v<Acao, decltype(valores)...>)
+                acao(valores...);
+            else
+                acao();
+        });
+    });
+}
+
+} // namespace
 
 Aplicacao::Aplicacao(const Meios& meios)
     : tela_(janela_, meios.dialogos, meios.relogio)
@@ -33,11 +50,11 @@ bool Aplicacao::iniciar() {
 }
 
 void Aplicacao::receber(const std::filesystem::path& arquivo) {
-    formulario_.receberArquivo(arquivo);
+    Programa::atual().proteger([&] { formulario_.receberArquivo(arquivo); });
 }
 
 void Aplicacao::semPrograma(const std::filesystem::path& caminho) {
-    formulario_.semPrograma(caminho);
+    Programa::atual().proteger([&] { formulario_.semPrograma(caminho); });
 }
 
 void Aplicacao::encerrarQuando(std::function<bool()> pedido) {
@@ -51,35 +68,35 @@ void Aplicacao::encerrarQuando(std::function<bool()> pedido) {
 void Aplicacao::ligarPedido() {
     const QuadroDoPedido& pedido = *janela_.pedido;
     const auto ligarTipo = [&](QRadioButton* opcao, TipoArquivo tipo) {
-        QObject::connect(opcao, &QRadioButton::toggled, &janela_, [this, tipo](bool escolhida) {
+        ligar(opcao, &QRadioButton::toggled, &janela_, [this, tipo](bool escolhida) {
             if (escolhida) formulario_.escolherTipo(tipo);
         });
     };
     ligarTipo(pedido.opt702, TipoArquivo::ZUL702);
     ligarTipo(pedido.opt708, TipoArquivo::ZUL708);
     ligarTipo(pedido.optTAV, TipoArquivo::TAV001);
-    QObject::connect(pedido.chkData, &QCheckBox::toggled, &janela_,
-                     [this](bool comData) { formulario_.escolherComData(comData); });
-    QObject::connect(pedido.optPrimeirasGuias, &QRadioButton::toggled, &janela_,
-                     [this](bool primeiras) { formulario_.escolherPrimeirasGuias(primeiras); });
+    ligar(pedido.chkData, &QCheckBox::toggled, &janela_,
+          [this](bool comData) { formulario_.escolherComData(comData); });
+    ligar(pedido.optPrimeirasGuias, &QRadioButton::toggled, &janela_,
+          [this](bool primeiras) { formulario_.escolherPrimeirasGuias(primeiras); });
 }
 
 void Aplicacao::ligarCaixas() {
     const QuadroDoPedido& pedido = *janela_.pedido;
-    QObject::connect(pedido.txtNumeroDetalhes, &CaixaDeNumero::saiu, &janela_,
-                     [this] { formulario_.sairDoNumeroDeGuias(textoDeQt(janela_.pedido->txtNumeroDetalhes->text())); });
+    ligar(pedido.txtNumeroDetalhes, &CaixaDeNumero::saiu, &janela_,
+          [this] { formulario_.sairDoNumeroDeGuias(textoDeQt(janela_.pedido->txtNumeroDetalhes->text())); });
     // The test waits, because its message box would otherwise open in the middle of the mouse press that took the focus
     // away, and leave the button under it pressed.
-    QObject::connect(pedido.txtPosicao, &CaixaDeNumero::saiu, &janela_, [this] {
+    ligar(pedido.txtPosicao, &CaixaDeNumero::saiu, &janela_, [this] {
         posicaoPorConferir_ = true;
-        QMetaObject::invokeMethod(
-            &janela_, [this] { static_cast<void>(posicaoConferida()); }, Qt::QueuedConnection);
+        const auto conferir = [this] { Programa::atual().proteger([this] { static_cast<void>(posicaoConferida()); }); };
+        QMetaObject::invokeMethod(&janela_, conferir, Qt::QueuedConnection);
     });
-    QObject::connect(pedido.txtNomeArquivo, &QLineEdit::textChanged, &janela_,
-                     [this](const QString& nome) { formulario_.mudarNomeArquivo(caminhoDeQt(nome)); });
-    QObject::connect(pedido.txtNomeArquivo, &QLineEdit::editingFinished, &janela_,
-                     [this] { formulario_.sairDoNomeArquivo(caminhoDeQt(janela_.pedido->txtNomeArquivo->text())); });
-    QObject::connect(pedido.cmdProcura, &QPushButton::clicked, &janela_, [this] {
+    ligar(pedido.txtNomeArquivo, &QLineEdit::textChanged, &janela_,
+          [this](const QString& nome) { formulario_.mudarNomeArquivo(caminhoDeQt(nome)); });
+    ligar(pedido.txtNomeArquivo, &QLineEdit::editingFinished, &janela_,
+          [this] { formulario_.sairDoNomeArquivo(caminhoDeQt(janela_.pedido->txtNomeArquivo->text())); });
+    ligar(pedido.cmdProcura, &QPushButton::clicked, &janela_, [this] {
         if (const auto arquivo = dialogos_.escolherArquivo(janela_, formulario_.ultimoArquivo()))
             formulario_.tomarArquivo(*arquivo);
     });
@@ -87,16 +104,16 @@ void Aplicacao::ligarCaixas() {
 
 void Aplicacao::ligarBotoes() {
     janela_.podeFechar = [this] { return formulario_.podeFechar(); };
-    QObject::connect(&janela_, &JanelaPrincipal::arquivoSolto, &janela_,
-                     [this](const std::filesystem::path& arquivo) { receber(arquivo); });
+    ligar(&janela_, &JanelaPrincipal::arquivoSolto, &janela_,
+          [this](const std::filesystem::path& arquivo) { receber(arquivo); });
     // A quick click comes before the test that waits.
-    QObject::connect(janela_.cmdOK, &QPushButton::clicked, &janela_, [this] {
+    ligar(janela_.cmdOK, &QPushButton::clicked, &janela_, [this] {
         if (posicaoConferida()) formulario_.confirmar(janela_.pedido->pedido());
     });
-    QObject::connect(janela_.cmdCancela, &QPushButton::clicked, &janela_, [this] { formulario_.cancelar(); });
-    QObject::connect(janela_.cmdAjuda, &QPushButton::clicked, &janela_, [this] { formulario_.abrirAjuda(); });
-    QObject::connect(janela_.cmdLayout, &QPushButton::clicked, &janela_, [this] { formulario_.abrirLeiaute(); });
-    QObject::connect(janela_.cmdSobre, &QPushButton::clicked, &janela_, [this] { mostrarSobre(); });
+    ligar(janela_.cmdCancela, &QPushButton::clicked, &janela_, [this] { formulario_.cancelar(); });
+    ligar(janela_.cmdAjuda, &QPushButton::clicked, &janela_, [this] { formulario_.abrirAjuda(); });
+    ligar(janela_.cmdLayout, &QPushButton::clicked, &janela_, [this] { formulario_.abrirLeiaute(); });
+    ligar(janela_.cmdSobre, &QPushButton::clicked, &janela_, [this] { mostrarSobre(); });
 }
 
 /// Whether the position may stay as it is. It is tested once after its box has lost the focus, unless the focus has
