@@ -32,7 +32,7 @@ Resumo naoRodou() {
     return resumo;
 }
 
-Texto contagem(std::int32_t numero, VistaTexto singular, VistaTexto plural) {
+Texto contagem(std::int64_t numero, VistaTexto singular, VistaTexto plural) {
     return junta(textoDe(numero), " "_t, numero == 1 ? singular : plural);
 }
 
@@ -133,6 +133,7 @@ class Chamada {
             break;
         case Desfecho::Falhou:
             texto = "análise interrompida por erro no arquivo"_t;
+            if (resumo.linhaDaParada > 0) texto += junta(", linha "_t, textoDe(resumo.linhaDaParada));
             break;
         case Desfecho::NaoRodou:
             texto = "não foi possível analisar"_t;

@@ -33,8 +33,8 @@ class ArquivoRemessa {
         return tipos_;
     }
     /// The number of records read or written so far. Opening a file does not reset it.
-    [[nodiscard]] std::int32_t contador() const noexcept { return contador_; }
-    void contador(std::int32_t contador) noexcept { contador_ = contador; }
+    [[nodiscard]] std::int64_t contador() const noexcept { return contador_; }
+    void contador(std::int64_t contador) noexcept { contador_ = contador; }
     /// The year that decides the decade of a one-digit year in a date field; 0 until it is set.
     [[nodiscard]] int anoCorrente() const noexcept { return anoCorrente_; }
     void anoCorrente(int ano) noexcept { anoCorrente_ = ano; }
@@ -54,8 +54,8 @@ class ArquivoRemessa {
     }
     /// Reads the next line and returns its record, valid until the next call. `lerCampos` parses all fields at once;
     /// otherwise each is parsed when asked for. The record has no name and no line after the end of the file or for an
-    /// empty line, which is not counted. Raises `Falha` 1, for an unknown type or, with "Linha: " and the count, for an
-    /// unreadable line.
+    /// empty line, which is not counted. Raises `FalhaDeLeitura` for an unknown type, and `Falha` 1, with "Linha: " and
+    /// the count, for an unreadable line.
     [[nodiscard]] RegistroRemessa& lerRegistro(bool lerCampos);
     /// The record that `lerRegistro` returned last. Before the first call it has no name and no line.
     [[nodiscard]] const RegistroRemessa& registroEmMaos() const noexcept { return *emMaos_; }
@@ -86,13 +86,14 @@ class ArquivoRemessa {
 
     [[nodiscard]] std::optional<std::size_t> reconhecer(VistaTexto linha);
     void prepararMarcas();
+    [[nodiscard]] FalhaDeLeitura semTipo(VistaTexto linha) const;
     RegistroRemessa& semRegistro();
 
     Arquivos& arquivos_;
     bool criarCopias_ = true;
     Texto codigoArquivo_;
     std::vector<std::shared_ptr<RegistroRemessa>> tipos_;
-    std::int32_t contador_ = 0;
+    std::int64_t contador_ = 0;
     int anoCorrente_ = 0;
 
     std::vector<Marca> marcas_;

@@ -1,6 +1,7 @@
 #include "layout/RegistroRemessa.h"
 
 #include "common/Falha.h"
+#include "common/Numero.h"
 #include "layout/ArquivoRemessa.h"
 
 #include <algorithm>
@@ -75,7 +76,12 @@ Valor RegistroRemessa::getValorCampo(VistaTexto nomeCampo) const {
 }
 
 Valor RegistroRemessa::getValorCampo(const CampoRemessa& campo) const {
-    return linha_.empty() ? campo.Valor() : campo.interpretar(textoNaLinha(campo), anoCorrente());
+    if (linha_.empty()) return campo.Valor();
+    try {
+        return campo.interpretar(textoNaLinha(campo), anoCorrente());
+    } catch (const FalhaDeLeitura& falha) {
+        throw falha.em(numeroDaLinha(), letra());
+    }
 }
 
 Texto RegistroRemessa::getValorCampoString(VistaTexto nomeCampo) const {
@@ -110,6 +116,18 @@ CampoRemessa& RegistroRemessa::campo(VistaTexto nomeCampo) const {
 
 int RegistroRemessa::anoCorrente() const noexcept {
     return arquivo_ ? arquivo_->anoCorrente() : 0;
+}
+
+std::int64_t RegistroRemessa::numeroDaLinha() const {
+    const auto contador = std::ranges::find_if(campos_, [](const auto& campo) { return campo->natureza() == "R"_t; });
+    const VistaTexto numero = contador == campos_.end() ? VistaTexto() : textoNaLinha(**contador);
+    return static_cast<std::int64_t>(numeroDeDigitos(semBrancos(numero)).value_or(0));
+}
+
+char RegistroRemessa::letra() const noexcept {
+    const auto indice = indiceDoCampo(identificador_);
+    const VistaTexto letra = indice ? textoNaLinha(*campos_[*indice]) : VistaTexto();
+    return letra.size() == 1 ? letra.front() : '\0';
 }
 
 RegistroRemessa RegistroRemessa::copia() const {

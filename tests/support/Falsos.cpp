@@ -32,6 +32,7 @@ void PainelFalso::concluirProgresso(const Progresso& progresso) {
 
 void PainelFalso::processarEventos() {
     chamadas.emplace_back("eventos"_t);
+    if (nosEventos) nosEventos();
 }
 
 void PainelFalso::mensagem(const Mensagem& mensagem) {
@@ -39,12 +40,13 @@ void PainelFalso::mensagem(const Mensagem& mensagem) {
     mensagens.push_back(mensagem);
 }
 
-void PainelFalso::naLinha(std::int32_t linha, std::function<void()> acao, int fase) {
+void PainelFalso::naLinha(std::int64_t linha, std::function<void()> acao, int fase) {
     quando_ = {fase, linha};
     acao_ = std::move(acao);
 }
 
 void PainelFalso::anotar(VistaTexto operacao, const Progresso& progresso) {
+    ultimo = progresso;
     chamadas.push_back(junta(operacao, " "_t, textoDe(progresso.registroAtual), "/"_t,
                              textoDe(progresso.totalRegistros), " guias "_t, textoDe(progresso.guias)));
 }
