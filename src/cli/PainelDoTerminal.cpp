@@ -56,7 +56,7 @@ void PainelDoTerminal::mensagem(const Mensagem& mensagem) {
 }
 
 void PainelDoTerminal::desenhar(const Progresso& progresso, Relogio::Instante agora) {
-    const std::int32_t total = std::max(progresso.totalRegistros, progresso.registroAtual);
+    const std::int64_t total = std::max(progresso.totalRegistros, progresso.registroAtual);
     const std::int64_t porCento = total == 0 ? 0 : std::int64_t{100} * progresso.registroAtual / total;
     std::string linha =
         paraTerminal(junta("Registro "_t, textoDe(progresso.registroAtual), " de "_t, textoDe(total), " ("_t,

@@ -44,7 +44,9 @@ Texto fimDe(TipoArquivo tipo, const Resumo& resumo) {
     case Desfecho::Cancelada:
         return Texto("análise cancelada"_t);
     case Desfecho::Falhou:
-        return Texto("análise interrompida por erro no arquivo"_t);
+        return resumo.linhaDaParada == 0
+                   ? Texto("análise interrompida por erro no arquivo"_t)
+                   : junta("análise interrompida por erro no arquivo, linha "_t, textoDe(resumo.linhaDaParada));
     case Desfecho::NaoRodou:
         return Texto("não foi possível analisar"_t);
     }

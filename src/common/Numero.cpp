@@ -23,10 +23,46 @@ double noLimite(VistaTexto numero) noexcept {
     return numero.starts_with('-') ? std::numeric_limits<double>::lowest() : std::numeric_limits<double>::max();
 }
 
+/// The number at the start of a text, without blanks: a sign, digits and at most one ".". Any of them may be missing.
+Texto numeroNoInicio(VistaTexto texto) {
+    Texto limpo;
+    bool ponto = false;
+    for (const char c : texto) {
+        if (c == ' ') continue;
+        const bool sinal = limpo.empty() && (c == '+' || c == '-');
+        if (!digito(c) && !sinal && (c != '.' || ponto)) break;
+        ponto = ponto || c == '.';
+        limpo.push_back(c);
+    }
+    return limpo;
+}
+
+/// Adds 1 to a whole number written in digits.
+void somarUm(Texto& digitos) {
+    std::size_t i = digitos.size();
+    while (i > 0 && digitos[i - 1] == '9')
+        digitos[--i] = '0';
+    if (i > 0)
+        ++digitos[i - 1];
+    else
+        digitos.insert(digitos.begin(), '1');
+}
+
+/// Rounds a number as `numeroNoInicio` gives it to whole digits, halves away from zero, and drops its sign. A float in
+/// between would not keep all digits of a long amount.
+Texto inteirosArredondados(VistaTexto numero) {
+    if (numero.starts_with('+') || numero.starts_with('-')) numero.remove_prefix(1);
+    const std::size_t ponto = std::min(numero.find('.'), numero.size());
+    Texto inteiros(numero.substr(0, ponto));
+    if (trecho(numero, ponto + 2, 1) >= "5"_t) somarUm(inteiros);
+    return inteiros;
+}
+
 template <typename Inteiro>
 Inteiro arredondar(double numero) {
     const double inteiro = std::nearbyint(numero); // the default rounding mode takes halves to the even neighbour
-    if (!(inteiro >= std::numeric_limits<Inteiro>::min() && inteiro <= std::numeric_limits<Inteiro>::max()))
+    constexpr auto menor = static_cast<double>(std::numeric_limits<Inteiro>::min());
+    if (!(inteiro >= menor && inteiro < -menor)) // the largest number of 64 bits has no double of its own
         throw Falha(numeroDeFalha::estouro, "Numero"_t, "Estouro"_t);
     return static_cast<Inteiro>(inteiro);
 }
@@ -56,15 +92,7 @@ bool ehNumerico(VistaTexto texto) noexcept {
 
 double lerNumero(VistaTexto texto) {
     if (const auto numero = numeroDeDigitos(texto)) return *numero;
-    Texto limpo;
-    bool ponto = false;
-    for (const char c : texto) {
-        if (c == ' ') continue;
-        const bool sinal = limpo.empty() && (c == '+' || c == '-');
-        if (!digito(c) && !sinal && (c != '.' || ponto)) break;
-        ponto = ponto || c == '.';
-        limpo.push_back(c);
-    }
+    const Texto limpo = numeroNoInicio(texto);
     VistaTexto resto = limpo;
     if (resto.starts_with('+')) resto.remove_prefix(1);
     double numero = 0;
@@ -82,6 +110,9 @@ Texto textoDoNumero(double numero) {
 std::int32_t arredondarParaLongo(double numero) {
     return arredondar<std::int32_t>(numero);
 }
+std::int64_t arredondarParaContagem(double numero) {
+    return arredondar<std::int64_t>(numero);
+}
 std::int16_t arredondarParaInteiro(double numero) {
     return arredondar<std::int16_t>(numero);
 }
@@ -90,9 +121,10 @@ Texto formatarCentavos(VistaTexto centavos, VistaTexto separadorDeMilhar, VistaT
     Texto texto;
     Texto lidos;
     if (!soDigitos(centavos)) {
-        const double numero = std::nearbyint(lerNumero(centavos));
-        if (numero < 0) texto.push_back('-');
-        lidos = textoDoNumero(std::fabs(numero));
+        const Texto numero = numeroNoInicio(centavos);
+        lidos = inteirosArredondados(numero);
+        const bool zero = lidos.find_first_not_of('0') == Texto::npos;
+        if (numero.starts_with('-') && !zero) texto.push_back('-');
         centavos = lidos;
     }
     const Centavos valor(centavos, separadorDeMilhar, separadorDecimal);

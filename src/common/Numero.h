@@ -37,7 +37,9 @@ namespace quilatador {
 [[nodiscard]] Texto textoDoNumero(double numero);
 
 /// The nearest whole number, where halves go to the even neighbour. Raises `Falha` 6 ("Estouro") when the result does
-/// not fit into 32 bits (`arredondarParaLongo`) or 16 bits (`arredondarParaInteiro`).
+/// not fit into 64 bits (`arredondarParaContagem`), 32 bits (`arredondarParaLongo`) or 16 bits
+/// (`arredondarParaInteiro`).
+[[nodiscard]] std::int64_t arredondarParaContagem(double numero);
 [[nodiscard]] std::int32_t arredondarParaLongo(double numero);
 [[nodiscard]] std::int16_t arredondarParaInteiro(double numero);
 
@@ -84,7 +86,8 @@ class Centavos {
     VistaTexto decimal_;
 };
 
-/// Formats an amount of cents as `Centavos` does. A text that is not all digits is first read with `lerNumero`.
+/// Formats an amount of cents as `Centavos` does. A text that is not all digits is first read by the rules of
+/// `lerNumero`, but in decimal, and rounded to whole cents, halves away from zero; a zero has no sign.
 [[nodiscard]] Texto formatarCentavos(VistaTexto centavos, VistaTexto separadorDeMilhar, VistaTexto separadorDecimal);
 
 } // namespace quilatador

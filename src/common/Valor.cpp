@@ -27,6 +27,9 @@ double Valor::paraDuplo() const {
     return lerNumero(*comoTexto());
 }
 
+std::int64_t Valor::paraContagem() const {
+    return arredondarParaContagem(paraDuplo());
+}
 std::int32_t Valor::paraLongo() const {
     return arredondarParaLongo(paraDuplo());
 }

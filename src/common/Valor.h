@@ -27,6 +27,7 @@ class Valor {
     Valor(VistaTexto texto) : conteudo_(Texto(texto)) {}
     Valor(double numero) : conteudo_(numero) {}
     Valor(int numero) : conteudo_(static_cast<double>(numero)) {}
+    Valor(std::int64_t numero) : conteudo_(static_cast<double>(numero)) {}
     Valor(const Data& data) : conteudo_(data) {}
 
     /// Whether the value is empty or null; it is never both.
@@ -45,8 +46,9 @@ class Valor {
     /// Converts to a number; an empty value gives 0, a date its serial number. Raises `Falha` 13 for a text that is not
     /// numeric, 94 for null.
     [[nodiscard]] double paraDuplo() const;
-    /// Converts to a whole number of 32 or 16 bits, where halves go to the even neighbour. Raises the failures of
-    /// `paraDuplo`, and `Falha` 6 when the number does not fit.
+    /// Converts to a whole number of 64, 32 or 16 bits, where halves go to the even neighbour. Raises the failures of
+    /// `paraDuplo`, and `Falha` 6 when the number does not fit. Line numbers and other counts have 64 bits.
+    [[nodiscard]] std::int64_t paraContagem() const;
     [[nodiscard]] std::int32_t paraLongo() const;
     [[nodiscard]] std::int16_t paraInteiro() const;
 

@@ -94,7 +94,7 @@ const RegistroRemessa& ArquivoRemessa::avancar(bool lerCampos) {
         return *(emMaos_ = foraDosTipos_.get());
     }
     const auto tipo = reconhecer(*linha);
-    if (!tipo) throw Falha(numeroDeFalha::geral, "ArquivoRemessa"_t, "Tipo de registro não identificado!"_t);
+    if (!tipo) throw semTipo(*linha);
     tipoEmMaos_ = *tipo;
     comLinha([&] {
         if (criarCopias_) foraDosTipos_ = criarRegistro(tipos_[*tipo]->nome());
@@ -119,6 +119,21 @@ std::optional<std::size_t> ArquivoRemessa::reconhecer(VistaTexto linha) {
     for (std::size_t i = primeira; i < marcas_.size(); ++i)
         if (trecho(linha, marcas_[i].posicao, marcas_[i].tamanho) == marcas_[i].texto) return marcas_[i].tipo;
     return std::nullopt;
+}
+
+/// The field at fault is the one that identifies the record types, if it has the same place in all of them.
+FalhaDeLeitura ArquivoRemessa::semTipo(VistaTexto linha) const {
+    std::optional<CampoDoAchado> campo;
+    if (posicaoComum_ > 0) {
+        const Marca& marca = marcas_.front();
+        campo = CampoDoAchado{.nome = tipos_[marca.tipo]->identificador(),
+                              .inicio = static_cast<int>(marca.posicao),
+                              .fim = static_cast<int>(marca.posicao + marca.tamanho) - 1,
+                              .encontrado = Texto(trecho(linha, marca.posicao, marca.tamanho)),
+                              .esperado = {}};
+    }
+    const Falha causa(numeroDeFalha::geral, "ArquivoRemessa"_t, "Tipo de registro não identificado!"_t);
+    return FalhaDeLeitura("leitura.tipo"_t, causa, std::move(campo)).em(contador_, '\0');
 }
 
 /// Prepares once what `RegistroRemessa::isRegistroTipo` would have to look up for every record type and line.

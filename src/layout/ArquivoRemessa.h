@@ -36,8 +36,8 @@ class ArquivoRemessa {
         return tipos_;
     }
     /// The number of records read or written so far. Opening a file does not reset it.
-    [[nodiscard]] std::int32_t contador() const noexcept { return contador_; }
-    void contador(std::int32_t contador) noexcept { contador_ = contador; }
+    [[nodiscard]] std::int64_t contador() const noexcept { return contador_; }
+    void contador(std::int64_t contador) noexcept { contador_ = contador; }
     /// The year that decides the decade of a one-digit year in a date field. It is that of the clock until one is set,
     /// which lets a run read all its records alike even when a new year begins.
     [[nodiscard]] int anoCorrente() const { return anoFixado_ ? *anoFixado_ : anoDe(relogio_.hoje()); }
@@ -62,7 +62,8 @@ class ArquivoRemessa {
     /// Reads the next line and returns its record, which no later call changes unless `criarCopias` is false.
     /// `lerCampos` parses all fields at once; otherwise each is parsed when asked for. The record has no name and no
     /// line after the end of the file or for an empty line, which is not counted. Raises `Falha` 52 when no file is
-    /// open for reading, 1 for an unknown type or, with "Linha: " and the count, for an unreadable line.
+    /// open for reading, `FalhaDeLeitura` for an unknown type and 1, with "Linha: " and the count, for an unreadable
+    /// line.
     [[nodiscard]] std::shared_ptr<RegistroRemessa> lerRegistro(bool lerCampos);
     /// The same for a caller that does not keep the record, which is valid until the next call: counting the owners of
     /// every record shows in a large file.
@@ -96,13 +97,14 @@ class ArquivoRemessa {
 
     [[nodiscard]] std::optional<std::size_t> reconhecer(VistaTexto linha);
     void prepararMarcas();
+    [[nodiscard]] FalhaDeLeitura semTipo(VistaTexto linha) const;
 
     Arquivos& arquivos_;
     const Relogio& relogio_;
     bool criarCopias_ = true;
     Texto codigoArquivo_;
     std::vector<std::shared_ptr<RegistroRemessa>> tipos_;
-    std::int32_t contador_ = 0;
+    std::int64_t contador_ = 0;
     std::optional<int> anoFixado_;
 
     std::vector<Marca> marcas_;

@@ -19,10 +19,6 @@ double potenciaDeDez(std::uint8_t expoente) noexcept {
     return expoente < usuais.size() ? usuais[expoente] : std::pow(10.0, expoente);
 }
 
-Falha falhaDoCampo(VistaTexto nome, VistaTexto motivo) {
-    return {numeroDeFalha::geral, "CampoRemessa"_t, junta("Campo="_t, nome, " - "_t, motivo)};
-}
-
 } // namespace
 
 void CampoRemessa::natureza(Texto natureza) {
@@ -51,7 +47,7 @@ Valor CampoRemessa::interpretar(VistaTexto texto) const {
 
 Valor CampoRemessa::interpretarNumero(VistaTexto texto) const {
     const std::optional<double> digitos = numeroDeDigitos(texto);
-    if (!digitos && !ehNumerico(texto)) throw falhaDoCampo(nome_, "Campo numérico inválido"_t);
+    if (!digitos && !ehNumerico(texto)) throw naoLido("leitura.numero"_t, texto, "Campo numérico inválido"_t);
     const double numero = digitos ? *digitos : lerNumero(texto);
     return numeroDecimais_ == 0 ? numero : numero / potenciaDeDez(numeroDecimais_);
 }
@@ -68,8 +64,13 @@ Valor CampoRemessa::interpretarData(VistaTexto texto) const {
         // purpose, the test `dataJulianaTrocaDiaEMes` holds it.
         data = lerData(formatarData(*juliana, "MM/DD/YYYY"_t));
     }
-    if (!data) throw falhaDoCampo(nome_, "Campo data inválido"_t);
+    if (!data) throw naoLido("leitura.data"_t, texto, "Campo data inválido"_t);
     return *data;
+}
+
+FalhaDeLeitura CampoRemessa::naoLido(VistaTexto id, VistaTexto texto, VistaTexto motivo) const {
+    return {id, Falha(numeroDeFalha::geral, "CampoRemessa"_t, junta("Campo="_t, nome_, " - "_t, motivo)),
+            CampoDoAchado{.nome = nome_, .inicio = inicio_, .fim = fim_, .encontrado = Texto(texto), .esperado = {}}};
 }
 
 Texto CampoRemessa::gerarTexto() {

@@ -2,6 +2,7 @@
 
 #include "common/Texto.h"
 #include "common/Valor.h"
+#include "run/FalhaDeLeitura.h"
 
 #include <cstdint>
 
@@ -48,8 +49,8 @@ class CampoRemessa {
 
     /// Converts a text to the value that it means for this field, without changing the field. A blank or all-zero date
     /// is null, and a field of unknown `natureza` gives its stored value. The decade of "ADDD" follows from
-    /// `RegistroRemessa::anoCorrente`. Raises `Falha` 1 with "CampoRemessa" as its source for an invalid number or
-    /// date, which any "ADDD" is as long as no record with a clock owns the field.
+    /// `RegistroRemessa::anoCorrente`. Raises `FalhaDeLeitura` (number 1, source "CampoRemessa", without a line) for an
+    /// invalid number or date, which any "ADDD" is as long as no record with a clock owns the field.
     [[nodiscard]] quilatador::Valor interpretar(VistaTexto texto) const;
     /// Stores the result of `interpretar`. After a failure the field keeps its old value.
     void lerTexto(VistaTexto texto) { valor_ = interpretar(texto); }
@@ -65,6 +66,7 @@ class CampoRemessa {
 
     [[nodiscard]] quilatador::Valor interpretarNumero(VistaTexto texto) const;
     [[nodiscard]] quilatador::Valor interpretarData(VistaTexto texto) const;
+    [[nodiscard]] FalhaDeLeitura naoLido(VistaTexto id, VistaTexto texto, VistaTexto motivo) const;
     [[nodiscard]] Texto gerarNumero();
     [[nodiscard]] Texto gerarData() const;
     [[nodiscard]] Texto gerarContador() const;

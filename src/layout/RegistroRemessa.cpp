@@ -1,11 +1,13 @@
 #include "layout/RegistroRemessa.h"
 
 #include "common/Falha.h"
+#include "common/Numero.h"
 #include "layout/ArquivoRemessa.h"
 #include "run/Relogio.h"
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace quilatador {
 
@@ -76,7 +78,7 @@ Texto RegistroRemessa::gerarLinha() {
 
 Valor RegistroRemessa::getValorCampo(VistaTexto nomeCampo) {
     CampoRemessa& procurado = campo(nomeCampo);
-    if (!linha_.empty()) procurado.lerTexto(textoNaLinha(procurado));
+    procurado.Valor(std::as_const(*this).getValorCampo(procurado));
     return procurado.Valor();
 }
 
@@ -85,7 +87,12 @@ Valor RegistroRemessa::getValorCampo(VistaTexto nomeCampo) const {
 }
 
 Valor RegistroRemessa::getValorCampo(const CampoRemessa& campo) const {
-    return linha_.empty() ? campo.Valor() : campo.interpretar(textoNaLinha(campo));
+    if (linha_.empty()) return campo.Valor();
+    try {
+        return campo.interpretar(textoNaLinha(campo));
+    } catch (const FalhaDeLeitura& falha) {
+        throw falha.em(numeroDaLinha(), letra());
+    }
 }
 
 Texto RegistroRemessa::getValorCampoString(VistaTexto nomeCampo) const {
@@ -117,6 +124,18 @@ CampoRemessa& RegistroRemessa::campo(VistaTexto nomeCampo) const {
 int RegistroRemessa::anoCorrente() const {
     if (arquivo_) return arquivo_->anoCorrente();
     return relogio_ ? anoDe(relogio_->hoje()) : 0;
+}
+
+std::int64_t RegistroRemessa::numeroDaLinha() const {
+    const auto contador = std::ranges::find_if(campos_, [](const auto& campo) { return campo->natureza() == "R"_t; });
+    const VistaTexto numero = contador == campos_.end() ? VistaTexto() : textoNaLinha(**contador);
+    return static_cast<std::int64_t>(numeroDeDigitos(semBrancos(numero)).value_or(0));
+}
+
+char RegistroRemessa::letra() const noexcept {
+    const auto indice = indiceDoCampo(identificador_);
+    const VistaTexto letra = indice ? textoNaLinha(*campos_[*indice]) : VistaTexto();
+    return letra.size() == 1 ? letra.front() : '\0';
 }
 
 RegistroRemessa RegistroRemessa::copia() const {

@@ -67,8 +67,8 @@ class RegistroRemessa {
     [[nodiscard]] Texto gerarLinha();
 
     /// The value of a field, which the field of a lazy record then keeps if the record may be changed. Raises `Falha` 5
-    /// when the record has no field with this name, 1 when the field cannot be read. Upper and lower case do not matter
-    /// in field names, here and in the functions below.
+    /// when the record has no field with this name, `FalhaDeLeitura` with the place of the record when the field cannot
+    /// be read. Upper and lower case do not matter in field names, here and in the functions below.
     [[nodiscard]] Valor getValorCampo(VistaTexto nomeCampo);
     [[nodiscard]] Valor getValorCampo(VistaTexto nomeCampo) const;
     /// The text of a field as it is in the line, with its blanks and without any check. In an eager record it is the
@@ -91,6 +91,11 @@ class RegistroRemessa {
     [[nodiscard]] VistaTexto textoNaLinha(const CampoRemessa& campo) const noexcept {
         return textoDoCampo(linha_, campo);
     }
+
+    /// Where a lazy record stands: the number of its line (1-based) as its sequence number says, 0 when that cannot be
+    /// read; and its letter, NUL when the identifying field is not exactly one character.
+    [[nodiscard]] std::int64_t numeroDaLinha() const;
+    [[nodiscard]] char letra() const noexcept;
 
     /// A copy that shares nothing with this record.
     [[nodiscard]] RegistroRemessa copia() const;

@@ -3,7 +3,6 @@
 #include "common/Falha.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace quilatador {
 
@@ -11,9 +10,8 @@ namespace {
 
 constexpr std::uint64_t bytesPorRegistro = 240;
 
-std::int32_t registrosEstimados(std::uint64_t bytes) noexcept {
-    constexpr std::uint64_t maximo = std::numeric_limits<std::int32_t>::max();
-    return static_cast<std::int32_t>(std::min(bytes / bytesPorRegistro, maximo));
+std::int64_t registrosEstimados(std::uint64_t bytes) noexcept {
+    return static_cast<std::int64_t>(bytes / bytesPorRegistro);
 }
 
 } // namespace
@@ -45,10 +43,11 @@ Desfecho AnaliseDeRetorno::analisar() {
         if (!linha) {
             rodada_.conferirEntrada();
             escreverTotais();
-            progresso.registroAtual = progresso.totalRegistros;
+            progresso.barra = progresso.totalRegistros;
             return Desfecho::Concluida;
         }
         progresso.registroAtual = ++rodada_.resumo().totalRegistros;
+        progresso.barra = std::min(progresso.registroAtual, progresso.totalRegistros);
         if (linhaAtual() == 1)
             if (const auto recusa = tratarHeader(*linha)) return recusar(*recusa);
         tratarLinha(*linha);

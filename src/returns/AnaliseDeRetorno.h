@@ -36,7 +36,7 @@ class AnaliseDeRetorno : public Analise {
     [[nodiscard]] Rodada& rodada() noexcept { return rodada_; }
     [[nodiscard]] ConsultasDaRodada& consultas() noexcept { return consultas_; }
     /// 1-based number of the current line; after the last line, the number of lines read.
-    [[nodiscard]] std::int32_t linhaAtual() noexcept { return rodada_.resumo().totalRegistros; }
+    [[nodiscard]] std::int64_t linhaAtual() noexcept { return rodada_.resumo().totalRegistros; }
     /// Shows a text in a label and lets the window handle its events.
     void mostrar(Rotulo rotulo, VistaTexto texto);
 

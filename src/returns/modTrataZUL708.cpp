@@ -29,8 +29,8 @@ class AnaliseZUL708 final : public AnaliseDeRetorno {
     void anunciar(Rotulo rotulo, VistaTexto texto);
     void explicar(VistaTexto linha, std::size_t qual, VistaTexto codigo);
 
-    std::int32_t comOcorrencia_ = 0;
-    std::int32_t semOcorrencia_ = 0;
+    std::int64_t comOcorrencia_ = 0;
+    std::int64_t semOcorrencia_ = 0;
 };
 
 std::optional<Achado> AnaliseZUL708::tratarHeader(VistaTexto linha) {

@@ -30,7 +30,7 @@ struct CampoDoAchado {
 struct Achado {
     VistaTexto id; ///< view of a constant, which outlives the finding
     Gravidade gravidade = Gravidade::Erro;
-    std::int32_t linha = 0; ///< line number, 1-based; 0 when the rule has none
+    std::int64_t linha = 0; ///< line number, 1-based; 0 when the rule has none
     char segmento = 0;      ///< letter of the record; 0 when the finding is about the file
     std::optional<CampoDoAchado> campo;
     Texto mensagem;

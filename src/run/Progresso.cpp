@@ -9,7 +9,7 @@ Relogio::Instante tempoDecorrido(const Progresso& progresso, Relogio::Instante a
 }
 
 Relogio::Instante tempoRestante(const Progresso& progresso, Relogio::Instante agora) noexcept {
-    const auto porRegistro = tempoDecorrido(progresso, agora) / std::max(progresso.registroAtual, 1);
+    const auto porRegistro = tempoDecorrido(progresso, agora) / std::max<std::int64_t>(progresso.registroAtual, 1);
     return porRegistro * (progresso.totalRegistros - progresso.registroAtual);
 }
 

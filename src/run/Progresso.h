@@ -9,11 +9,19 @@ namespace quilatador {
 
 /// How far a run has come, in plain numbers. The display decides how and how often it shows them.
 struct Progresso {
-    std::int32_t registroAtual = 0; ///< number of the current record, 1-based; 0 before the first
-    std::int32_t totalRegistros = 0;
-    std::int32_t guias = 0;
+    std::int64_t registroAtual = 0; ///< number of the current record, 1-based; 0 before the first
+    std::int64_t totalRegistros = 0;
+    std::int64_t barra = 0;     ///< how far the progress bar is, in records: at most `totalRegistros`
+    std::int64_t guias = 0;     ///< number of slips to be shown
     Relogio::Instante inicio{}; ///< start of the current phase, as read from `Relogio::agora`
 };
+
+/// Moves to a record of a remittance. Its bar follows as long as more records are expected, so that it never reaches
+/// its end: kept on purpose, the test `progressoUmaVezPorLinha` holds it.
+inline void irParaRegistro(Progresso& progresso, std::int64_t registro) noexcept {
+    progresso.registroAtual = registro;
+    if (progresso.totalRegistros > registro) progresso.barra = registro;
+}
 
 /// The time since the phase started, and the time that the remaining records will take at the same pace. The latter is
 /// negative when there are more records than expected.

@@ -19,12 +19,13 @@ enum class Desfecho {
 /// The result of a run in numbers.
 struct Resumo {
     Desfecho desfecho = Desfecho::Concluida;
-    std::int32_t totalErros = 0; ///< errors written; in a print return (ZUL708), records with an occurrence
-    std::int32_t totalRegistros = 0;
-    std::int32_t guiasDepuradas = 0;
-    std::int32_t guiasAceitas = 0;
-    std::int32_t guiasRejeitadas = 0;
+    std::int64_t totalErros = 0; ///< errors written; in a print return (ZUL708), records with an occurrence
+    std::int64_t totalRegistros = 0;
+    std::int64_t guiasDepuradas = 0;
+    std::int64_t guiasAceitas = 0;
+    std::int64_t guiasRejeitadas = 0;
     Texto descricao; ///< why the run failed, did not start or lost its log, never empty then; "" otherwise
+    std::int64_t linhaDaParada = 0; ///< line (1-based) of the structural finding that ended the run; 0 if there is none
 };
 
 /// Receives what a run writes. Lines and findings arrive in the order of the log; a listener overrides what it wants.

@@ -1,7 +1,6 @@
 #include "run/Rodada.h"
 
 #include "run/NomesDeArquivo.h"
-#include "run/ParadaEstrutural.h"
 
 #include <algorithm>
 #include <new>
@@ -105,6 +104,7 @@ void Rodada::rodar(Analise& analise) {
     escreverLog(tituloDoLog(pedido_.nomeArquivo, formatarData(hoje_, "DD/MM/YYYY"_t)));
     escreverLog(""_t);
     resumo_.desfecho = percorrer(analise);
+    progresso_.guias = resumo_.guiasDepuradas;
     ambiente_.painel.concluirProgresso(progresso_);
     const Dizeres& dizeres = dizeresDe(pedido_.tipoArquivo);
     if (!dizeres.terminada.empty()) escreverLog(dizeres.terminada);
@@ -121,9 +121,7 @@ Desfecho Rodada::percorrer(Analise& analise) {
         return desfecho;
     } catch (const ParadaEstrutural& parada) {
         if (entradaAlterada()) return naoCompletar(Desfecho::NaoRodou, arquivoAlterado);
-        escreverErro(parada.achado());
-        resumo_.descricao = parada.descricao();
-        return Desfecho::Falhou;
+        return parar(parada);
     } catch (const FalhaDoLog&) {
         throw;
     } catch (const Falha& falha) {
@@ -132,6 +130,15 @@ Desfecho Rodada::percorrer(Analise& analise) {
     } catch (const std::bad_alloc&) {
         return naoCompletar(Desfecho::NaoRodou, memoriaInsuficiente); // the analysis has freed its memory
     }
+}
+
+/// A fault without a line of its own is about the record in hand.
+Desfecho Rodada::parar(const ParadaEstrutural& parada) {
+    Achado achado = parada.achado();
+    if (achado.linha == 0) achado.linha = progresso_.registroAtual;
+    escreverErro(achado);
+    resumo_.descricao = parada.descricao();
+    return Desfecho::Falhou;
 }
 
 Desfecho Rodada::naoCompletar(Desfecho desfecho, VistaTexto descricao) {
@@ -156,6 +163,7 @@ void Rodada::escreverErro(const Achado& achado) {
     for (Relator* const ouvinte : pedido_.ouvintes)
         ouvinte->achado(achado);
     if (achado.gravidade == Gravidade::Erro) ++resumo_.totalErros;
+    if (achado.gravidade == Gravidade::Estrutural) resumo_.linhaDaParada = achado.linha;
 }
 
 void Rodada::entregarLinhas(VistaTexto linhas) {
@@ -168,11 +176,13 @@ void Rodada::entregarLinhas(VistaTexto linhas) {
     }
 }
 
+bool Rodada::canceladaAgora() {
+    ambiente_.painel.processarEventos();
+    return cancelada();
+}
+
 LeitorDeLinhas::Desistencia Rodada::desistencia() {
-    return [this] {
-        ambiente_.painel.processarEventos();
-        return cancelada();
-    };
+    return [this] { return canceladaAgora(); };
 }
 
 void Rodada::entradaAberta(const VersaoDoArquivo& aberta) {
@@ -188,9 +198,10 @@ void Rodada::conferirEntrada() const {
     if (entradaAlterada()) throw falhaDeAlteracao();
 }
 
-void Rodada::iniciarFase(std::int32_t total) {
+void Rodada::iniciarFase(std::int64_t total) {
     progresso_.inicio = ambiente_.relogio.agora();
     progresso_.totalRegistros = total;
+    progresso_.barra = 0;
     ambiente_.painel.iniciarProgresso({.totalRegistros = total, .inicio = progresso_.inicio});
 }
 

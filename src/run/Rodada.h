@@ -4,6 +4,7 @@
 #include "common/LeitorDeLinhas.h"
 #include "run/Ambiente.h"
 #include "run/Analise.h"
+#include "run/ParadaEstrutural.h"
 #include "run/Relator.h"
 #include "run/RelatorLog.h"
 #include "run/TipoArquivo.h"
@@ -54,7 +55,7 @@ class Rodada {
 
     /// Writes a plain line.
     void escreverLog(VistaTexto texto);
-    /// Writes a finding, and counts it if its gravity is `Erro`.
+    /// Writes a finding. One of gravity `Erro` is counted; one that is `Estrutural` gives its line to the summary.
     void escreverErro(const Achado& achado);
     /// A fast way to write very many lines: reserve room with `comecar`, append whole lines with their CR LF, and call
     /// `terminar`. Allowed only while `executar` is running.
@@ -68,8 +69,10 @@ class Rodada {
 
     /// Whether the caller wants the run to stop.
     [[nodiscard]] bool cancelada() const noexcept { return cancelado_.load(std::memory_order_relaxed); }
-    /// For `LeitorDeLinhas`: lets the display handle its events while a very long line is skipped, and tells whether to
-    /// stop.
+    /// Lets the display handle its waiting events, so that the user can cancel, and tells whether the run is to stop.
+    /// For loops over data of the file that take long between two lines.
+    [[nodiscard]] bool canceladaAgora();
+    /// The same question for `LeitorDeLinhas`, which asks it while a very long line is skipped.
     [[nodiscard]] LeitorDeLinhas::Desistencia desistencia();
     /// To be called with the state of the input each time it is opened. Raises `Falha` 65 when it is not the state of
     /// the first opening, because the passes over the file would then describe different files.
@@ -90,8 +93,9 @@ class Rodada {
     /// The counts so far. The analysis adds those that only it knows.
     [[nodiscard]] Resumo& resumo() noexcept { return resumo_; }
     [[nodiscard]] Progresso& progresso() noexcept { return progresso_; }
-    /// Starts a phase with `total` expected records: its time begins at 0, and the display is told.
-    void iniciarFase(std::int32_t total);
+    /// Starts a phase with `total` expected records: its time begins at 0, its bar at the start, and the display is
+    /// told.
+    void iniciarFase(std::int64_t total);
 
   private:
     [[nodiscard]] bool criarLog();
@@ -100,6 +104,7 @@ class Rodada {
     void rodar(Analise& analise);
     [[nodiscard]] Desfecho percorrer(Analise& analise);
     [[nodiscard]] bool entradaAlterada() const;
+    [[nodiscard]] Desfecho parar(const ParadaEstrutural& parada);
     [[nodiscard]] Desfecho naoCompletar(Desfecho desfecho, VistaTexto descricao);
     [[nodiscard]] Mensagem fim(VistaTexto motivo) const;
     void naoRodar(VistaTexto motivo);

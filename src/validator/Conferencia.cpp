@@ -1,41 +1,70 @@
 #include "validator/Conferencia.h"
 
+#include <algorithm>
+
 namespace quilatador {
+
+namespace {
+
+std::optional<CampoDoAchado> campoDoAchado(const RegistroRemessa& registro, VistaTexto nome,
+                                           const std::optional<Texto>& esperado = {}) {
+    const auto indice = registro.indiceDoCampo(nome);
+    if (!indice) return std::nullopt;
+    const CampoRemessa& campo = *registro.campos()[*indice];
+    return CampoDoAchado{.nome = campo.nome(),
+                         .inicio = campo.inicio(),
+                         .fim = campo.Fim(),
+                         .encontrado = registro.getValorCampoString(nome),
+                         .esperado = esperado};
+}
+
+} // namespace
+
+FalhaDeLeitura numeroNaoLido(const RegistroRemessa& registro, VistaTexto nomeCampo, const Falha& causa) {
+    return FalhaDeLeitura("leitura.numero"_t, causa, campoDoAchado(registro, nomeCampo))
+        .em(registro.numeroDaLinha(), registro.letra());
+}
 
 Conferencia::Conferencia(Rodada& rodada, const RegistroRemessa& registro, char segmento, AoFalhar aoFalhar)
     : rodada_(rodada), registro_(registro), segmento_(segmento), aoFalhar_(aoFalhar) {}
 
 template <typename Leitura>
-auto Conferencia::ler(Leitura leitura) -> decltype(leitura()) {
+auto Conferencia::ler(const RegistroRemessa& registro, VistaTexto nomeCampo, Leitura leitura) -> decltype(leitura()) {
     try {
         return leitura();
     } catch (const Falha&) {
         if (aoFalhar_ != AoFalhar::Prosseguir) throw;
         falhou_ = true;
+        if (&registro == &registro_) naoLidos_.push_back(nomeCampo);
         return {};
     }
 }
 
 Texto Conferencia::texto(VistaTexto nomeCampo) {
-    return ler([&] { return registro_.getValorCampoString(nomeCampo); });
+    return ler(registro_, nomeCampo, [&] { return registro_.getValorCampoString(nomeCampo); });
 }
 
 Valor Conferencia::valorDe(const RegistroRemessa& registro, VistaTexto nomeCampo) {
-    return ler([&] { return registro.getValorCampo(nomeCampo); });
+    return ler(registro, nomeCampo, [&] { return registro.getValorCampo(nomeCampo); });
+}
+
+VistaTexto Conferencia::campoNaoLido(VistaTexto nomeCampo) const {
+    if (naoLidos_.empty()) return {};
+    return std::ranges::find(naoLidos_, nomeCampo) == naoLidos_.end() ? naoLidos_.front() : nomeCampo;
 }
 
 void Conferencia::eco(VistaTexto rotulo, VistaTexto conteudo) {
     rodada_.escreverLog(junta(rotulo, conteudo));
 }
 
-void Conferencia::erro(const Assunto& assunto, VistaTexto mensagem, std::optional<std::int32_t> linha) {
-    const std::int32_t numero = linha ? *linha : linhaDoRegistro();
+void Conferencia::erro(const Assunto& assunto, VistaTexto mensagem, std::optional<std::int64_t> linha) {
+    const std::int64_t numero = linha ? *linha : linhaDoRegistro();
     aprovada_ = false;
     rodada_.escreverErro(Achado{.id = assunto.id,
                                 .gravidade = Gravidade::Erro,
                                 .linha = numero,
                                 .segmento = segmento_,
-                                .campo = campoDoAchado(assunto),
+                                .campo = campoDoAchado(registro_, assunto.campo, assunto.esperado),
                                 .mensagem = Texto(mensagem)});
 }
 
@@ -47,24 +76,13 @@ void Conferencia::exigirNaoZero(const Assunto& assunto, VistaTexto mensagem) {
     if (igual(valor(assunto.campo), 0)) erro(assunto, mensagem);
 }
 
-std::int32_t Conferencia::linhaDoRegistro() const {
+std::int64_t Conferencia::linhaDoRegistro() const {
     try {
-        return registro_.getValorCampo("Sequencial"_t).paraLongo();
+        return numero(&Valor::paraContagem, "Sequencial"_t);
     } catch (const Falha&) {
         if (aoFalhar_ == AoFalhar::Propagar) throw;
         return 0;
     }
-}
-
-std::optional<CampoDoAchado> Conferencia::campoDoAchado(const Assunto& assunto) const {
-    const auto indice = registro_.indiceDoCampo(assunto.campo);
-    if (!indice) return std::nullopt;
-    const CampoRemessa& campo = *registro_.campos()[*indice];
-    return CampoDoAchado{.nome = campo.nome(),
-                         .inicio = campo.inicio(),
-                         .fim = campo.Fim(),
-                         .encontrado = registro_.getValorCampoString(assunto.campo),
-                         .esperado = assunto.esperado};
 }
 
 } // namespace quilatador

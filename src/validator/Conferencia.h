@@ -5,6 +5,7 @@
 #include "run/Rodada.h"
 
 #include <optional>
+#include <vector>
 
 namespace quilatador {
 
@@ -15,6 +16,22 @@ struct Assunto {
     VistaTexto campo = {};
     std::optional<Texto> esperado = {};
 };
+
+/// The failure for a value that is no number of the kind that is needed.
+[[nodiscard]] FalhaDeLeitura numeroNaoLido(const RegistroRemessa& registro, VistaTexto nomeCampo, const Falha& causa);
+
+/// The value of a field as one of the numbers of `Valor` (`&Valor::paraLongo`). A value that does not convert raises
+/// `FalhaDeLeitura`, with number and text of the conversion's failure; so does a field that cannot be read.
+template <typename Numero>
+[[nodiscard]] Numero numeroDoCampo(const RegistroRemessa& registro, Numero (Valor::*conversao)() const,
+                                   VistaTexto nomeCampo) {
+    const Valor valor = registro.getValorCampo(nomeCampo);
+    try {
+        return (valor.*conversao)();
+    } catch (const Falha& falha) {
+        throw numeroNaoLido(registro, nomeCampo, falha);
+    }
+}
 
 /// Checks one record: it reads the fields, and writes echoes and findings about the record with the right line number.
 ///
@@ -37,8 +54,16 @@ class Conferencia {
     [[nodiscard]] Valor valor(VistaTexto nomeCampo) { return valorDe(registro_, nomeCampo); }
     /// The value of a field of another record. A field that cannot be read has the same consequences as in `valor`.
     [[nodiscard]] Valor valorDe(const RegistroRemessa& registro, VistaTexto nomeCampo);
+    /// The value of a field as one of the numbers of `Valor`; see `numeroDoCampo`, whose failures it raises.
+    template <typename Numero>
+    [[nodiscard]] Numero numero(Numero (Valor::*conversao)() const, VistaTexto nomeCampo) const {
+        return numeroDoCampo(registro_, conversao, nomeCampo);
+    }
     /// Whether any field could not be read so far. Only `Prosseguir` sets it.
     [[nodiscard]] bool falhou() const noexcept { return falhou_; }
+    /// The field to name in a finding that is due to a field that could not be read: `nomeCampo` if that is one of
+    /// them, otherwise the first of them; "" if the only ones belong to other records.
+    [[nodiscard]] VistaTexto campoNaoLido(VistaTexto nomeCampo) const;
 
     /// Today's date, the same from the start of the run to its end.
     [[nodiscard]] const Data& hoje() const noexcept { return rodada_.hoje(); }
@@ -49,7 +74,7 @@ class Conferencia {
 
     /// Writes an error about this record. Its line number is `linha` or, without one, the record's `Sequencial`. If
     /// that cannot be read, `Propagar` lets the `Falha` end the run, and otherwise the line number is 0.
-    void erro(const Assunto& assunto, VistaTexto mensagem, std::optional<std::int32_t> linha = {});
+    void erro(const Assunto& assunto, VistaTexto mensagem, std::optional<std::int64_t> linha = {});
     /// Writes the error if the value of `assunto.campo` has no character. A null value is not reported.
     void exigir(const Assunto& assunto, VistaTexto mensagem);
     /// Writes the error if the value of `assunto.campo` equals 0; an empty value does, a null one does not.
@@ -70,15 +95,16 @@ class Conferencia {
 
   private:
     template <typename Leitura>
-    [[nodiscard]] auto ler(Leitura leitura) -> decltype(leitura());
-    [[nodiscard]] std::int32_t linhaDoRegistro() const;
-    [[nodiscard]] std::optional<CampoDoAchado> campoDoAchado(const Assunto& assunto) const;
+    [[nodiscard]] auto ler(const RegistroRemessa& registro, VistaTexto nomeCampo, Leitura leitura)
+        -> decltype(leitura());
+    [[nodiscard]] std::int64_t linhaDoRegistro() const;
 
     Rodada& rodada_;
     const RegistroRemessa& registro_;
     char segmento_;
     AoFalhar aoFalhar_;
     bool falhou_ = false;
+    std::vector<VistaTexto> naoLidos_; ///< the fields of this record that could not be read; views of literals
     bool aprovada_ = true;
 };
 

@@ -5,9 +5,7 @@
 #include "validator/Conteudo.h"
 #include "validator/Sequencia.h"
 
-#include <algorithm>
 #include <cmath>
-#include <limits>
 #include <new>
 #include <utility>
 
@@ -17,11 +15,9 @@ namespace {
 
 constexpr double bytesPorRegistro = 241;
 
-/// Estimates the number of records from the length of the file, to the nearest whole number (halves to even), but never
-/// more than the counter can hold.
-std::int32_t registrosEstimados(std::uint64_t bytes) {
-    constexpr double maximo = std::numeric_limits<std::int32_t>::max();
-    return static_cast<std::int32_t>(std::min(std::nearbyint(static_cast<double>(bytes) / bytesPorRegistro), maximo));
+/// Estimates the number of records from the length of the file, to the nearest whole number (halves to even).
+std::int64_t registrosEstimados(std::uint64_t bytes) {
+    return static_cast<std::int64_t>(std::nearbyint(static_cast<double>(bytes) / bytesPorRegistro));
 }
 
 /// The two passes of one run.

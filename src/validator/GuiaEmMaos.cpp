@@ -1,7 +1,5 @@
 #include "validator/GuiaEmMaos.h"
 
-#include <algorithm>
-
 namespace quilatador {
 
 GuiaEmMaos::GuiaEmMaos(ArquivoRemessa& leiaute)
@@ -29,6 +27,7 @@ void GuiaEmMaos::iniciar(const RegistroRemessa& registroS) {
         outro->linha(""_t);
     for (RegistroRemessa& mensagem : mensagensX_)
         mensagem.linha(""_t);
+    parcelasY_.esvaziar();
     contagemX_ = 0;
     contagemY_ = 0;
 }
@@ -56,13 +55,9 @@ bool GuiaEmMaos::guardarMensagem(const RegistroRemessa& registro) {
 
 bool GuiaEmMaos::guardarParcela(const RegistroRemessa& registro, std::size_t previstas) {
     if (++contagemY_ > previstas) return false;
-    if (parcelasY_.size() < contagemY_) parcelasY_.push_back(vazio("Y"_t));
-    registro.copiar(parcelasY_[contagemY_ - 1]);
+    if (!parcelasY_.temTipo()) parcelasY_ = RegistrosGuardados(vazio("Y"_t));
+    parcelasY_.guardar(registro.linha());
     return true;
-}
-
-std::span<const RegistroRemessa> GuiaEmMaos::parcelasY() const noexcept {
-    return std::span(parcelasY_).first(std::min(contagemY_, parcelasY_.size()));
 }
 
 } // namespace quilatador

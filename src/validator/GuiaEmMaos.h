@@ -1,11 +1,11 @@
 #pragma once
 
 #include "layout/ArquivoRemessa.h"
+#include "validator/RegistrosGuardados.h"
 
 #include <array>
 #include <cstddef>
 #include <span>
-#include <vector>
 
 namespace quilatador {
 
@@ -40,7 +40,7 @@ class GuiaEmMaos {
     /// Always four records; those that the slip lacks have an empty line.
     [[nodiscard]] std::span<const RegistroRemessa> mensagensX() const noexcept { return mensagensX_; }
     /// The installments that were kept, in the order of the file.
-    [[nodiscard]] std::span<const RegistroRemessa> parcelasY() const noexcept;
+    [[nodiscard]] const RegistrosGuardados& parcelasY() const noexcept { return parcelasY_; }
 
   private:
     [[nodiscard]] RegistroRemessa vazio(VistaTexto nome) const;
@@ -48,8 +48,8 @@ class GuiaEmMaos {
     ArquivoRemessa* leiaute_ = nullptr;
     RegistroRemessa registroS_, registroT_, registroU_, registroV_, registroW_;
     std::array<RegistroRemessa, 4> mensagensX_;
-    std::vector<RegistroRemessa> parcelasY_; ///< grows when needed; later slips use the same records again
-    std::size_t contagemX_ = 0;              ///< lines of this slip, kept or not
+    RegistrosGuardados parcelasY_;
+    std::size_t contagemX_ = 0; ///< lines of this slip, kept or not
     std::size_t contagemY_ = 0;
 };
 

@@ -41,7 +41,11 @@ VistaTexto LeitorDeRegistros::convenio() const {
 
 Valor LeitorDeRegistros::valor(const CampoRemessa* campo, VistaTexto nome) const {
     const RegistroRemessa& registro = leiaute_.registroEmMaos();
-    return campo ? registro.getValorCampo(*campo) : registro.getValorCampo(nome);
+    try {
+        return campo ? registro.getValorCampo(*campo) : registro.getValorCampo(nome);
+    } catch (const FalhaDeLeitura& falha) {
+        throw falha.em(lidas(), falha.achado().segmento); // nobody has proved yet that the record numbers itself right
+    }
 }
 
 } // namespace quilatador

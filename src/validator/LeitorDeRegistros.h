@@ -27,7 +27,7 @@ class LeitorDeRegistros {
     [[nodiscard]] const RegistroRemessa& ler() { return leiaute_.avancar(false); }
 
     /// Number of lines read so far in this pass.
-    [[nodiscard]] std::int32_t lidas() const noexcept { return leiaute_.contador(); }
+    [[nodiscard]] std::int64_t lidas() const noexcept { return leiaute_.contador(); }
     /// "TipoReg" of the current record, as text. This and the members below raise `Falha` 5 if the record type lacks
     /// the field.
     [[nodiscard]] const Texto& tipo();

@@ -69,7 +69,7 @@ bool contem(VistaTexto historico, VistaTexto letras) {
 }
 
 /// A structural finding whose message does not name the line; `linha` (1-based) is the line that it is about.
-ParadaEstrutural paradaSemLinha(VistaTexto id, std::int32_t linha, VistaTexto mensagem) {
+ParadaEstrutural paradaSemLinha(VistaTexto id, std::int64_t linha, VistaTexto mensagem) {
     return {"Importação"_t, Achado{.id = id,
                                    .gravidade = Gravidade::Estrutural,
                                    .linha = linha,
@@ -85,13 +85,13 @@ bool Sequencia::verificar() {
     rodada_.escreverLog("VERIFICAÇÃO DA SEQUÊNCIA DE REGISTROS!"_t);
     rodada_.painel().rotulo(Rotulo::Operacao, "Verificando a integridade do arquivo..."_t);
     rodada_.iniciarFase(progresso.totalRegistros);
-    progresso.registroAtual = 1;
+    irParaRegistro(progresso, 1);
     verificarHeader();
     for (;;) {
         const RegistroRemessa& registro = leitor_.ler();
         if (registro.linha().empty()) break;
         verificarTamanho(registro);
-        ++progresso.registroAtual;
+        irParaRegistro(progresso, progresso.registroAtual + 1);
         rodada_.painel().avancar(progresso);
         if (rodada_.cancelada()) return false;
         verificarOrdem(registro);
@@ -183,7 +183,7 @@ void Sequencia::verificarIDRegistro(const RegistroRemessa& registro, char letra)
     const bool zero = letra == 'A' || letra == 'B' || letra == 'D';
     const bool ordinal = letra >= 'G' && letra <= 'L';
     if (!zero && !ordinal) return;
-    const std::int32_t esperado = ordinal ? ++ordinais_[static_cast<unsigned char>(letra)] : 0;
+    const std::int64_t esperado = ordinal ? ++ordinais_[static_cast<unsigned char>(letra)] : 0;
     if (!diferente(leitor_.idRegistro(), esperado)) return;
     const CampoRemessa& campo = registro.obterCampo("IDRegistro"_t);
     rodada_.escreverErro(Achado{

@@ -29,7 +29,7 @@ class Sequencia {
     void verificarFimDaGuia() const;
     void verificarIDRegistro(const RegistroRemessa& registro, char letra);
     void anotarLetra(char letra);
-    [[nodiscard]] std::int32_t linhaAtual() const noexcept { return rodada_.progresso().registroAtual; }
+    [[nodiscard]] std::int64_t linhaAtual() const noexcept { return rodada_.progresso().registroAtual; }
     [[noreturn]] void pararNaLinha(VistaTexto id, char letra, VistaTexto mensagem) const;
 
     Rodada& rodada_;
@@ -39,7 +39,7 @@ class Sequencia {
     /// times.
     Texto historicoDefinicao_;
     Texto historicoGuia_;
-    std::array<std::int32_t, 256> ordinais_{}; ///< records seen, indexed by letter
+    std::array<std::int64_t, 256> ordinais_{}; ///< records seen, indexed by letter
 };
 
 } // namespace quilatador

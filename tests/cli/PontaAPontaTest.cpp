@@ -141,7 +141,8 @@ TEST_F(PontaAPonta, arquivosEnormesEmPoucaMemoria) {
     std::filesystem::resize_file(zeros, 100'000'000);
     const auto umaLinha = pasta.escrever("linha", std::string(10'000'000, 'A'));
     const auto grande = pasta.escrever("grande", bytesDoTexto(remessa({.registros = 100'000})));
-    for (const auto& [entrada, situacao] : {std::pair{zeros, 1}, {umaLinha, 1}, {grande, 0}}) {
+    const auto guardada = pasta.escrever("guardada", bytesDoTexto(testes::comRepetidos(remessa(), "LY"_t, 20'000)));
+    for (const auto& [entrada, situacao] : {std::pair{zeros, 1}, {umaLinha, 1}, {grande, 0}, {guardada, 1}}) {
         const Fim resultado = rodar(entrada);
         EXPECT_EQ(resultado.situacao, situacao);
         EXPECT_LT(resultado.memoria, memoriaMaxima) << entrada;

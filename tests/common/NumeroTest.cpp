@@ -68,7 +68,10 @@ TEST(Numero, centavosNosSeparadoresDoSistema) {
     for (const auto& [centavos, valor] :
          {Caso{""_t, "0,00"_t}, Caso{"5"_t, "0,05"_t}, Caso{"00099999"_t, "999,99"_t}, Caso{"100000"_t, "1.000,00"_t},
           Caso{"98765432109876543"_t, "987.654.321.098.765,43"_t}, Caso{"00000000000000000"_t, "0,00"_t},
-          Caso{"12A"_t, "0,12"_t}, Caso{" 1 234 "_t, "12,34"_t}, Caso{"-123456"_t, "-1.234,56"_t}})
+          Caso{"12A"_t, "0,12"_t}, Caso{" 1 234 "_t, "12,34"_t}, Caso{"-123456"_t, "-1.234,56"_t},
+          Caso{"9999999999999999 "_t, "99.999.999.999.999,99"_t}, Caso{"000000002.50"_t, "0,03"_t},
+          Caso{"0000.50"_t, "0,01"_t}, Caso{"-2.5"_t, "-0,03"_t}, Caso{"-0.49"_t, "0,00"_t}, Caso{"+99.5"_t, "1,00"_t},
+          Caso{"1.2.9"_t, "0,01"_t}, Caso{"."_t, "0,00"_t}})
         EXPECT_EQ(formatarCentavos(centavos, "."_t, ","_t), valor);
     EXPECT_EQ(formatarCentavos("100000000"_t, ""_t, "--"_t), "1000000--00"_t);
 }

@@ -37,6 +37,7 @@ struct Bancada {
         const TipoArquivo tipo = tratar == tratarRetornoZUL708 ? TipoArquivo::ZUL708 : TipoArquivo::TAV001;
         Rodada rodada(mundo.ambiente, {.tipoArquivo = tipo, .nomeArquivo = "/d/retorno.ret", .ouvintes = ouvintes},
                       cancelado);
+        rodada.resumo().totalRegistros = lidas;
         if (canceladoNoInicio) cancelado = true;
         return resumo = tratar(rodada, globais);
     }
@@ -64,7 +65,8 @@ struct Bancada {
     Tratar tratar;
     std::atomic<bool> cancelado = false;
     bool canceladoNoInicio = false;
-    Resumo resumo; ///< of the last run
+    std::int64_t lidas = 0; ///< lines that count as read before the first
+    Resumo resumo;          ///< of the last run
 };
 
 } // namespace quilatador::testes

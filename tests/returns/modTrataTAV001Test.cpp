@@ -105,7 +105,8 @@ TEST(TAV001, rotulosEProgresso) {
     EXPECT_EQ(bancada.rodar().totalRegistros, 3);
     EXPECT_EQ(bancada.chamadas(), "iniciar 0/2 guias 0\nrotulo Remessa: Sequencial: 000042\neventos\n"_t
                                   "rotulo Empresa: Empresa/Órgão: PREFEITURA\neventos\navancar 1/2 guias 0\n"_t
-                                  "avancar 2/2 guias 0\navancar 3/2 guias 0\nconcluir 2/2 guias 0\n"_t);
+                                  "avancar 2/2 guias 0\navancar 3/2 guias 0\nconcluir 3/2 guias 0\n"_t);
+    EXPECT_EQ(bancada.mundo.painel.ultimo.barra, 2);
 }
 
 TEST(TAV001, consultaRecusadaAcabaORelatorio) {

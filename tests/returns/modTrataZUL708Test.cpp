@@ -76,12 +76,19 @@ TEST(ZUL708, rotulosProgressoEAchado) {
               "rotulo Empresa: Convenente: EMPRESA\neventos\navancar 2/3 guias 0\navancar 3/3 guias 0\n"_t
               "concluir 3/3 guias 0\n"_t);
     EXPECT_EQ(resumo.desfecho, Desfecho::Concluida);
-    EXPECT_EQ(std::pair(resumo.totalErros, resumo.totalRegistros), std::pair(1, 3));
+    EXPECT_EQ(std::tuple(resumo.totalErros, resumo.totalRegistros), std::tuple(1, 3));
     EXPECT_EQ(bancada.ouvinte.linhas.size(), 10u); // title, remittance, company and summary, with their empty lines
     ASSERT_EQ(bancada.ouvinte.achados.size(), 1u);
     const Achado& achado = bancada.ouvinte.achados.front();
     EXPECT_EQ(std::tuple(achado.gravidade, achado.linha, achado.segmento), std::tuple(Gravidade::Ocorrencia, 3, 'S'));
     EXPECT_EQ(achado.campo, (CampoDoAchado{Texto("CodigoRetorno2"_t), 231, 232, Texto("05"_t), std::nullopt}));
+}
+
+TEST(ZUL708, contaAlemDeDoisBilhoesDeLinhas) {
+    Bancada bancada(tratarRetornoZUL708, linhas({guia("000500"_t)}));
+    bancada.lidas = 2'147'483'647;
+    EXPECT_TRUE(bancada.log().ends_with("Total de Registros Analisados: 2147483648\r\n"_t));
+    EXPECT_EQ(bancada.ouvinte.achados.front().linha, 2'147'483'648);
 }
 
 TEST(ZUL708, umaConsultaPorCodigo) {

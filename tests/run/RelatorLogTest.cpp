@@ -15,14 +15,16 @@ TEST(RelatorLog, linhasEAchadosComCrLf) {
     RelatorLog log(arquivos.criarSaida("x.log"));
     log.linha("Título"_t);
     log.achado({"a.b"_t, Gravidade::Erro, 15, 'B', std::nullopt, Texto("CNPJ inválido"_t)});
+    log.achado({"a.b"_t, Gravidade::Erro, 3'000'000'000, 'B', std::nullopt, Texto("Linha longe"_t)});
     log.achado({"c.d"_t, Gravidade::Estrutural, 16, 'C', std::nullopt, Texto("Fora de ordem"_t)});
     Bloco::Caneta caneta = log.comecar(3);
     caneta.append("a"_t, VistaTexto(), "\r\n"_t); // all that was asked for
     EXPECT_THROW(caneta.append("d"_t), std::length_error);
     log.terminar(caneta);
     log.fechar();
-    EXPECT_EQ(arquivos.conteudo["x.log"],
-              "Título\r\n** ERRO -> Linha 000015 - CNPJ inválido\r\nFora de ordem\r\na\r\n"_t);
+    EXPECT_EQ(
+        arquivos.conteudo["x.log"],
+        "Título\r\n** ERRO -> Linha 000015 - CNPJ inválido\r\n** ERRO -> Linha 3000000000 - Linha longe\r\nFora de ordem\r\na\r\n"_t);
     EXPECT_TRUE(arquivos.tudoFechado());
 }
 

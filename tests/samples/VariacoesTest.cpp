@@ -162,7 +162,8 @@ Texto achadosComoTexto(const RelatorMemoria& relator) {
     return resumo.guiasRejeitadas == 0 ? texto : junta(texto, "guia | rejeitada\n"_t);
 }
 
-/// Whether a finding that names a field has its line, its segment and there what it quotes.
+/// Whether a finding that names a field has its line, its segment (a line of no known type has none) and there what it
+/// quotes.
 bool lugarCerto(const Achado& achado, VistaTexto arquivo) {
     constexpr std::size_t bytesDaLinha = 242;
     if (!achado.campo || achado.linha == 0) return true;
@@ -170,7 +171,7 @@ bool lugarCerto(const Achado& achado, VistaTexto arquivo) {
     const auto fim = static_cast<std::size_t>(achado.campo->fim);
     const VistaTexto linha = trecho(arquivo, (static_cast<std::size_t>(achado.linha) - 1) * bytesDaLinha + 1);
     const VistaTexto campo = trecho(linha, inicio, fim + 1 - inicio);
-    return linha.front() == achado.segmento && campo == achado.campo->encontrado;
+    return (achado.segmento == 0 || linha.front() == achado.segmento) && campo == achado.campo->encontrado;
 }
 
 class Variacoes : public testing::TestWithParam<Variacao> {

@@ -33,6 +33,7 @@ void PainelFalso::concluirProgresso(const Progresso& progresso) {
 
 void PainelFalso::processarEventos() {
     chamadas.emplace_back("eventos"_t);
+    if (nosEventos) nosEventos();
 }
 
 void PainelFalso::mensagem(const Mensagem& mensagem) {
@@ -47,12 +48,13 @@ std::optional<std::filesystem::path> PainelFalso::outroLugarParaOLog(const Mensa
     return outro == outrosLugares.end() ? std::nullopt : std::optional(outro->second);
 }
 
-void PainelFalso::naLinha(std::int32_t linha, std::function<void()> acao, int fase) {
+void PainelFalso::naLinha(std::int64_t linha, std::function<void()> acao, int fase) {
     quando_ = {fase, linha};
     acao_ = std::move(acao);
 }
 
 void PainelFalso::anotar(VistaTexto operacao, const Progresso& progresso) {
+    ultimo = progresso;
     chamadas.push_back(junta(operacao, " "_t, textoDe(progresso.registroAtual), "/"_t,
                              textoDe(progresso.totalRegistros), " guias "_t, textoDe(progresso.guias)));
 }

@@ -56,13 +56,15 @@ class PainelFalso final : public Painel {
     [[nodiscard]] std::optional<double> primeirasGuias() const override { return primeiras; }
 
     /// Calls `acao` when record `linha` (1-based) of phase `fase` (1-based) is shown.
-    void naLinha(std::int32_t linha, std::function<void()> acao, int fase = 1);
+    void naLinha(std::int64_t linha, std::function<void()> acao, int fase = 1);
 
     /// One line a call, in order: "rotulo Empresa: ACME", "iniciar 0/10 guias 0", "avancar 3/10 guias 1",
     /// "concluir 10/10 guias 2", "eventos", "mensagem [title] text".
     std::vector<Texto> chamadas;
     std::vector<Mensagem> mensagens;
-    std::optional<double> primeiras; ///< answer of `primeirasGuias`
+    std::optional<double> primeiras;  ///< answer of `primeirasGuias`
+    std::function<void()> nosEventos; ///< what the user does when events are handled
+    Progresso ultimo;                 ///< as it was told last
     /// Answers of `outroLugarParaOLog`, by the refused place; none for the others.
     std::map<std::filesystem::path, std::filesystem::path> outrosLugares;
 
@@ -70,7 +72,7 @@ class PainelFalso final : public Painel {
     void anotar(VistaTexto operacao, const Progresso& progresso);
 
     int fase_ = 0;
-    std::pair<int, std::int32_t> quando_; ///< phase and line of the action
+    std::pair<int, std::int64_t> quando_; ///< phase and line of the action
     std::function<void()> acao_;
 };
 

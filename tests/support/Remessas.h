@@ -33,6 +33,21 @@ inline Texto letrasDe(const Texto& arquivo) {
     return letras;
 }
 
+/// The file with the first record of each of these letters there `vezes` times more, and all lines numbered.
+inline Texto comRepetidos(const Texto& arquivo, VistaTexto letras, int vezes) {
+    Texto resultado;
+    for (std::size_t i = 0; i < arquivo.size(); i += bytesDaLinha) {
+        const bool escolhido =
+            letras.find(arquivo[i]) != VistaTexto::npos && letrasDe(arquivo).find(arquivo[i]) * bytesDaLinha == i;
+        for (int vez = escolhido ? -vezes : 0; vez <= 0; ++vez) {
+            const auto numero = static_cast<long long>(resultado.size() / bytesDaLinha) + 1;
+            resultado += arquivo.substr(i, bytesDaLinha);
+            resultado.replace(resultado.size() - 8, 6, comZeros(numero, 6));
+        }
+    }
+    return resultado;
+}
+
 /// A world of fakes that has the layout description in the program's folder and a remittance at `entrada`.
 struct MundoComRemessa : MundoFalso {
     explicit MundoComRemessa(Texto conteudo = remessa(), const std::filesystem::path& entrada = "/d/remessa.rem") {

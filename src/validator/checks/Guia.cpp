@@ -4,7 +4,6 @@
 #include "common/Numero.h"
 #include "validator/checks/Parcelas.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace quilatador {
@@ -17,41 +16,37 @@ constexpr int maiorNumero = 9;
 /// amounts.
 constexpr double toleranciaDaSoma = 1;
 
-/// Whether one of the definitions has this number in `campo`.
-bool definida(std::span<const RegistroRemessa> definicoes, VistaTexto campo, int numero) {
-    return std::ranges::any_of(
-        definicoes, [&](const RegistroRemessa& definicao) { return igual(definicao.getValorCampo(campo), numero); });
-}
-
-std::int32_t sequencialDe(const RegistroRemessa& registro) {
-    return registro.getValorCampo("Sequencial"_t).paraLongo();
+std::int64_t sequencialDe(const RegistroRemessa& registro) {
+    return numeroDoCampo(registro, &Valor::paraContagem, "Sequencial"_t);
 }
 
 /// Checks the amount and the rate of a revenue, and returns what it adds to the slip's amount: 0 if the rate is wrong.
-double verificarReceita(Conferencia& c, int qual, std::span<const RegistroRemessa> receitas, bool porValorTotal) {
+/// `FormaCalculo` is read only for a rate, so that one that cannot be read does not hide what stands before it.
+double verificarReceita(Conferencia& c, int qual, const Definicao& definicao) {
     const Texto numero = textoDe(qual);
     const Texto campoDoValor = junta("ValorRec"_t, numero);
     const Valor valor = c.valor(campoDoValor);
     if (menor(valor, 0))
         c.erro({"u.valorRec.negativo"_t, campoDoValor}, junta("Campo Valor da Receita "_t, numero, " inválido"_t));
-    else if (maior(valor, 0) && !definida(receitas, "Numero"_t, qual))
+    else if (maior(valor, 0) && !definicao.receitas.contem({{"Numero"_t, qual}}))
         c.erro({"u.valorRec.semReceita"_t, campoDoValor},
                junta("Campo Valor da Receita "_t, numero, " informado mas receita não informada no segmento K"_t));
 
     const Texto campoDaAliquota = junta("Aliquota"_t, numero);
     const Valor aliquota = c.valor(campoDaAliquota);
-    if (igual(aliquota, 0)) return valor.paraDuplo();
+    if (igual(aliquota, 0)) return c.numero(&Valor::paraDuplo, campoDoValor);
     if (menor(aliquota, 0)) {
         c.erro({"u.aliquota.negativa"_t, campoDaAliquota},
                junta("Campo Aliquota da Receita "_t, numero, " inválido"_t));
         return 0;
     }
-    if (maior(aliquota, 0) && porValorTotal) {
+    if (!maior(aliquota, 0)) return 0;
+    if (igual(c.valorDe(definicao.registroE, "FormaCalculo"_t), "T"_t)) {
         c.erro({"u.aliquota.porValorTotal"_t, campoDaAliquota},
                junta("Campo Aliquota da Receita "_t, numero, " não pode ser informado para cálculo por valor total"_t));
         return 0;
     }
-    return maior(aliquota, 0) ? valor.paraDuplo() * aliquota.paraDuplo() / 100 : 0;
+    return c.numero(&Valor::paraDuplo, campoDoValor) * c.numero(&Valor::paraDuplo, campoDaAliquota) / 100;
 }
 
 } // namespace
@@ -94,10 +89,10 @@ bool verificarIdentificacaoGuia(Rodada& rodada, const RegistroRemessa& registroS
     // kept on purpose, the sample s-id-guia-nao-numerica holds it.
     const Valor emissao = c.valor("DataEmissao"_t);
     if (!emissao.nulo() && c.falhou())
-        c.erro({"s.dataEmissao.invalida"_t, "DataEmissao"_t}, "Data de emissão da guia inválida"_t);
+        c.erro({"s.dataEmissao.invalida"_t, c.campoNaoLido("DataEmissao"_t)}, "Data de emissão da guia inválida"_t);
     const Valor validade = c.valor("DataValidade"_t);
     if (!validade.nulo() && c.falhou())
-        c.erro({"s.dataValidade.invalida"_t, "DataValidade"_t}, "Data de validade da guia inválida"_t);
+        c.erro({"s.dataValidade.invalida"_t, c.campoNaoLido("DataValidade"_t)}, "Data de validade da guia inválida"_t);
     return c.aprovada();
 }
 
@@ -125,12 +120,12 @@ bool verificarSegmentoU(Rodada& rodada, const RegistroRemessa& registroU, const 
         c.erro({"u.ausente"_t}, "Registro 'U' - composição - não informado"_t, 0);
         return false;
     }
-    const bool porValorTotal = igual(c.valorDe(definicao.registroE, "FormaCalculo"_t), "T"_t);
     double soma = 0;
     for (int i = 1; i <= maiorNumero; ++i)
-        soma += verificarReceita(c, i, definicao.receitas, porValorTotal);
-    if (std::fabs(soma - c.valorDe(registroS, "ValorTotal"_t).paraDuplo()) > toleranciaDaSoma)
-        c.erro({"u.soma.diferente"_t}, "Soma dos valores das receitas difere do valor total do recebimento"_t);
+        soma += verificarReceita(c, i, definicao);
+    if (std::fabs(soma - numeroDoCampo(registroS, &Valor::paraDuplo, "ValorTotal"_t)) > toleranciaDaSoma)
+        c.erro({"u.soma.diferente"_t, "ValorRec1"_t},
+               "Soma dos valores das receitas difere do valor total do recebimento"_t);
     return c.aprovada();
 }
 
@@ -159,7 +154,7 @@ bool verificarObjeto(Rodada& rodada, const RegistroRemessa& registroV, const Reg
 }
 
 bool verificarSegmentoW(Rodada& rodada, const RegistroRemessa& registroW, const RegistroRemessa& registroS,
-                        std::span<const RegistroRemessa> caracteristicas) {
+                        const RegistrosGuardados& caracteristicas) {
     Conferencia c(rodada, registroW, 'W');
     if (registroW.linha().empty()) {
         c.erro({"w.ausente"_t}, "Registro 'W' - características do objeto - não informado"_t, sequencialDe(registroS));
@@ -168,7 +163,7 @@ bool verificarSegmentoW(Rodada& rodada, const RegistroRemessa& registroW, const 
     for (int i = 1; i <= maiorNumero; ++i) {
         const Texto numero = textoDe(i);
         const Texto campo = junta("Caract"_t, numero);
-        if (comConteudo(c.valor(campo)) && !definida(caracteristicas, "Codigo"_t, i))
+        if (comConteudo(c.valor(campo)) && !caracteristicas.contem({{"Codigo"_t, i}}))
             c.erro({"w.caract.naoDefinida"_t, campo},
                    junta("Campo Conteúdo da característica "_t, numero,
                          " informado mas característica não informada no segmento G"_t));

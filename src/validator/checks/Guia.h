@@ -31,8 +31,7 @@ namespace quilatador {
                                    bool temSegmentoF);
 /// Segment W, the characteristics of the object. Each one that is given must be defined in a segment G.
 [[nodiscard]] bool verificarSegmentoW(Rodada& rodada, const RegistroRemessa& registroW,
-                                      const RegistroRemessa& registroS,
-                                      std::span<const RegistroRemessa> caracteristicas);
+                                      const RegistroRemessa& registroS, const RegistrosGuardados& caracteristicas);
 /// Segment X, the messages. Takes at least four records; those that the slip lacks have an empty line.
 [[nodiscard]] bool verificarSegmentoX(Rodada& rodada, std::span<const RegistroRemessa> mensagensX);
 

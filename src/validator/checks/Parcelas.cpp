@@ -6,10 +6,38 @@
 #include "validator/checks/SegmentosDEF.h"
 
 #include <algorithm>
+#include <array>
+#include <optional>
+#include <utility>
 
 namespace quilatador {
 
 namespace {
+
+/// The display handles its events once per this many installments, which is often enough for a user and costs nothing
+/// beside the checks.
+constexpr std::size_t parcelasPorAtendimento = 64;
+
+constexpr std::array partesDaBarra{"Parte1"_t, "Parte2"_t, "Parte3"_t, "Parte4"_t};
+
+/// The barcode of an installment, in the places that the layout gives to its parts. Positions are 1-based.
+struct Barra {
+    Texto texto;                                          ///< the parts that are numeric, one behind the other
+    std::size_t certas = 0;                               ///< positions before the first part that is not numeric
+    std::array<std::size_t, partesDaBarra.size()> fins{}; ///< the last position of each part
+
+    /// The name of the part in which a position stands, "" behind the last one.
+    [[nodiscard]] VistaTexto parteDa(std::size_t posicao) const {
+        const auto parte = std::ranges::lower_bound(fins, posicao);
+        return parte == fins.end() ? VistaTexto() : partesDaBarra[static_cast<std::size_t>(parte - fins.begin())];
+    }
+    /// What is expected by a comparison that needs the positions up to `ate`. Behind a part that is not numeric `texto`
+    /// has other positions there, so that nothing can be expected of them, nor of a definition without digits.
+    [[nodiscard]] std::optional<Texto> esperado(std::size_t ate, VistaTexto digitos) const {
+        if (ate > certas || !soDigitos(digitos)) return std::nullopt;
+        return Texto(digitos);
+    }
+};
 
 /// The identification of the company in the barcode, from position 16 (1-based) on.
 struct EmpresaNaBarra {
@@ -50,10 +78,7 @@ void verificarParcela(Conferencia& c, const Definicao& definicao) {
     c.passo([&] {
         const Valor tipo = c.valor("TipoPag"_t);
         const Valor numero = c.valor("NroPag"_t);
-        const bool definida = std::ranges::any_of(definicao.opcoesPagamento, [&](const RegistroRemessa& opcao) {
-            return igual(opcao.getValorCampo("TipoPag"_t), tipo) && igual(opcao.getValorCampo("NroPag"_t), numero);
-        });
-        if (!definida)
+        if (!definicao.opcoesPagamento.contem({{"TipoPag"_t, tipo}, {"NroPag"_t, numero}}))
             c.erro({"y.opcao.naoDefinida"_t, "NroPag"_t}, "Tipo e número de parcela não informadas em segmento L"_t);
     });
     c.passo([&] {
@@ -64,19 +89,23 @@ void verificarParcela(Conferencia& c, const Definicao& definicao) {
 
 /// Checks the four parts of the barcode, each with its check digit. Returns the barcode, without the parts that are not
 /// numeric.
-Texto verificarPartes(Conferencia& c, const Definicao& definicao) {
-    Texto barra;
-    for (const VistaTexto k : {"1"_t, "2"_t, "3"_t, "4"_t}) {
-        const Texto campoDaParte = junta("Parte"_t, k);
+Barra verificarPartes(Conferencia& c, const Definicao& definicao) {
+    Barra barra;
+    for (std::size_t i = 0; i < partesDaBarra.size(); ++i) {
+        const VistaTexto k = ultimos(partesDaBarra[i], 1);
         const Texto campoDoDigito = junta("DV"_t, k);
         std::optional<Texto> digito;
+        const std::size_t inicio = i == 0 ? 0 : barra.fins[i - 1];
+        barra.fins[i] = inicio;
         c.passo([&] {
-            const Texto parte = c.texto(campoDaParte);
+            const Texto parte = c.texto(partesDaBarra[i]);
+            barra.fins[i] = inicio + parte.size();
             if (ehNumerico(parte)) {
-                barra += parte;
+                if (barra.certas == inicio) barra.certas = barra.fins[i];
+                barra.texto += parte;
                 digito = digitoDaBarra(parte, definicao);
             } else {
-                c.erro({"y.parte.naoNumerica"_t, campoDaParte},
+                c.erro({"y.parte.naoNumerica"_t, partesDaBarra[i]},
                        junta("Valor não numérico no código de barras - Parte "_t, k), 0);
             }
         });
@@ -91,39 +120,40 @@ Texto verificarPartes(Conferencia& c, const Definicao& definicao) {
 }
 
 /// Checks the barcode as a whole: value, general check digit, product, segment and kind of value.
-void verificarBarra(Conferencia& c, VistaTexto barra, const Definicao& definicao) {
+void verificarBarra(Conferencia& c, const Barra& barra, const Definicao& definicao) {
+    const VistaTexto texto = barra.texto;
     c.passo([&] {
         if (!versaoComIndicadores(definicao) || !definicao.checarValor) return;
         const Texto centavos = junta(trecho(c.texto("Parte1"_t), 5, 7), trecho(c.texto("Parte2"_t), 1, 4));
         if (lerNumero(c.texto("ValorPag"_t)) != lerNumero(centavos))
-            c.erro({"y.barra.valor"_t, "ValorPag"_t, centavos},
+            c.erro({"y.barra.valor"_t, "ValorPag"_t, barra.esperado(15, centavos)},
                    "Valor no código de barras difere do valor no campo Y3"_t);
     });
     c.passo([&] {
-        const VistaTexto informado = trecho(barra, 4, 1);
+        const VistaTexto informado = trecho(texto, 4, 1);
         if (!soDigitos(informado)) return;
-        const Texto calculado = digitoDaBarra(junta(trecho(barra, 1, 3), trecho(barra, 5)), definicao);
+        const Texto calculado = digitoDaBarra(junta(trecho(texto, 1, 3), trecho(texto, 5)), definicao);
         if (informado != calculado)
-            c.erro({"y.barra.digitoGeral"_t, "Parte1"_t, calculado},
+            c.erro({"y.barra.digitoGeral"_t, barra.parteDa(4), barra.esperado(barra.fins.back(), calculado)},
                    "Dígito verificador da barra (4a posição) incorreto!"_t);
     });
     c.passo([&] {
-        if (trecho(barra, 1, 1) != "8"_t)
-            c.erro({"y.barra.produto"_t, "Parte1"_t, Texto("8"_t)},
+        if (trecho(texto, 1, 1) != "8"_t)
+            c.erro({"y.barra.produto"_t, barra.parteDa(1), barra.esperado(1, "8"_t)},
                    "Identificação do produto na barra diferente de '8'"_t);
     });
     c.passo([&] {
         const Texto segmento = definicao.registroC.getValorCampoString("SegFebraban"_t);
-        if (trecho(barra, 2, 1) != segmento)
-            c.erro({"y.barra.segmento"_t, "Parte1"_t, segmento},
+        if (trecho(texto, 2, 1) != segmento)
+            c.erro({"y.barra.segmento"_t, barra.parteDa(2), barra.esperado(2, segmento)},
                    "Identificação do segmento difere do informado no segmento 'C'"_t);
     });
     c.passo([&] {
-        const VistaTexto tipoDeValor = trecho(barra, 3, 1);
+        const VistaTexto tipoDeValor = trecho(texto, 3, 1);
         // The text names only 6 and 7, although 8 and 9 are accepted: kept on purpose, the sample y-barra-tipo-de-valor
         // holds it.
         if (tipoDeValor.empty() || VistaTexto("6789"_t).find(tipoDeValor) == VistaTexto::npos)
-            c.erro({"y.barra.tipoDeValor"_t, "Parte1"_t},
+            c.erro({"y.barra.tipoDeValor"_t, barra.parteDa(3)},
                    "Identificação de valor real ou referência diferente de '6' ou '7'"_t);
     });
 }
@@ -143,25 +173,28 @@ EmpresaNaBarra empresaEsperada(const Definicao& definicao) {
 }
 
 /// Checks the identification of the company and the free field after it.
-void verificarEmpresaNaBarra(Conferencia& c, VistaTexto barra, const Definicao& definicao) {
+void verificarEmpresaNaBarra(Conferencia& c, const Barra& barra, const Definicao& definicao) {
     constexpr std::size_t inicioDaEmpresa = 16;
     c.passo([&] {
         const EmpresaNaBarra empresa = empresaEsperada(definicao);
-        if (trecho(barra, inicioDaEmpresa, empresa.largura) != empresa.identificacao)
-            c.erro({empresa.id, {}, empresa.identificacao}, empresa.mensagem);
-        if (lerNumero(trecho(barra, inicioDaEmpresa + empresa.largura)) == 0)
-            c.erro({"y.barra.campoLivre"_t}, "Campo livre não pode estar preenchido somente por zeros"_t);
+        const std::size_t campoLivre = inicioDaEmpresa + empresa.largura;
+        if (trecho(barra.texto, inicioDaEmpresa, empresa.largura) != empresa.identificacao)
+            c.erro({empresa.id, barra.parteDa(inicioDaEmpresa), barra.esperado(campoLivre - 1, empresa.identificacao)},
+                   empresa.mensagem);
+        if (lerNumero(trecho(barra.texto, campoLivre)) == 0)
+            c.erro({"y.barra.campoLivre"_t, barra.parteDa(campoLivre)},
+                   "Campo livre não pode estar preenchido somente por zeros"_t);
     });
 }
 
-void verificarDataNaBarra(Conferencia& c, VistaTexto barra, const Definicao& definicao) {
+void verificarDataNaBarra(Conferencia& c, const Barra& barra, const Definicao& definicao) {
     if (definicao.PosicaoDataBarra < 1) return;
     c.passo([&] {
-        const VistaTexto texto =
-            trecho(barra, static_cast<std::size_t>(definicao.PosicaoDataBarra), definicao.FormatoDataBarra.size());
+        const auto posicao = static_cast<std::size_t>(definicao.PosicaoDataBarra);
+        const VistaTexto texto = trecho(barra.texto, posicao, definicao.FormatoDataBarra.size());
         const auto data = Diversos::String2Data(texto, definicao.FormatoDataBarra, anoDe(c.hoje()));
         if (!data) {
-            c.erro({"y.barra.dataInvalida"_t, "DataVenc"_t}, "Data no código de barras inválida"_t);
+            c.erro({"y.barra.dataInvalida"_t, barra.parteDa(posicao)}, "Data no código de barras inválida"_t);
             return;
         }
         if (versaoComIndicadores(definicao) && !definicao.checarData) return;
@@ -172,8 +205,8 @@ void verificarDataNaBarra(Conferencia& c, VistaTexto barra, const Definicao& def
 
 } // namespace
 
-bool verificarSegmentoY(Rodada& rodada, std::span<const RegistroRemessa> parcelasY, const Definicao& definicao) {
-    if (parcelasY.empty() || parcelasY.front().linha().empty()) {
+bool verificarSegmentoY(Rodada& rodada, const RegistrosGuardados& parcelasY, const Definicao& definicao) {
+    if (parcelasY.vazia()) {
         // The text names a segment 'P' although 'Y' is missing: kept on purpose.
         rodada.escreverErro(Achado{.id = "y.ausente"_t,
                                    .gravidade = Gravidade::Erro,
@@ -184,11 +217,11 @@ bool verificarSegmentoY(Rodada& rodada, std::span<const RegistroRemessa> parcela
         return false;
     }
     bool aceitas = true;
-    for (const RegistroRemessa& parcela : parcelasY) {
-        if (parcela.linha().empty()) break;
-        Conferencia c(rodada, parcela, 'Y', Conferencia::AoFalhar::PularPasso);
+    for (std::size_t i = 0; i < parcelasY.tamanho(); ++i) {
+        if ((i + 1) % parcelasPorAtendimento == 0 && rodada.canceladaAgora()) break;
+        Conferencia c(rodada, parcelasY[i], 'Y', Conferencia::AoFalhar::PularPasso);
         verificarParcela(c, definicao);
-        const Texto barra = verificarPartes(c, definicao);
+        const Barra barra = verificarPartes(c, definicao);
         verificarBarra(c, barra, definicao);
         verificarEmpresaNaBarra(c, barra, definicao);
         verificarDataNaBarra(c, barra, definicao);

@@ -21,6 +21,12 @@ bool cnpjValido(VistaTexto cnpj) {
     }
 }
 
+/// What a CNPJ lets expect of another field: nothing, if it is wrong itself.
+std::optional<Texto> seValido(VistaTexto cnpj, VistaTexto esperado) {
+    if (!cnpjValido(cnpj)) return std::nullopt;
+    return Texto(esperado);
+}
+
 struct FormatoDeData {
     VistaTexto codigo;
     VistaTexto formato;
@@ -36,7 +42,7 @@ void verificarIDFebraban(Conferencia& c, std::int32_t segmento, const RegistroRe
         c.erro({"c.idFebraban.ausente"_t, "IdFebraban"_t}, "Identificador Febraban inválido!"_t);
         return;
     }
-    const std::int32_t identificador = c.valor("IdFebraban"_t).paraLongo();
+    const std::int32_t identificador = c.numero(&Valor::paraLongo, "IdFebraban"_t);
     if (segmento != 6) {
         if (identificador > 9999)
             c.erro({"c.idFebraban.excedido"_t, "IdFebraban"_t},
@@ -46,19 +52,19 @@ void verificarIDFebraban(Conferencia& c, std::int32_t segmento, const RegistroRe
     const Texto cnpj = registroB.getValorCampoString("CNPJ"_t);
     const VistaTexto inicioDoCnpj = trecho(cnpj, 1, 8);
     if (comZeros(identificador, 8) != inicioDoCnpj)
-        c.erro({"c.idFebraban.diferenteDoCnpj"_t, "IdFebraban"_t, Texto(inicioDoCnpj)},
+        c.erro({"c.idFebraban.diferenteDoCnpj"_t, "IdFebraban"_t, seValido(cnpj, inicioDoCnpj)},
                "Identificador Febraban inválido para o segmento 6: deve ser o início do CNPJ"_t);
 }
 
 void verificarMoeda(Conferencia& c, std::int16_t& moeda) {
     c.ecoDoTexto("Moeda          : "_t, "Moeda"_t);
-    moeda = c.valor("Moeda"_t).paraInteiro();
+    moeda = c.numero(&Valor::paraInteiro, "Moeda"_t);
     if (moeda < 6 || moeda > 9)
         c.erro({"c.moeda.invalida"_t, "Moeda"_t},
                "Moeda inválida: deve ser 6-real ou 7-moeda variável ou 8-real MOD11 ou 9-moeda variável MOD11"_t);
 
     c.ecoDoTexto("Nro.Decimais   : "_t, "Decimais"_t);
-    const std::int16_t decimais = c.valor("Decimais"_t).paraInteiro();
+    const std::int16_t decimais = c.numero(&Valor::paraInteiro, "Decimais"_t);
     const bool real = moeda == 6 || moeda == 8;
     if (real && decimais != 2)
         c.erro({"c.decimais.real"_t, "Decimais"_t, Texto("2"_t)}, "Número de decimais tem de ser 2 para moeda Real"_t);
@@ -125,7 +131,7 @@ void verificarSegmentoB(Rodada& rodada, const Definicao& definicao) {
     if (!cnpjValido(cnpj)) c.erro({"b.cnpj.invalido"_t, "CNPJ"_t}, "CNPJ do convenente inválido"_t);
     const Texto cnpjDoHeader = definicao.registroA.getValorCampoString("CNPJ"_t);
     if (cnpj != cnpjDoHeader)
-        c.erro({"b.cnpj.diferente"_t, "CNPJ"_t, cnpjDoHeader},
+        c.erro({"b.cnpj.diferente"_t, "CNPJ"_t, seValido(cnpjDoHeader, cnpjDoHeader)},
                "CNPJ do convenente diferente do informado no segmento 'A'"_t);
 
     ecoDoValor("Convenente     : "_t, "Nome"_t);
@@ -158,15 +164,15 @@ void verificarSegmentoC(Rodada& rodada, Definicao& definicao) {
     c.exigirNaoZero({"c.convenio.zero"_t, "Convenio"_t}, "Campo 'Convênio' não pode ter valor zero"_t);
 
     c.ecoDoTexto("Segm.Febraban  : "_t, "SegFebraban"_t);
-    const std::int32_t segmento = c.valor("SegFebraban"_t).paraLongo();
+    const std::int32_t segmento = c.numero(&Valor::paraLongo, "SegFebraban"_t);
     if (segmento < 1 || (segmento >= 7 && segmento != 9))
         c.erro({"c.segFebraban.invalido"_t, "SegFebraban"_t}, "Segmento Febraban inválido deve ser entre 1 e 6 ou 9"_t);
 
     c.ecoDoTexto("Id.Febraban    : "_t, "IDFebraban"_t);
     if (segmento != 9) verificarIDFebraban(c, segmento, definicao.registroB);
 
-    static_cast<void>(c.valor("idServico"_t).paraLongo()); // only so that one that is no number ends the run
-    static_cast<void>(c.valor("Finalidade"_t));
+    static_cast<void>(c.numero(&Valor::paraLongo, "idServico"_t)); // one that is no number ends the run
+    static_cast<void>(c.texto("Finalidade"_t));                    // any text will do
 
     verificarMoeda(c, definicao.moeda);
     verificarFormatoData(c, definicao.FormatoDataBarra);

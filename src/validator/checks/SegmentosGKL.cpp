@@ -8,7 +8,7 @@ namespace {
 struct Numerada {
     char segmento;
     VistaTexto campo;                  ///< name of the field with that number
-    std::optional<std::int32_t> linha; ///< line number of its errors; if empty, the record's own
+    std::optional<std::int64_t> linha; ///< line number of its errors; if empty, the record's own
     VistaTexto rotulo;
     Assunto faixa;
     VistaTexto mensagemDaFaixa;
@@ -18,9 +18,14 @@ struct Numerada {
     VistaTexto mensagemDaDuplicada;
 };
 
+void guardar(RegistrosGuardados& aceitas, const RegistroRemessa& registro) {
+    if (!aceitas.temTipo()) aceitas = RegistrosGuardados(registro.copia());
+    aceitas.guardar(registro.linha());
+}
+
 /// Checks a record. It is kept and echoed unless its number is out of range or already taken.
 void verificarNumerada(const Numerada& regra, Rodada& rodada, const RegistroRemessa& registro,
-                       std::vector<RegistroRemessa>& aceitas) {
+                       RegistrosGuardados& aceitas) {
     Conferencia c(rodada, registro, regra.segmento);
     const Valor numero = c.valor(regra.campo);
 
@@ -33,15 +38,10 @@ void verificarNumerada(const Numerada& regra, Rodada& rodada, const RegistroReme
         c.erro({regra.idDaDescricao, "Denominacao"_t}, regra.mensagemDaDescricao, regra.linha);
     if (foraDaFaixa) return;
 
-    bool duplicada = false;
-    for (const RegistroRemessa& aceita : aceitas) {
-        if (!igual(aceita.getValorCampo(regra.campo), numero)) continue;
-        c.erro(regra.duplicada, regra.mensagemDaDuplicada, regra.linha);
-        duplicada = true;
-    }
-    if (duplicada) return;
+    // No two of those accepted are equal, so that a number is the duplicate of one at most.
+    if (aceitas.contem({{regra.campo, numero}})) return c.erro(regra.duplicada, regra.mensagemDaDuplicada, regra.linha);
 
-    aceitas.push_back(registro.copia());
+    guardar(aceitas, registro);
     c.eco(regra.rotulo, junta(c.texto(regra.campo), " : "_t, c.valor("Denominacao"_t).texto()));
 }
 
@@ -100,13 +100,12 @@ void verificarSegmentoL(Rodada& rodada, const RegistroRemessa& registro, Definic
     c.exigir({"l.denominacao.ausente"_t, "Denominacao"_t}, "Denominacao do pagamento nao informado"_t);
     if (rejeitada) return;
 
-    const Valor numero = c.valor("NroPag"_t);
-    for (const RegistroRemessa& opcao : definicao.opcoesPagamento)
-        if (igual(opcao.getValorCampo("TipoPag"_t), tipo) && igual(opcao.getValorCampo("NroPag"_t), numero))
-            rejeitar({"l.opcao.duplicada"_t, "NroPag"_t}, "Tipo e numero de parcela duplicados"_t);
-    if (rejeitada) return;
+    // The first option has nothing to be compared with, so that nobody needs its number here.
+    RegistrosGuardados& opcoes = definicao.opcoesPagamento;
+    if (!opcoes.vazia() && opcoes.contem({{"TipoPag"_t, tipo}, {"NroPag"_t, c.valor("NroPag"_t)}}))
+        return c.erro({"l.opcao.duplicada"_t, "NroPag"_t}, "Tipo e numero de parcela duplicados"_t);
 
-    definicao.opcoesPagamento.push_back(registro.copia());
+    guardar(opcoes, registro);
     c.eco("Opcao Pag. "_t, junta(c.texto("TipoPag"_t), c.texto("NroPag"_t), " : "_t, c.valor("DataVenc"_t).texto(),
                                  " - "_t, c.valor("Denominacao"_t).texto()));
 }

@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <limits>
 
 namespace quilatador {
 
@@ -98,11 +99,13 @@ void QuadroDoProgresso::totalDeGuias(std::optional<double> total) {
 }
 
 void QuadroDoProgresso::mostrar(const Progresso& progresso, Relogio::Instante agora) {
-    pbrImportacao->setMaximum(std::max(progresso.totalRegistros, 1)); // a maximum of 0 would move it endlessly
-    pbrImportacao->setValue(std::min(progresso.registroAtual, progresso.totalRegistros));
-    lblRegistroAtual->setText(QString::number(progresso.registroAtual));
-    lblTotalRegistros->setText(QString::number(progresso.totalRegistros));
-    lblGuiasDepuradas->setText(QString::number(progresso.guias));
+    const std::int64_t porPasso = progresso.totalRegistros / std::numeric_limits<int>::max() + 1; // the bar has 32 bits
+    const auto passos = static_cast<int>(progresso.totalRegistros / porPasso);
+    pbrImportacao->setMaximum(std::max(passos, 1)); // a maximum of 0 would move it endlessly
+    pbrImportacao->setValue(static_cast<int>(progresso.barra / porPasso));
+    lblRegistroAtual->setText(QString::number(qint64{progresso.registroAtual}));
+    lblTotalRegistros->setText(QString::number(qint64{progresso.totalRegistros}));
+    lblGuiasDepuradas->setText(QString::number(qint64{progresso.guias}));
     lblTempoDecorrido->setText(paraQt(formatarTempo(tempoDecorrido(progresso, agora))));
     lblTempoRestante->setText(paraQt(formatarTempo(tempoRestante(progresso, agora))));
 }

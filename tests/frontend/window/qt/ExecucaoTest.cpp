@@ -79,12 +79,16 @@ TEST_F(Execucao, mostraAteOndeChegou) {
     EXPECT_EQ(legenda("lblTotalGuias"), "todas");
     EXPECT_TRUE(legenda("lblRemessa").starts_with("Remessa: "));
     EXPECT_TRUE(legenda("lblEmpresa").starts_with("Convenente: "));
-    EXPECT_EQ(controle<QProgressBar>("pbrImportacao")->value(), 20000);
+    EXPECT_EQ(controle<QProgressBar>("pbrImportacao")->value(), 19999);
     escolher("optPrimeirasGuias");
     digitar("txtNumeroDetalhes", "3");
     clicar("cmdOK");
     EXPECT_EQ(legenda("lblGuiasDepuradas"), "3");
     EXPECT_EQ(legenda("lblTotalGuias"), "3");
+    janela.progresso->mostrar({.registroAtual = 3'000'000'000, .totalRegistros = 6'000'000'000, .barra = 3'000'000'000},
+                              {});
+    EXPECT_EQ(legenda("lblRegistroAtual"), "3000000000");
+    EXPECT_EQ(controle<QProgressBar>("pbrImportacao")->value() * 2, controle<QProgressBar>("pbrImportacao")->maximum());
 }
 
 TEST_F(Execucao, cancelarNoMeioVoltaAoPedido) {

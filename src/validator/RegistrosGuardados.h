@@ -1,0 +1,48 @@
+#pragma once
+
+#include "layout/RegistroRemessa.h"
+
+#include <cstddef>
+#include <initializer_list>
+#include <vector>
+
+namespace quilatador {
+
+/// Records of one type that are kept for later, in the order of the file. Each costs little more than the bytes of its
+/// line: only the lines are kept, and all of them are read through one record.
+class RegistrosGuardados {
+  public:
+    /// A field and the value that a record is to have there.
+    struct Procurado {
+        VistaTexto campo;
+        const Valor& valor;
+    };
+
+    /// Keeps nothing, and has no type: give it one before the first record.
+    RegistrosGuardados() = default;
+    /// Keeps records of the type of `modelo`.
+    explicit RegistrosGuardados(RegistroRemessa modelo) : modelo_(std::move(modelo)) {}
+
+    [[nodiscard]] bool temTipo() const noexcept { return !modelo_.campos().empty(); }
+    [[nodiscard]] bool vazia() const noexcept { return quantos_ == 0; }
+    [[nodiscard]] std::size_t tamanho() const noexcept { return quantos_; }
+
+    /// Keeps the record that has this line, which is not empty.
+    void guardar(VistaTexto linha);
+    /// Forgets the records, but not their type. The next ones use the same memory again.
+    void esvaziar() noexcept { quantos_ = 0; }
+
+    /// The record at a place (0-based). It is valid until the next call of this function or of `contem`, which read
+    /// another line into the same object; so not even reading may be done by two threads at once.
+    [[nodiscard]] const RegistroRemessa& operator[](std::size_t lugar) const;
+    /// Whether some record has all these values (see `igual`). The record's fields are read in the given order, as far
+    /// as they match. `Falha` 5 if the type lacks a field, 1 if one cannot be read; neither while nothing is kept.
+    [[nodiscard]] bool contem(std::initializer_list<Procurado> procurados) const;
+
+  private:
+    mutable RegistroRemessa modelo_;
+    std::vector<Texto> linhas_; ///< the first `quantos_` are kept; the others are memory for later ones
+    std::size_t quantos_ = 0;
+};
+
+} // namespace quilatador
