@@ -15,7 +15,7 @@ namespace {
 /// Connects a signal with what is to be done about it, which takes all of the signal's values or none.
 template <typename Origem, typename Sinal, typename Acao>
 void ligar(Origem* origem, Sinal sinal, QObject* contexto, Acao acao) {
-    QObject::connect(origem, sinal, contexto, [acao](const auto&... valores) {
+    QObject::connect(origem, sinal, contexto, [acao](const auto&... valores) -> void {
         Programa::atual().proteger([&] {
             if constexpr (std::is_invocable_v<Acao, decltype(valores)...>)
                 acao(valores...);
