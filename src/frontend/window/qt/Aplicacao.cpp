@@ -15,13 +15,11 @@ namespace {
 /// Connects a signal with what is to be done about it, which takes all of the signal's values or none.
 template <typename Origem, typename Sinal, typename Acao>
 void ligar(Origem* origem, Sinal sinal, QObject* contexto, Acao acao) {
-    QObject::connect(origem, sinal, contexto, [acao](const auto&... valores) -> void {
-        Programa::atual().proteger([&] {
-            if constexpr (std::is_invocable_v<Acao, decltype(valores)...>)
-                acao(valores...);
-            else
-                acao();
-        });
+    QObject::connect(origem, sinal, contexto, [acao](const auto&... valores) {
+        if constexpr (std::is_invocable_v<Acao, decltype(valores)...>)
+            Programa::atual().proteger([&] { acao(valores...); });
+        else
+            Programa::atual().proteger(acao);
     });
 }
 
