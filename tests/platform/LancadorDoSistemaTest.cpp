@@ -62,7 +62,7 @@ TEST(LancadorDoSistema, contaOQueNenhumProgramaAbriu) {
         const auto programa = pasta.escrever("xdg-open", "#!/bin/sh\nexit " + std::string(fim) + "\n");
         std::filesystem::permissions(programa, std::filesystem::perms::owner_all);
         lancador.abrirDocumento("/tmp/a.log");
-        EXPECT_TRUE(esperar([&] { return semFilhos() && contados == conta; })) << fim;
+        EXPECT_TRUE(esperar([&, conta = conta] { return semFilhos() && contados == conta; })) << fim;
     }
 }
 

@@ -16,12 +16,10 @@ namespace {
 template <typename Origem, typename Sinal, typename Acao>
 void ligar(Origem* origem, Sinal sinal, QObject* contexto, Acao acao) {
     QObject::connect(origem, sinal, contexto, [acao](const auto&... valores) {
-        Programa::atual().proteger([&] {
-            if constexpr (std::is_invocable_v<Acao, decltype(valores)...>)
-                acao(valores...);
-            else
-                acao();
-        });
+        if constexpr (std::is_invocable_v<Acao, decltype(valores)...>)
+            Programa::atual().proteger([&] { acao(valores...); });
+        else
+            Programa::atual().proteger(acao);
     });
 }
 
