@@ -125,14 +125,6 @@ TEST(Programa, progressoNoTerminalNoMaximoDezVezesPorSegundo) {
 }
 
 /// What a first line says counts only for the file as it was opened, and a long line takes its time.
-TEST(Programa, retornoAlteradoDuranteAPrimeiraLinha) {
-    Bancada bancada;
-    Texto& linha = bancada.arquivos.conteudo["/d/linha.ret"];
-    linha.assign(1'000'000, 'x');
-    bancada.interrompido = [&] { return linha += "x"_t, false; };
-    EXPECT_EQ(bancada.rodar({"--tipo", "ZUL708", "-q", "/d/linha.ret"}), 2);
-}
-
 TEST(Programa, controlesNuncaChegamAoTerminal) {
     Bancada bancada;
     const std::string hostil = "/d/\x1b[2J\r\x7f\x9b\xE7.rem";
