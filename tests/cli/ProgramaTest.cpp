@@ -42,7 +42,7 @@ std::string marcar(const char* marca, const std::string& texto) {
     std::string marcado;
     std::istringstream linhas(texto);
     for (std::string linha; std::getline(linhas, linha);)
-        marcado += marca + (linha.empty() ? linha : " " + linha) + "\n";
+        marcado.append(marca).append(linha.empty() ? "" : " ").append(linha).append("\n");
     return marcado;
 }
 
