@@ -10,7 +10,8 @@ namespace quilatador {
 /// process can use it on the root, even where there is no /dev/null.
 void ocuparCanaisFechados() noexcept {
     for (const int canal : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
-        if (::fcntl(canal, F_GETFD) < 0) ::open("/", O_PATH);
+        if (::fcntl(canal, F_GETFD) < 0)
+            ::open("/", O_PATH); // cppcheck-suppress leakReturnValNotUsed ; it has to stay open
 }
 
 } // namespace quilatador
