@@ -3,6 +3,8 @@
 #include "common/Falha.h"
 #include "run/Achado.h"
 
+#include <utility>
+
 namespace quilatador {
 
 /// Thrown for a structural finding, which ends the run. The message of the finding becomes a plain line in the log.
@@ -16,7 +18,7 @@ class ParadaEstrutural : public Falha {
 
   protected:
     /// For a failure that has a number and a source of its own.
-    ParadaEstrutural(const Falha& causa, const Achado& achado) : Falha(causa), achado_(achado) {}
+    ParadaEstrutural(const Falha& causa, Achado achado) : Falha(causa), achado_(std::move(achado)) {}
 
     Achado achado_;
 };
