@@ -135,7 +135,7 @@ TEST(TAV001, arquivoGrandePassaEmBlocos) {
     Texto ouvido;
     for (const Texto& linha : bancada.ouvinte.linhas)
         ouvido += junta(linha, "\r\n"_t);
-    EXPECT_TRUE(ouvido == bancada.mundo.arquivos.conteudo["/d/retorno.log"]);
+    EXPECT_TRUE(ouvido == bancada.mundo.arquivos.conteudo["/d/março.log"]);
 }
 
 } // namespace

@@ -151,28 +151,5 @@ TEST(Rodada, logEmOutroLugar) {
     EXPECT_EQ(lancador.textos, std::vector<std::filesystem::path>{"/outro.log"});
 }
 
-TEST(Rodada, logNuncaCaiSobreOQueNaoSePodePerder) {
-    const std::pair<const char*, VistaTexto> casos[] = {
-        {"/e.rem", "O arquivo de log seria o próprio arquivo analisado: /e.rem"_t},
-        {"/programa/Arquivo_ZUL702.xml",
-         "O arquivo de log seria um arquivo do próprio programa: /programa/Arquivo_ZUL702.xml"_t},
-        {"/programa/TabelaErrosZUL.mdb",
-         "O arquivo de log seria um arquivo do próprio programa: /programa/TabelaErrosZUL.mdb"_t},
-        {"/programa/Documentos/TAV/Ajuda/Quilatador.htm",
-         "O arquivo de log seria um arquivo do próprio programa: /programa/Documentos/TAV/Ajuda/Quilatador.htm"_t}};
-    for (const auto& [nome, texto] : casos) {
-        testes::MundoFalso mundo;
-        mundo.arquivos.conteudo[nome] = Texto("dados"_t);
-        const auto antes = mundo.arquivos.conteudo;
-        std::atomic<bool> cancelado = false;
-        Rodada rodada(mundo.ambiente, {.nomeArquivo = "/e.rem", .log = nome}, cancelado);
-        AnaliseFalsa analise;
-        EXPECT_EQ(rodada.executar(analise).desfecho, Desfecho::NaoRodou);
-        EXPECT_EQ(mundo.arquivos.conteudo, antes);
-        ASSERT_EQ(mundo.painel.mensagens.size(), 1u);
-        EXPECT_EQ(mundo.painel.mensagens[0].texto, texto);
-    }
-}
-
 } // namespace
 } // namespace quilatador
