@@ -84,6 +84,7 @@ TEST(Programa, interrompidaParaComOLogEmOrdem) {
         if (perguntas > 29 && log == inteiro) break;
         EXPECT_EQ(bancada.saida.str(), "/d/boa.rem: análise cancelada\n  log: /d/boa.log\n"
                                        "Total de 2 arquivos: 0 erros; 1 cancelado; 1 não analisado\n");
+        EXPECT_EQ(log.find("VERIFICAÇÃO DE CONTEÚDO"_t) != Texto::npos, perguntas > 15); // the second pass
         ASSERT_TRUE(log.ends_with(fim));
         EXPECT_TRUE(inteiro.starts_with(log.substr(0, log.size() - fim.size()))) << log;
     }

@@ -120,6 +120,11 @@ TEST(Rodada, semLogSoAMensagem) {
          "Erro na criacao do arquivo de log: /e.log"_t},
         {[](Bancada& b) { b.mundo.arquivos.falhar(Operacao::Criar, 1, Falha(numeroDeFalha::arquivoJaAberto, {}, {})); },
          "O arquivo de log está em uso por outra análise ou por outro programa: /e.log"_t},
+        {[](Bancada& b) {
+             b.mundo.arquivos.falhar(Operacao::Escrever, 1, testes::discoCheio); // in the middle: more than a block
+             b.analise.acao = [&] { return b.rodada.escreverLog(Texto(3'000'000, 'x')), Desfecho::Concluida; };
+         },
+         "Erro na gravação do arquivo de log: /e.log (Disco cheio)"_t},
         {[](Bancada& b) { b.mundo.arquivos.falhar(Operacao::Fechar, 1, testes::discoCheio); },
          "Erro na gravação do arquivo de log: /e.log (Disco cheio)"_t},
     };
