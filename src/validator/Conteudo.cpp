@@ -123,8 +123,8 @@ void Conteudo::guardarNaGuia(const RegistroRemessa& registro, char letra) {
 }
 
 /// A slip is checked only here, at the trailer. Of however many slips a file holds, the last one alone is therefore
-/// accepted or rejected, and at a second trailer once more: kept on purpose, the test `soAUltimaGuiaEhVerificada` holds
-/// it.
+/// accepted or rejected, and at a second trailer once more: kept on purpose, the cases `guia-...` of
+/// samples/variacoes.txt hold it.
 void Conteudo::encerrarGuias() {
     Resumo& resumo = rodada_.resumo();
     if (guia_.iniciada()) {

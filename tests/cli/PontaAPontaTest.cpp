@@ -34,7 +34,18 @@ constexpr long memoriaMaxima = 32 * 1024;
 constexpr VistaTexto fim = "Depuração terminada!\r\n"_t;
 constexpr VistaTexto cancelada = "\r\n\r\nDEPURACAO CANCELADA!\r\nDepuração terminada!\r\n"_t;
 
-/// The real program at work in a temporary folder.
+/// From here on the process ends at its first socket.
+void proibirRede() {
+    std::array<sock_filter, 4> regras{{BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+                                       BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_socket, 0, 1),
+                                       BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_KILL_PROCESS),
+                                       BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW)}};
+    const sock_fprog programa{regras.size(), regras.data()};
+    ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
+    ::prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &programa);
+}
+
+/// The real program at work in a temporary folder, without a network.
 class PontaAPonta : public testing::Test {
   protected:
     struct Fim {
@@ -57,6 +68,7 @@ class PontaAPonta : public testing::Test {
         if (saida < 0) saida = ::open(saidaPadrao.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
         ::dup2(saida, STDOUT_FILENO);
         ::dup2(::open(erros.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), STDERR_FILENO);
+        proibirRede();
         if (noFilho) noFilho();
         ::execv(QUILATADOR_CLI, ponteiros.data());
         ::_exit(99);
@@ -109,31 +121,6 @@ TEST_F(PontaAPonta, aEntradaFicaComoEstava) {
     EXPECT_EQ(lerTexto(entrada), remessa({.falhas = true}));
     EXPECT_EQ(std::filesystem::last_write_time(entrada), modificada);
     EXPECT_EQ(std::filesystem::status(entrada).permissions(), std::filesystem::perms::owner_read);
-}
-
-/// From here on the process ends at its first socket.
-void proibirRede() {
-    std::array<sock_filter, 4> regras{{BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
-                                       BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_socket, 0, 1),
-                                       BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_KILL_PROCESS),
-                                       BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW)}};
-    const sock_fprog programa{regras.size(), regras.data()};
-    ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
-    ::prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &programa);
-}
-
-TEST_F(PontaAPonta, nenhumaRede) {
-    noFilho = [] {
-        proibirRede();
-        ::close(::socket(AF_INET, SOCK_STREAM, 0));
-    };
-    if (rodar(pasta.escrever("boa.rem", bytesDoTexto(remessa()))).situacao != -1)
-        GTEST_SKIP() << "sockets cannot be forbidden here";
-    noFilho = proibirRede;
-    EXPECT_EQ(rodar(pasta / "boa.rem").situacao, 0);
-    EXPECT_EQ(rodar(pasta.escrever("impressao.ret", bytesDoTexto(remessa({.tipo = gerador::Tipo::ZUL708, .guias = 5}))))
-                  .situacao,
-              1);
 }
 
 TEST_F(PontaAPonta, arquivosEnormesEmPoucaMemoria) {

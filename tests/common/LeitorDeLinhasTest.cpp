@@ -67,16 +67,6 @@ TEST(LeitorDeLinhas, linhaLongaVemCortada) {
     }
 }
 
-TEST(LeitorDeLinhas, quemDesisteNaoEsperaOFimDeUmaLinhaSemFim) {
-    const Texto semFim(10 * bloco, 'x');
-    int perguntas = 0;
-    LeitorDeLinhas leitor(std::make_unique<EntradaEmPedacos>(semFim, bloco), [&] { return ++perguntas == 3; });
-    EXPECT_EQ(leitor.proxima(), Texto(LeitorDeLinhas::maiorLinha, 'x'));
-    EXPECT_EQ(perguntas, 0);
-    EXPECT_EQ(leitor.proxima(), std::nullopt);
-    EXPECT_EQ(perguntas, 3);
-}
-
 TEST(LeitorDeLinhas, comoASeparacaoSimplesEmArquivosAoAcaso) {
     std::minstd_rand sorteio(1);
     const auto ate = [&](std::size_t maior) { return std::uniform_int_distribution<std::size_t>(0, maior)(sorteio); };

@@ -91,16 +91,6 @@ TEST(ArquivoRemessaBD, nomesEmQualquerCodificacao) {
     }
 }
 
-TEST(ArquivoRemessaBD, arquivoQueNaoSeAbre) {
-    Mundo mundo(boa);
-    mundo.arquivos.falhar(testes::ArquivosEmMemoria::Operacao::Abrir, 1, testes::discoCheio);
-    EXPECT_EQ(mundo.falha(), "61 Gravacao: Disco cheio"_t);
-    mundo.arquivos.conteudo.clear();
-    EXPECT_EQ(mundo.carregar(), nullptr);
-    EXPECT_EQ(mundo.painel.chamadas,
-              std::vector{Texto("mensagem [Solvara - Quilatador de Leiaute] Arquivo nao encontrado!"_t)});
-}
-
 TEST(ArquivoRemessaBD, outraRaizDaMensagemEFalha) {
     const Texto raiz = junta(boa.substr(declaracao.size()));
     for (const Texto& descricao :

@@ -165,7 +165,9 @@ TEST_F(ArquivosDoSistemaTest, nomesComOMesmoDestino) {
 TEST_F(ArquivosDoSistemaTest, oQueNaoSePodeCriar) {
     const fs::path tubo = criarTubo();
     const fs::path protegido = pasta_.escrever("protegido.log", "anterior");
+    const fs::path log = pasta_.escrever("a.log", "anterior, mais longo");
     fs::permissions(protegido, fs::perms(0444));
+    fs::permissions(log, fs::perms(0666));
     fs::permissions(pasta_.caminho(), fs::perms::all); // who may delete it must not write it all the same
     deixarDeSerSuperusuario();
     const std::pair<fs::path, VistaTexto> casos[] = {{pasta_ / "nada" / "a.log", naoEncontrado},
@@ -176,12 +178,8 @@ TEST_F(ArquivosDoSistemaTest, oQueNaoSePodeCriar) {
     for (const auto& [caminho, falha] : casos)
         EXPECT_EQ(falhaAoCriar(caminho), falha) << caminho;
     EXPECT_EQ(lerTudo(protegido), "anterior");
-}
-
-TEST_F(ArquivosDoSistemaTest, pastaProtegidaSoDeixaReescrever) {
-    const fs::path log = pasta_.escrever("a.log", "anterior, mais longo");
-    fs::permissions(log, fs::perms(0666));
-    fs::permissions(pasta_.caminho(), fs::perms(0555));
+    ASSERT_EQ(::seteuid(::getuid()), 0);
+    fs::permissions(pasta_.caminho(), fs::perms(0555)); // takes no new file, but an old one may be written
     deixarDeSerSuperusuario();
     gravar(log, "novo");
     EXPECT_EQ(lerTudo(log), "novo");

@@ -27,7 +27,7 @@ const Caso casos[] = {{tratarRetornoZUL708, linhas({registro({{1, "A"_t}, {12, "
 TEST(AnaliseDeRetorno, arquivoAlteradoDuranteAAnaliseNaoTemConclusao) {
     for (const Caso& caso : casos) {
         Bancada bancada(caso.tratar, caso.arquivo);
-        bancada.mundo.painel.naLinha(2, [&] { bancada.mundo.arquivos.conteudo["/d/retorno.ret"] += "Z"_t; });
+        bancada.mundo.painel.naLinha(2, [&] { bancada.mundo.arquivos.conteudo["/d/março.ret"] += "Z"_t; });
         EXPECT_TRUE(bancada.log().ends_with(junta(arquivoAlterado, "\r\n"_t)));
         EXPECT_EQ(bancada.resumo.desfecho, Desfecho::NaoRodou);
     }

@@ -29,13 +29,13 @@ struct Bancada {
     using Tratar = Resumo (*)(Rodada&, const modVariaveis&);
 
     explicit Bancada(Tratar qual, Texto conteudo = {}) : tratar(qual) {
-        mundo.arquivos.conteudo["/d/retorno.ret"] = std::move(conteudo);
+        mundo.arquivos.conteudo["/d/março.ret"] = std::move(conteudo);
         globais.bancoDeDados = &banco;
     }
 
     Resumo rodar() {
         const TipoArquivo tipo = tratar == tratarRetornoZUL708 ? TipoArquivo::ZUL708 : TipoArquivo::TAV001;
-        Rodada rodada(mundo.ambiente, {.tipoArquivo = tipo, .nomeArquivo = "/d/retorno.ret", .ouvintes = ouvintes},
+        Rodada rodada(mundo.ambiente, {.tipoArquivo = tipo, .nomeArquivo = "/d/março.ret", .ouvintes = ouvintes},
                       cancelado);
         rodada.resumo().totalRegistros = lidas;
         if (canceladoNoInicio) cancelado = true;
@@ -44,8 +44,8 @@ struct Bancada {
     /// The log of a run behind its title and the empty line.
     Texto log() {
         rodar();
-        const Texto& todo = mundo.arquivos.conteudo["/d/retorno.log"];
-        const VistaTexto titulo = "LOG DE DEPURAÇÃO DO ARQUIVO /d/retorno.ret  -   10/03/2026\r\n\r\n"_t;
+        const Texto& todo = mundo.arquivos.conteudo["/d/março.log"];
+        const VistaTexto titulo = "LOG DE DEPURAÇÃO DO ARQUIVO /d/março.ret  -   10/03/2026\r\n\r\n"_t;
         return todo.starts_with(titulo) ? todo.substr(titulo.size()) : junta("(sem título) "_t, todo);
     }
 

@@ -1,7 +1,6 @@
 #include "returns/modTrataTAV001.h"
 
 #include "returns/Retornos.h"
-#include "support/Comparacao.h"
 #include "tables/FalhaDoBanco.h"
 
 #include <gtest/gtest.h>
@@ -51,6 +50,7 @@ TEST(TAV001, valoresNosSeparadoresDoSistema) {
                 pagamento("-15         "_t, "1"_t, "1"_t), "Z12345612345678901234567"_t}));
     bancada.mundo.localidade = testes::LocalidadeFixa(Texto(","_t), Texto("."_t));
     const Texto log = bancada.log();
+    EXPECT_EQ(bancada.banco.consultas(), 2u); // one a code
     EXPECT_EQ(depoisDe("Valor Recebido.........: "_t, log), "0.00;9,999,999,999.99;-0.15;"_t);
     EXPECT_EQ(depoisDe("Valor da Tarifa........: "_t, log), "1.50;1.50;1.50;"_t);
     EXPECT_TRUE(log.ends_with("Total de Registros do Arquivo: 123456\r\n"_t
@@ -116,26 +116,6 @@ TEST(TAV001, consultaRecusadaAcabaORelatorio) {
     EXPECT_EQ(bancada.resumo.desfecho, Desfecho::NaoRodou);
     EXPECT_EQ(depoisDe("Agência Arrecadadora...: "_t, log), "        ;"_t);
     EXPECT_TRUE(log.ends_with("WHERE (((FormaArrecadacao.codigoFormaArrecadacao)='''))\r\n"_t));
-}
-
-TEST(TAV001, arquivoGrandePassaEmBlocos) {
-    constexpr int pagamentos = 2500; // more than one block of the log
-    const Texto um = pagamento("000000012345"_t, "1"_t, "x"_t);
-    const Texto comUm = logDe({header, um});
-    const Texto blocoDeUm = comUm.substr(logDe({header}).size());
-    Texto arquivo = linhas({header, um});
-    Texto esperado = comUm;
-    for (int i = 1; i < pagamentos; ++i) {
-        arquivo += linhas({um});
-        esperado += blocoDeUm;
-    }
-    Bancada bancada(tratarRetornoTAV001, arquivo);
-    EXPECT_EQ(testes::diferenca(utf8DeTexto(bancada.log()), utf8DeTexto(esperado)), "");
-    EXPECT_EQ(bancada.banco.consultas(), 2u);
-    Texto ouvido;
-    for (const Texto& linha : bancada.ouvinte.linhas)
-        ouvido += junta(linha, "\r\n"_t);
-    EXPECT_TRUE(ouvido == bancada.mundo.arquivos.conteudo["/d/retorno.log"]);
 }
 
 } // namespace

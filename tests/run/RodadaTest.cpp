@@ -120,6 +120,11 @@ TEST(Rodada, semLogSoAMensagem) {
          "Erro na criacao do arquivo de log: /e.log"_t},
         {[](Bancada& b) { b.mundo.arquivos.falhar(Operacao::Criar, 1, Falha(numeroDeFalha::arquivoJaAberto, {}, {})); },
          "O arquivo de log está em uso por outra análise ou por outro programa: /e.log"_t},
+        {[](Bancada& b) {
+             b.mundo.arquivos.falhar(Operacao::Escrever, 1, testes::discoCheio); // in the middle: more than a block
+             b.analise.acao = [&] { return b.rodada.escreverLog(Texto(3'000'000, 'x')), Desfecho::Concluida; };
+         },
+         "Erro na gravação do arquivo de log: /e.log (Disco cheio)"_t},
         {[](Bancada& b) { b.mundo.arquivos.falhar(Operacao::Fechar, 1, testes::discoCheio); },
          "Erro na gravação do arquivo de log: /e.log (Disco cheio)"_t},
     };
@@ -149,29 +154,6 @@ TEST(Rodada, logEmOutroLugar) {
     EXPECT_FALSE(arquivos.existe("/e.rem"));
     EXPECT_TRUE(arquivos.conteudo["/outro.log"].ends_with("Depuração terminada!\r\n"_t));
     EXPECT_EQ(lancador.textos, std::vector<std::filesystem::path>{"/outro.log"});
-}
-
-TEST(Rodada, logNuncaCaiSobreOQueNaoSePodePerder) {
-    const std::pair<const char*, VistaTexto> casos[] = {
-        {"/e.rem", "O arquivo de log seria o próprio arquivo analisado: /e.rem"_t},
-        {"/programa/Arquivo_ZUL702.xml",
-         "O arquivo de log seria um arquivo do próprio programa: /programa/Arquivo_ZUL702.xml"_t},
-        {"/programa/TabelaErrosZUL.mdb",
-         "O arquivo de log seria um arquivo do próprio programa: /programa/TabelaErrosZUL.mdb"_t},
-        {"/programa/Documentos/TAV/Ajuda/Quilatador.htm",
-         "O arquivo de log seria um arquivo do próprio programa: /programa/Documentos/TAV/Ajuda/Quilatador.htm"_t}};
-    for (const auto& [nome, texto] : casos) {
-        testes::MundoFalso mundo;
-        mundo.arquivos.conteudo[nome] = Texto("dados"_t);
-        const auto antes = mundo.arquivos.conteudo;
-        std::atomic<bool> cancelado = false;
-        Rodada rodada(mundo.ambiente, {.nomeArquivo = "/e.rem", .log = nome}, cancelado);
-        AnaliseFalsa analise;
-        EXPECT_EQ(rodada.executar(analise).desfecho, Desfecho::NaoRodou);
-        EXPECT_EQ(mundo.arquivos.conteudo, antes);
-        ASSERT_EQ(mundo.painel.mensagens.size(), 1u);
-        EXPECT_EQ(mundo.painel.mensagens[0].texto, texto);
-    }
 }
 
 } // namespace

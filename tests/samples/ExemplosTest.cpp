@@ -1,8 +1,5 @@
+#include "cli/BancadaDoPrograma.h"
 #include "support/Comparacao.h"
-#include "support/Falsos.h"
-#include "support/PastaTemporaria.h"
-
-#include "cli/Programa.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -33,27 +30,14 @@ fs::path entradaDe(const fs::path& exemplo) {
 TEST_P(Exemplo, daOLogEOJsonEsperados) {
     const fs::path entrada = entradaDe(GetParam());
     fs::path analisado = "/exemplo" / entrada.filename();
-    MundoFalso mundo;
-    for (const auto& [nome, origem] :
-         {std::pair(fs::path("/programa/Arquivo_ZUL702.xml"), fs::path(QUILATADOR_LEIAUTE)),
-          std::pair(fs::path("/programa/TabelaErrosZUL.mdb"), fs::path(QUILATADOR_TABELAS)),
-          std::pair(analisado, entrada)})
-        mundo.arquivos.conteudo[nome] = lerTexto(origem);
+    BancadaDoPrograma bancada;
+    bancada.arquivos.conteudo[analisado] = lerTexto(entrada);
     std::vector<std::string> argumentos = palavras(lerTudo(GetParam() / "opcoes.txt"));
     argumentos.insert(argumentos.end(), {"--json", analisado.string()});
-    std::ostringstream json;
-    std::ostringstream erros;
-    std::ignore = executar(argumentos, {.relogio = mundo.relogio,
-                                        .localidade = mundo.localidade,
-                                        .lancador = mundo.lancador,
-                                        .arquivos = mundo.arquivos,
-                                        .saida = json,
-                                        .erros = erros,
-                                        .pastaDoPrograma = "/programa",
-                                        .interrompido = [] { return false; }});
-    EXPECT_EQ(erros.str(), "");
-    const std::string log(bytesDoTexto(mundo.arquivos.conteudo[analisado.replace_extension("log")]));
-    for (const auto& [extensao, obtido] : {std::pair("log", log), std::pair("json", json.str())}) {
+    bancada.rodar(argumentos);
+    EXPECT_EQ(bancada.erros.str(), "");
+    const std::string log(bytesDoTexto(bancada.arquivos.conteudo[analisado.replace_extension("log")]));
+    for (const auto& [extensao, obtido] : {std::pair("log", log), std::pair("json", bancada.saida.str())}) {
         const fs::path esperado = fs::path(entrada).replace_extension(extensao);
         if (std::getenv("QUILATADOR_REFAZER_EXEMPLOS")) std::ofstream(esperado, std::ios::binary) << obtido;
         EXPECT_EQ(diferenca(obtido, lerTudo(esperado)), "");

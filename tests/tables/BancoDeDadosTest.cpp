@@ -203,12 +203,12 @@ TEST(BancoDanificado, byteMudadoNuncaDerruba) {
 }
 
 TEST(BancoDoPrograma, temAsLinhasDaFonte) {
-    std::istringstream fonte(lerBytes(QUILATADOR_TABELAS "/TabelaErrosZUL.txt"));
+    std::istringstream fonte(lerTudo(QUILATADOR_TABELAS "/TabelaErrosZUL.txt"));
     std::string esperadas;
     for (std::string linha; std::getline(fonte, linha);)
         if (linha.find('|') != std::string::npos)
             esperadas += std::regex_replace(linha, std::regex("^ +| *(\\|) *| +$"), "$1") + "|\n";
-    const TabelasDeCodigos tabelas(lerBytes(QUILATADOR_TABELAS "/TabelaErrosZUL.mdb"), "quimera"_t);
+    const TabelasDeCodigos tabelas(lerTudo(QUILATADOR_TABELAS "/TabelaErrosZUL.mdb"), "quimera"_t);
     std::string lidas;
     for (std::size_t i = 0; i < tabelasDeCodigos.size(); ++i)
         tabelas.percorrer(static_cast<TabelaDeCodigos>(i), [&](const TabelasDeCodigos::Linha& linha) {
@@ -219,18 +219,6 @@ TEST(BancoDoPrograma, temAsLinhasDaFonte) {
             lidas += '\n';
         });
     EXPECT_EQ(lidas, esperadas);
-}
-
-/// Reads the database that a variable of the environment names, made by another program.
-TEST(BancoDeDados, bancoDeOutroPrograma) {
-    const char* const caminho = std::getenv("QUILATADOR_BANCO_EXTERNO");
-    if (caminho == nullptr) GTEST_SKIP() << "QUILATADOR_BANCO_EXTERNO names no database";
-    BancoDeDados banco = abrirBanco(lerBytes(caminho));
-    EXPECT_EQ(ocorrencia(banco, "12"_t), "Código de barras inválido – conferir"_t);
-    EXPECT_EQ(ocorrencia(banco, "07"_t) + ocorrencia(banco, "06"_t), "(sem linha)"_t);
-    for (int numero = 20; numero < 100; ++numero)
-        EXPECT_TRUE(ocorrencia(banco, textoDe(numero)).starts_with(junta("Ocorrência de número "_t, textoDe(numero))));
-    EXPECT_EQ(arrecadacao(banco, "a"_t), "Guichê sem fatura"_t);
 }
 
 } // namespace

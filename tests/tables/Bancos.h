@@ -1,23 +1,17 @@
 #pragma once
 
 #include "support/Falsos.h"
+#include "support/PastaTemporaria.h"
 #include "tables/BancoDeDados.h"
 #include "tables/FormatoJet.h"
 
-#include <fstream>
-#include <iterator>
 #include <string>
 
 namespace quilatador::testes {
 
-inline std::string lerBytes(const std::string& caminho) {
-    std::ifstream arquivo(caminho, std::ios::binary);
-    return {std::istreambuf_iterator<char>(arquivo), {}};
-}
-
 /// A file of tests/tables/fixtures, where README.txt tells what is in each.
 inline std::string lerBanco(const std::string& nome) {
-    return lerBytes(QUILATADOR_BANCOS + ("/" + nome));
+    return lerTudo(QUILATADOR_BANCOS + ("/" + nome));
 }
 
 /// A database file with other bytes in a place (0-based) of a page (0-based).

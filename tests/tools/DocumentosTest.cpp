@@ -18,21 +18,8 @@ namespace {
 const std::filesystem::path fontes = QUILATADOR_FONTES;
 
 std::string preencher(std::string_view modelo) {
-    constexpr const char* descricao = R"(<?xml version="1.0" encoding="UTF-8"?>
-<ArquivoRemessa>
-  <Registro Nome="A" Tamanho="19" Identificador="Tipo">
-    <Campo Nome="Tipo" Tipo="S" Tamanho="1" Formato="" Decimais="0" Valor="&lt;"/>
-    <Campo Nome="Valor" Tipo="N" Tamanho="3" Formato="" Decimais="2"/>
-    <Campo Nome="N&amp;o" Tipo="N" Tamanho="2" Formato="" Decimais="0"/>
-    <Campo Nome="Data" Tipo="D" Tamanho="8" Formato="AAAAMMDD" Decimais="0"/>
-    <Campo Nome="Sequencial" Tipo="R" Tamanho="5" Formato="" Decimais="0"/>
-  </Registro>
-  <Registro Nome="B" Tamanho="1" Identificador="Tipo">
-    <Campo Nome="Tipo" Tipo="S" Tamanho="1" Formato="" Decimais="0" Valor="B"/>
-  </Registro>
-</ArquivoRemessa>)";
     testes::MundoFalso mundo;
-    mundo.arquivos.conteudo["/leiaute.xml"] = textoDosBytes(descricao);
+    mundo.arquivos.conteudo["/leiaute.xml"] = testes::lerTexto(QUILATADOR_LEIAUTE_DE_TESTE ".xml");
     const auto leiaute =
         ArquivoRemessaBD::obterArquivoRemessa("/leiaute.xml", mundo.arquivos, mundo.painel, mundo.relogio);
     return leiautes::preencher(modelo, *leiaute);
@@ -48,20 +35,8 @@ std::string semEntidades(std::string html) {
 } // namespace
 
 TEST(Leiautes, cadaLugarViraATabelaDoRegistro) {
-    const std::string cabecalho =
-        "<table>\n<thead><tr><th>Campo</th><th class=\"n\">De</th><th class=\"n\">Até</th>"
-        "<th class=\"n\">Tamanho</th><th>Tipo</th><th>Conteúdo fixo</th></tr></thead>\n<tbody>\n";
-    const auto linha = [](const char* nome, const char* de, const char* ate, const char* tamanho, const char* resto) {
-        return std::string("<tr><th scope=\"row\">") + nome + "</th><td class=\"n\">" + de + "</td><td class=\"n\">" +
-               ate + "</td><td class=\"n\">" + tamanho + "</td>" + resto + "</tr>\n";
-    };
-    EXPECT_EQ(preencher("<p>é</p><!-- registro B -->|<!-- registro A -->."),
-              "<p>é</p>" + cabecalho + linha("Tipo", "1", "1", "1", "<td>Texto</td><td>B</td>") +
-                  "</tbody>\n</table>|" + cabecalho + linha("Tipo", "1", "1", "1", "<td>Texto</td><td>&lt;</td>") +
-                  linha("Valor", "2", "4", "3", "<td>Número, 2 decimais</td><td></td>") +
-                  linha("N&amp;o", "5", "6", "2", "<td>Número</td><td></td>") +
-                  linha("Data", "7", "14", "8", "<td>Data AAAAMMDD</td><td></td>") +
-                  linha("Sequencial", "15", "19", "5", "<td>Número do registro</td><td></td>") + "</tbody>\n</table>.");
+    EXPECT_EQ(preencher("<p>é</p>\n<!-- registro B -->\n<!-- registro A -->\n"),
+              testes::lerTudo(QUILATADOR_LEIAUTE_DE_TESTE ".html"));
 }
 
 TEST(Leiautes, modeloDeOutroLeiauteFalha) {

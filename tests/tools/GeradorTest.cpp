@@ -2,10 +2,10 @@
 
 #include "cli/BancadaDoPrograma.h"
 #include "gerarRemessa/PosicoesZUL702.h"
+#include "layout/ArquivoRemessaBD.h"
 #include "support/Falhas.h"
 
 #include <gtest/gtest.h>
-#include <pugixml.hpp>
 
 #include <set>
 #include <tuple>
@@ -29,20 +29,16 @@ std::string analise(const Opcoes& opcoes) {
 } // namespace
 
 TEST(PosicoesZUL702, saoAsDoLeiauteXml) {
-    pugi::xml_document documento;
-    ASSERT_TRUE(documento.load_file(QUILATADOR_LEIAUTE));
+    testes::MundoComRemessa mundo;
+    const auto leiaute =
+        ArquivoRemessaBD::obterArquivoRemessa(mundo.ambiente.leiaute(), mundo.arquivos, mundo.painel, mundo.relogio);
     std::multiset<Posicao> noXml;
     std::multiset<Posicao> naTabela;
-    for (const pugi::xml_node registro : documento.child("ArquivoRemessa")) {
-        const std::string segmento = registro.attribute("Nome").value();
-        std::size_t inicio = 1;
-        for (const pugi::xml_node campoXml : registro) {
-            const std::string nome = campoXml.attribute("Nome").value();
-            const std::size_t tamanho = campoXml.attribute("Tamanho").as_uint();
-            if (nome != "Brancos") noXml.emplace(segmento, nome, inicio, tamanho);
-            inicio += tamanho;
-        }
-        EXPECT_EQ(inicio, 241u) << segmento;
+    for (const auto& registro : leiaute->tiposRegistros()) {
+        const std::string segmento = utf8DeTexto(registro->nome());
+        for (const auto& c : registro->campos())
+            if (c->nome() != "Brancos"_t) noXml.emplace(segmento, utf8DeTexto(c->nome()), c->inicio(), c->Tamanho());
+        EXPECT_EQ(registro->campos().back()->Fim(), 240) << segmento;
         for (const Campo& comum : camposComuns)
             naTabela.emplace(segmento, comum.nome, comum.inicio, comum.tamanho);
     }

@@ -117,29 +117,27 @@ TEST_F(Execucao, cancelarAntesDaPrimeiraLinhaVale) {
     EXPECT_TRUE(janela.isVisible());
 }
 
+/// By its own means, or asked from outside.
 TEST_F(Execucao, fecharNoMeioCancelaEFechaOLog) {
-    for (const auto& [opcao, tipo] : {std::pair{"opt702", gerador::Tipo::ZUL702}, {"opt708", gerador::Tipo::ZUL708}}) {
+    bool pedido = false;
+    aplicacao.encerrarQuando([&] { return pedido; });
+    for (const auto& [opcao, tipo, deFora] : {std::tuple{"opt702", gerador::Tipo::ZUL702, false},
+                                              {"opt708", gerador::Tipo::ZUL708, false},
+                                              {"opt702", gerador::Tipo::ZUL702, true}}) {
         pedir(grande, testes::remessa({.tipo = tipo, .registros = 20'000}));
         escolher(opcao);
-        noMeio([&] { EXPECT_FALSE(janela.close()); });
+        noMeio([&, &deFora = deFora] {
+            pedido = deFora;
+            if (deFora)
+                QTest::qWait(150);
+            else
+                EXPECT_FALSE(janela.close());
+        });
         clicar("cmdOK");
         EXPECT_FALSE(janela.isVisible());
         EXPECT_TRUE(mundo.arquivos.tudoFechado());
         EXPECT_NE(mundo.arquivos.conteudo["/d/grande.log"].find("CANCELAD"_t), Texto::npos);
     }
-}
-
-TEST_F(Execucao, pedidoDeForaCancelaEFechaOLog) {
-    bool pedido = false;
-    aplicacao.encerrarQuando([&] { return pedido; });
-    pedir(grande, remessaGrande());
-    noMeio([&] {
-        pedido = true;
-        QTest::qWait(150);
-    });
-    clicar("cmdOK");
-    EXPECT_FALSE(janela.isVisible());
-    EXPECT_TRUE(mundo.arquivos.conteudo["/d/grande.log"].ends_with(fimCancelado));
 }
 
 /// Enter leaves no box, so that only the test of OK itself is made. A click leaves the box, however quick it is.
