@@ -28,13 +28,13 @@ _quilatador_cli() {
             compopt -o filenames
             mapfile -t COMPREPLY < <(compgen -P "$antes" -d -- "$cur")
             return ;;
-        --posicao | --primeiras)
+        --posicao | --primeiras | --linha)
             return ;;
     esac
 
     if [[ $cur == -* && $prev != --log ]]; then
-        mapfile -t COMPREPLY < <(compgen -W '--tipo --com-data --posicao --formato --primeiras --pasta --log
-            --pasta-de-logs --abrir --json -q --silencioso -h --ajuda --help --versao --version' -- "$cur")
+        mapfile -t COMPREPLY < <(compgen -W '--tipo --com-data --posicao --formato --primeiras --linha
+            --sugerir-data --pasta --log --pasta-de-logs --abrir --json -q --silencioso -h --ajuda --help --versao --version' -- "$cur")
         return
     fi
     compopt -o filenames

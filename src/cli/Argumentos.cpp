@@ -28,6 +28,9 @@ Opções:
                                DDDA, AADDD ou ADDD (ADDD)
   --primeiras N                lê o conteúdo somente até as primeiras N guias (sem ela: todas);
                                se o arquivo tem mais, o conteúdo de nenhuma é conferido
+  --linha N                    mostra a linha N, campo por campo (um ZUL702; sem log)
+  --sugerir-data               diz em que formato e posição o código de barras tem a data
+                               de vencimento das parcelas (um ZUL702; sem log)
   --pasta PASTA                pasta do programa, com Arquivo_ZUL702.xml e TabelaErrosZUL.mdb
   --log CAMINHO                grava o log nesse caminho (somente com um ARQUIVO)
   --pasta-de-logs PASTA        grava cada log nessa pasta, com o nome do arquivo e ".log" (x.rem.log)
@@ -44,10 +47,13 @@ Exemplos:
   quilatador-cli --com-data --posicao 20 --formato AAAAMMDD remessa.rem
   quilatador-cli --primeiras 50 --log /tmp/remessa.log remessa.rem
   quilatador-cli --json -q *.rem > achados.ndjson
+  quilatador-cli --linha 17 remessa.rem
+  quilatador-cli --sugerir-data remessa.rem
 
 Situação ao terminar:
   0    nada encontrado
-  1    há erros, ou o arquivo não é do tipo esperado
+  1    há erros, ou o arquivo não é do tipo esperado; com --sugerir-data, nada confere em
+       todas as parcelas
   2    não foi possível analisar (opção inválida, arquivo ou programa incompleto)
   130  interrompido (Ctrl-C)
 )"_t;
@@ -124,6 +130,8 @@ struct Valores {
     std::optional<std::string> posicao;
     std::optional<std::string> formato;
     std::optional<std::string> primeiras;
+    std::optional<std::string> linha;
+    bool sugerirData = false;
     std::optional<std::string> pasta;
     std::optional<std::string> log;
     std::optional<std::string> pastaDeLogs;
@@ -133,6 +141,39 @@ struct Valores {
 bool completar(const std::optional<std::string>& valor, std::optional<std::filesystem::path>& caminho) {
     if (valor) caminho = caminhoCompleto(*valor);
     return !caminho || caminho->is_absolute();
+}
+
+/// The reason to refuse the option of a question about one file: it does not go together with the others. Nothing if
+/// it does.
+std::optional<Texto> recusaDaPergunta(VistaTexto pergunta, const Valores& valores, std::size_t arquivos,
+                                      const Argumentos& lidos) {
+    if (arquivos > 1) return junta(pergunta, " vale somente com um ARQUIVO."_t);
+    const std::pair<bool, VistaTexto> incompativeis[] = {{valores.linha && valores.sugerirData, "--sugerir-data"_t},
+                                                         {valores.log.has_value(), "--log"_t},
+                                                         {valores.pastaDeLogs.has_value(), "--pasta-de-logs"_t},
+                                                         {lidos.abrir, "--abrir"_t}};
+    for (const auto& [dada, opcao] : incompativeis)
+        if (dada) return junta(pergunta, " e "_t, opcao, " não valem juntas."_t);
+    return std::nullopt;
+}
+
+/// The number of a line; one that no file has is as good as any other.
+std::int64_t lerNumeroDeLinha(VistaTexto digitos) {
+    constexpr double maior = 999'999'999'999'999;
+    return static_cast<std::int64_t>(std::min(lerNumero(digitos), maior));
+}
+
+/// Interprets the options that ask a question about one file, or refuses them.
+Argumentos interpretarPergunta(const Valores& valores, std::size_t arquivos, Argumentos lidos) {
+    if (!valores.linha && !valores.sugerirData) return lidos;
+    const VistaTexto pergunta = valores.linha ? "--linha"_t : "--sugerir-data"_t;
+    if (const auto motivo = recusaDaPergunta(pergunta, valores, arquivos, lidos)) return recusa(*motivo);
+    lidos.acao = valores.linha ? Argumentos::Acao::MostrarLinha : Argumentos::Acao::SugerirData;
+    if (!valores.linha) return lidos;
+    const Texto linha = textoDeUtf8(*valores.linha);
+    if (!soDigitos(linha)) return recusa(junta("Número de linha inválido: "_t, linha));
+    lidos.linha = lerNumeroDeLinha(linha);
+    return lidos;
 }
 
 /// Interprets the values, or refuses the first one that is wrong.
@@ -152,6 +193,7 @@ Argumentos interpretar(const Valores& valores, const std::vector<std::string>& a
         if (!soDigitos(posicao)) return recusa(junta("Posição inválida: "_t, posicao));
         lidos.posicao = lerNumero(posicao);
     }
+    lidos.escolheuData = lidos.comData && (valores.posicao || valores.formato);
     if (valores.log && arquivos.size() > 1) return recusa(Texto("--log vale somente com um ARQUIVO."_t));
     if (valores.log && valores.pastaDeLogs) return recusa(Texto("--log e --pasta-de-logs não valem juntas."_t));
     lidos.formato = valores.formato ? textoDeUtf8(*valores.formato) : Texto(formatoInicial);
@@ -160,7 +202,7 @@ Argumentos interpretar(const Valores& valores, const std::vector<std::string>& a
     if (!completar(valores.pastaDeLogs, lidos.pastaDeLogs)) return recusaDoValor("--pasta-de-logs");
     for (const std::string& arquivo : arquivos)
         lidos.arquivos.push_back(caminhoCompleto(arquivo));
-    return lidos;
+    return interpretarPergunta(valores, arquivos.size(), std::move(lidos));
 }
 
 } // namespace
@@ -184,6 +226,8 @@ Argumentos lerArgumentos(std::vector<std::string> argumentos) {
     app.add_option("--posicao", valores.posicao);
     app.add_option("--formato", valores.formato);
     app.add_option("--primeiras", valores.primeiras);
+    app.add_option("--linha", valores.linha);
+    app.add_flag("--sugerir-data", valores.sugerirData);
     app.add_option("--pasta", valores.pasta);
     app.add_option("--log", valores.log);
     app.add_option("--pasta-de-logs", valores.pastaDeLogs);

@@ -2,6 +2,7 @@
 
 #include "frontend/Pedido.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <span>
@@ -10,9 +11,16 @@
 
 namespace quilatador {
 
-/// What the command line asks for. What follows `motivo` is meaningful only if `acao` is `Analisar`.
+/// What the command line asks for. What follows `motivo` is meaningful only if `acao` is about files.
 struct Argumentos {
-    enum class Acao { Analisar, MostrarAjuda, MostrarVersao, Recusar };
+    enum class Acao {
+        Analisar,
+        MostrarLinha, ///< `linha` of the only file
+        SugerirData,  ///< of the only file
+        MostrarAjuda,
+        MostrarVersao,
+        Recusar
+    };
 
     Acao acao = Acao::Analisar;
     Texto motivo; ///< the reason, if `acao` is `Recusar`
@@ -23,6 +31,8 @@ struct Argumentos {
     bool comData = false;
     double posicao = 0; ///< 1-based, of the due date in the barcode; whether it is possible is not checked yet
     Texto formato;
+    bool escolheuData = false; ///< whether the user gave `comData`, and `posicao` or `formato`
+    std::int64_t linha = 0;    ///< 1-based; no file has a line 0, nor as many as the largest number that can be given
     std::optional<double> primeiras;                  ///< number of slips to analyse; empty for all
     std::optional<std::filesystem::path> pasta;       ///< program folder; if empty, the one that the machine knows
     std::optional<std::filesystem::path> log;         ///< replaces the log beside the file

@@ -1,13 +1,14 @@
 #include "cli/Programa.h"
 
-#include "cli/PainelDoTerminal.h"
+#include "cli/ComandoData.h"
+#include "cli/ComandoLinha.h"
 #include "cli/RelatorJson.h"
+#include "cli/Sessao.h"
 #include "cli/TextosDoResumo.h"
 #include "frontend/PlanoDeLogs.h"
 #include "frontend/Trabalho.h"
 
 #include <algorithm>
-#include <atomic>
 #include <new>
 
 namespace quilatador {
@@ -37,29 +38,21 @@ Resumo naoRodou(VistaTexto motivo) {
 
 /// The reason why a file cannot be analysed as requested; nothing if it can.
 std::optional<Texto> recusaDe(const Pedido& pedido) {
-    if (pedido.nomeArquivo.empty()) return Texto("Nome de arquivo vazio"_t);
-    if (!pedido.nomeArquivo.is_absolute())
-        return Texto("A pasta de trabalho não existe mais; informe o caminho completo do arquivo"_t);
+    if (const auto doNome = recusaDoNome(pedido.nomeArquivo)) return doNome;
     const bool temData = pedido.tipoArquivo == TipoArquivo::ZUL702 && pedido.comData;
     const auto daPosicao = temData ? recusaDaPosicao(pedido.PosicaoDataBarra) : std::nullopt;
     return daPosicao ? daPosicao : Trabalho::recusa(pedido);
 }
 
-/// Carries out one command line.
+/// Carries out a command line that asks for analyses.
 class Chamada {
   public:
-    Chamada(const Argumentos& argumentos, const Maquina& maquina)
-        : argumentos_(argumentos)
-        , maquina_(maquina)
-        , painel_(maquina.erros, maquina.relogio,
-                  {.comProgresso = maquina.errosNoTerminal && !argumentos.silencioso,
-                   .largura = maquina.larguraDoTerminal,
-                   .primeiras = argumentos.primeiras,
-                   .aoAtender = [this] { atenderInterrupcao(); }})
-        , ambiente_{painel_,          maquina.relogio,  maquina.localidade,
-                    maquina.lancador, maquina.arquivos, argumentos.pasta.value_or(maquina.pastaDoPrograma)}
-        , trabalho_(ambiente_, globais_, cancelado_)
-        , json_(maquina.saida) {
+    explicit Chamada(Sessao& sessao)
+        : sessao_(sessao)
+        , argumentos_(sessao.argumentos())
+        , maquina_(sessao.maquina())
+        , trabalho_(sessao.ambiente(), globais_, sessao.cancelado())
+        , json_(maquina_.saida) {
         if (argumentos_.json) trabalho_.adicionarRelator(json_);
     }
     Chamada(const Chamada&) = delete;
@@ -69,7 +62,7 @@ class Chamada {
         if (!trabalho_.iniciar() || recusarPastaDeLogs()) return situacao::naoRodou;
         const PlanoDeLogs plano = planejarLogs(
             argumentos_.arquivos, {.log = argumentos_.log, .pasta = argumentos_.pastaDeLogs},
-            [this](const auto& arquivo) { return tipoDe(arquivo); }, maquina_.arquivos);
+            [this](const auto& arquivo) { return sessao_.tipoDe(arquivo); }, maquina_.arquivos);
         int maior = situacao::nadaEncontrado;
         for (const LogPlanejado& planejado : plano.logs) {
             if (maquina_.interrompido()) break;
@@ -82,24 +75,13 @@ class Chamada {
     }
 
   private:
-    void atenderInterrupcao() {
-        if (maquina_.interrompido()) cancelado_ = true;
-    }
-
     [[nodiscard]] bool comResumo() const { return !argumentos_.json && !argumentos_.silencioso; }
 
     bool recusarPastaDeLogs() {
         if (!argumentos_.pastaDeLogs || maquina_.arquivos.ehPasta(*argumentos_.pastaDeLogs)) return false;
-        painel_.mensagem({.texto = junta("A pasta dos logs não existe ou não é uma pasta: "_t,
-                                         textoDoCaminho(*argumentos_.pastaDeLogs)),
-                          .titulo = Texto(tituloDoPrograma)});
+        sessao_.dizer(
+            junta("A pasta dos logs não existe ou não é uma pasta: "_t, textoDoCaminho(*argumentos_.pastaDeLogs)));
         return true;
-    }
-
-    /// A file of unknown type is taken for a remittance, whose first finding says that it is none.
-    [[nodiscard]] TipoArquivo tipoDe(const std::filesystem::path& arquivo) const {
-        return argumentos_.tipo ? *argumentos_.tipo
-                                : reconhecerTipo(arquivo, maquina_.arquivos).value_or(TipoArquivo::ZUL702);
     }
 
     [[nodiscard]] Pedido pedidoDe(const LogPlanejado& planejado, const std::set<Destino>& entradas) const {
@@ -146,19 +128,16 @@ class Chamada {
             if (rodou)
                 maquina_.saida << paraTerminal(linha) << std::endl;
             else
-                painel_.mensagem({.texto = Texto(linha), .titulo = Texto(tituloDoPrograma)});
+                sessao_.dizer(linha);
         };
-        const Texto nome = textoDoCaminho(rodada.nomeArquivo());
-        escrever(junta(nome.empty() ? R"("")"_t : nome, ": "_t, textoDoResumo(tipo, resumo)));
+        escrever(junta(nomeParaMensagem(rodada.nomeArquivo()), ": "_t, textoDoResumo(tipo, resumo)));
         if (comResumo() && rodada.logGravado()) escrever(junta("  log: "_t, textoDoCaminho(rodada.nomeArquivoLog())));
     }
 
+    Sessao& sessao_;
     const Argumentos& argumentos_;
     const Maquina& maquina_;
     modVariaveis globais_;
-    std::atomic<bool> cancelado_ = false;
-    PainelDoTerminal painel_;
-    Ambiente ambiente_;
     Trabalho trabalho_;
     RelatorJson json_;
     Totais totais_;
@@ -176,9 +155,14 @@ int atender(const Argumentos& argumentos, const Maquina& maquina) {
         maquina.erros << paraTerminal(argumentos.motivo) << "\nUse --ajuda para ver o uso." << std::endl;
         return situacao::naoRodou;
     case Argumentos::Acao::Analisar:
+    case Argumentos::Acao::MostrarLinha:
+    case Argumentos::Acao::SugerirData:
         break;
     }
-    return Chamada(argumentos, maquina).analisarTodos();
+    Sessao sessao(argumentos, maquina);
+    if (argumentos.acao == Argumentos::Acao::MostrarLinha) return mostrarLinha(sessao);
+    if (argumentos.acao == Argumentos::Acao::SugerirData) return sugerirData(sessao);
+    return Chamada(sessao).analisarTodos();
 }
 
 } // namespace

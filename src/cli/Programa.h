@@ -29,8 +29,9 @@ struct Maquina {
 };
 
 /// Runs the whole command line and returns its exit status, one of `situacao`. Each file is analysed, whatever happened
-/// to the one before, and the greatest status counts. Why a file could not be analysed is always said on standard
-/// error, once. Output that cannot be written, or a lack of memory, gives at least 2.
+/// to the one before, and the greatest status counts. A question about one file is answered without an analysis. Why a
+/// file could not be analysed is always said on standard error, once. Output that cannot be written, or a lack of
+/// memory, gives at least 2.
 [[nodiscard]] int executar(std::vector<std::string> argumentos, const Maquina& maquina);
 
 } // namespace quilatador

@@ -107,6 +107,13 @@ Texto textoDoNumero(double numero) {
     return {destino.data(), fim.ptr};
 }
 
+Texto comMilhares(std::int64_t numero, VistaTexto separadorDeMilhar) {
+    Texto texto = textoDe(numero);
+    for (std::size_t lugar = texto.size(); lugar > 3;)
+        texto.insert(lugar -= 3, separadorDeMilhar);
+    return texto;
+}
+
 std::int32_t arredondarParaLongo(double numero) {
     return arredondar<std::int32_t>(numero);
 }

@@ -36,6 +36,9 @@ namespace quilatador {
 /// The shortest decimal form of a number, with "." as decimal point and without exponent or blanks.
 [[nodiscard]] Texto textoDoNumero(double numero);
 
+/// The digits of a whole number that is not negative, in groups of three.
+[[nodiscard]] Texto comMilhares(std::int64_t numero, VistaTexto separadorDeMilhar);
+
 /// The nearest whole number, where halves go to the even neighbour. Raises `Falha` 6 ("Estouro") when the result does
 /// not fit into 64 bits (`arredondarParaContagem`), 32 bits (`arredondarParaLongo`) or 16 bits
 /// (`arredondarParaInteiro`).

@@ -2,14 +2,11 @@
 
 #include "common/Falha.h"
 #include "common/LeitorDeLinhas.h"
-#include "common/Numero.h"
+#include "validator/CampoLivre.h"
 
 namespace quilatador {
 
 namespace {
-constexpr int tamanhoDaBarra = 44;
-constexpr int inicioDoCampoLivre = 20;
-constexpr int maiorPosicao = 41;
 
 std::optional<TipoArquivo> tipoDaLinha(VistaTexto linha) {
     const VistaTexto nome = trecho(linha, 12, 6);
@@ -22,15 +19,14 @@ std::optional<TipoArquivo> tipoDaLinha(VistaTexto linha) {
 } // namespace
 
 std::optional<Texto> recusaDaPosicao(double posicao) {
-    if (posicao >= inicioDoCampoLivre && posicao <= maiorPosicao) return std::nullopt;
+    if (posicao >= campoLivre::primeiraPosicao && posicao <= campoLivre::ultimaPosicao) return std::nullopt;
     return Texto("Posição da data no código de barras deve estar entre 20 e 41 (limites do campo livre)!"_t);
 }
 
 std::optional<Texto> recusaDoFormato(double posicao, VistaTexto formato) {
-    const auto tamanho = static_cast<int>(formato.size());
-    if (posicao + tamanho <= tamanhoDaBarra) return std::nullopt;
-    return junta("Posição da data no código de barras para este formato não pode ser maior que "_t,
-                 textoDe(tamanhoDaBarra - tamanho));
+    const int ultima = campoLivre::ultimaPosicaoPara(static_cast<int>(formato.size()));
+    if (posicao <= ultima) return std::nullopt;
+    return junta("Posição da data no código de barras para este formato não pode ser maior que "_t, textoDe(ultima));
 }
 
 std::optional<TipoArquivo> reconhecerTipo(const std::filesystem::path& arquivo, Arquivos& arquivos) {

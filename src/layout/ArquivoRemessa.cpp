@@ -107,6 +107,13 @@ const RegistroRemessa& ArquivoRemessa::avancar(bool lerCampos) {
     return *emMaos_;
 }
 
+const RegistroRemessa* ArquivoRemessa::adotarLinha(VistaTexto linha) {
+    const auto tipo = reconhecer(linha);
+    if (!tipo) return nullptr;
+    tipos_[*tipo]->linha(linha);
+    return tipos_[*tipo].get();
+}
+
 std::optional<std::size_t> ArquivoRemessa::reconhecer(VistaTexto linha) {
     if (!marcasProntas_) prepararMarcas();
     std::size_t primeira = 0;

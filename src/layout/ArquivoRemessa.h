@@ -68,6 +68,9 @@ class ArquivoRemessa {
     /// The same for a caller that does not keep the record, which is valid until the next call: counting the owners of
     /// every record shows in a large file.
     const RegistroRemessa& avancar(bool lerCampos);
+    /// The lazy record of a line that the caller has read by itself, or null if the line is of no known type. It is one
+    /// of the record types, valid until the next call, whatever `criarCopias` says. Nothing is counted.
+    [[nodiscard]] const RegistroRemessa* adotarLinha(VistaTexto linha);
     /// The record that was read last. Before the first call it has no name and no line.
     [[nodiscard]] const RegistroRemessa& registroEmMaos() const noexcept { return *emMaos_; }
     /// The record type of that record, as a 0-based index into `tiposRegistros`.

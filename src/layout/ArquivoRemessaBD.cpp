@@ -154,4 +154,21 @@ std::unique_ptr<ArquivoRemessa> ArquivoRemessaBD::obterArquivoRemessa(const std:
     return arquivo;
 }
 
+std::unique_ptr<ArquivoRemessa> ArquivoRemessaBD::carregar(const Ambiente& ambiente) {
+    const auto avisar = [&](VistaTexto texto) {
+        ambiente.painel.mensagem(
+            {.texto = Texto(texto), .titulo = Texto(tituloDeErro), .icone = Mensagem::Icone::Exclamacao});
+        return nullptr;
+    };
+    try {
+        return obterArquivoRemessa(ambiente.leiaute(), ambiente.arquivos, ambiente.painel, ambiente.relogio);
+    } catch (const FalhaMostrada&) {
+        return nullptr;
+    } catch (const Falha& falha) {
+        return avisar(falha.descricao());
+    } catch (const std::bad_alloc&) {
+        return avisar(memoriaInsuficiente);
+    }
+}
+
 } // namespace quilatador

@@ -3,7 +3,7 @@
 #include "common/Arquivos.h"
 #include "common/Falha.h"
 #include "layout/ArquivoRemessa.h"
-#include "run/Painel.h"
+#include "run/Ambiente.h"
 
 #include <filesystem>
 #include <memory>
@@ -31,6 +31,9 @@ class ArquivoRemessaBD {
     [[nodiscard]] static std::unique_ptr<ArquivoRemessa> obterArquivoRemessa(const std::filesystem::path& caminho,
                                                                              Arquivos& arquivos, Painel& painel,
                                                                              const Relogio& relogio);
+    /// The layout of the remittances, from the program's folder. Null after a message box that says why it could not be
+    /// loaded; it never fails. What the surroundings refer to must outlive the layout.
+    [[nodiscard]] static std::unique_ptr<ArquivoRemessa> carregar(const Ambiente& ambiente);
 };
 
 } // namespace quilatador

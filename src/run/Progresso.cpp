@@ -1,8 +1,14 @@
 #include "run/Progresso.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace quilatador {
+
+std::int64_t registrosDaRemessa(std::uint64_t bytes) {
+    constexpr double bytesPorRegistro = 241;
+    return static_cast<std::int64_t>(std::nearbyint(static_cast<double>(bytes) / bytesPorRegistro));
+}
 
 Relogio::Instante tempoDecorrido(const Progresso& progresso, Relogio::Instante agora) noexcept {
     return agora - progresso.inicio;

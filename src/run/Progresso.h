@@ -23,6 +23,10 @@ inline void irParaRegistro(Progresso& progresso, std::int64_t registro) noexcept
     if (progresso.totalRegistros > registro) progresso.barra = registro;
 }
 
+/// Estimates the number of records of a remittance from the length of its file, to the nearest whole number (halves to
+/// even).
+[[nodiscard]] std::int64_t registrosDaRemessa(std::uint64_t bytes);
+
 /// The time since the phase started, and the time that the remaining records will take at the same pace. The latter is
 /// negative when there are more records than expected.
 [[nodiscard]] Relogio::Instante tempoDecorrido(const Progresso& progresso, Relogio::Instante agora) noexcept;

@@ -5,20 +5,11 @@
 #include "validator/Conteudo.h"
 #include "validator/Sequencia.h"
 
-#include <cmath>
-#include <new>
 #include <utility>
 
 namespace quilatador {
 
 namespace {
-
-constexpr double bytesPorRegistro = 241;
-
-/// Estimates the number of records from the length of the file, to the nearest whole number (halves to even).
-std::int64_t registrosEstimados(std::uint64_t bytes) {
-    return static_cast<std::int64_t>(std::nearbyint(static_cast<double>(bytes) / bytesPorRegistro));
-}
 
 /// The two passes of one run.
 class Depuracao final : public Analise {
@@ -29,7 +20,7 @@ class Depuracao final : public Analise {
     [[nodiscard]] Desfecho analisar() override {
         if (!leiaute_) return semLeiaute();
         rodada_.progresso().totalRegistros =
-            registrosEstimados(rodada_.ambiente().arquivos.tamanho(rodada_.nomeArquivo()));
+            registrosDaRemessa(rodada_.ambiente().arquivos.tamanho(rodada_.nomeArquivo()));
         guia_ = GuiaEmMaos(*leiaute_);
         LeitorDeRegistros leitor(*leiaute_, rodada_);
 
@@ -65,22 +56,10 @@ class Depuracao final : public Analise {
 } // namespace
 
 Depurador::Depurador(Ambiente& ambiente, modVariaveis& globais, std::atomic<bool>& cancelado)
-    : Cancelado(cancelado), ambiente_(ambiente), globais_(globais) {
-    const auto avisar = [&](VistaTexto texto) {
-        ambiente.painel.mensagem(
-            {.texto = Texto(texto), .titulo = Texto(tituloDeErro), .icone = Mensagem::Icone::Exclamacao});
-    };
-    try {
-        arquivoRemessa_ = ArquivoRemessaBD::obterArquivoRemessa(ambiente.leiaute(), ambiente.arquivos, ambiente.painel,
-                                                                ambiente.relogio);
-    } catch (const FalhaMostrada&) {
-        return;
-    } catch (const Falha& falha) {
-        avisar(falha.descricao());
-    } catch (const std::bad_alloc&) {
-        avisar(memoriaInsuficiente);
-    }
-}
+    : Cancelado(cancelado)
+    , ambiente_(ambiente)
+    , globais_(globais)
+    , arquivoRemessa_(ArquivoRemessaBD::carregar(ambiente)) {}
 
 Resumo Depurador::DepurarArquivo(const std::filesystem::path& nomeArquivo, std::optional<std::filesystem::path> log) {
     Rodada rodada(ambiente_, {.tipoArquivo = TipoArquivo::ZUL702, .nomeArquivo = nomeArquivo, .log = std::move(log)},

@@ -53,6 +53,11 @@ TEST(Programa, linhasDeComando) {
         auto& arquivos = bancada.arquivos.conteudo;
         arquivos["/d/abertura"] = arquivos["/d/liquidacao"].substr(0, arquivos["/d/liquidacao"].find('\n') + 1);
         arquivos["/d/ocorrencia"] = arquivos["/d/impressao.ret"].substr(0, 10 * testes::bytesDaLinha);
+        const Texto boa = remessa();
+        const Texto parcela = boa.substr(14 * testes::bytesDaLinha, 240);
+        arquivos["/d/torta.rem"] = junta(boa.substr(0, testes::bytesDaLinha), "\r\n?\x1b     12  3\r\n"_t, parcela,
+                                         "12\n"_t, Texto(parcela).replace(14, 8, "20280229"_t));
+        arquivos["/d/convenio.rem"] = testes::comCampo(boa, 3, {'C', "FormatoData", 23, 1}, Texto("2"_t));
         bancada.arquivos.ligacoes = {{"/d/elo.log", "/d/ruim.rem"}, {"/d/boa.elo", "/d/boa.rem"}};
         const auto antes = arquivos;
         const int situacao = bancada.rodar(separar(argumentos));
@@ -90,6 +95,20 @@ TEST(Programa, interrompidaParaComOLogEmOrdem) {
     }
 }
 
+TEST(Programa, perguntaInterrompidaOuDeArquivoAlteradoNaoTemResposta) {
+    for (const std::string pergunta : {"--linha=16", "--sugerir-data"}) {
+        Bancada bancada;
+        int linhas = 0;
+        bancada.interrompido = [&] { return ++linhas > 15; };
+        EXPECT_EQ(bancada.rodar({pergunta, "--json", "/d/boa.rem"}), 130);
+        bancada.interrompido = [&] { return bancada.arquivos.conteudo["/d/boa.rem"].resize(17 * 242), false; };
+        EXPECT_EQ(bancada.rodar({pergunta, "--json", "/d/boa.rem"}), 2);
+        EXPECT_EQ(bancada.saida.str() + bancada.erros.str(),
+                  "/d/boa.rem: leitura cancelada\n"
+                  "/d/boa.rem: não foi possível analisar: O arquivo foi alterado durante a análise!\n");
+    }
+}
+
 TEST(Programa, linhaSemFimNaoPrendeQuemDesiste) {
     Bancada bancada;
     auto& arquivos = bancada.arquivos.conteudo;
@@ -120,6 +139,7 @@ TEST(Programa, progressoNoTerminalNoMaximoDezVezesPorSegundo) {
         return bancada.erros.str();
     };
     EXPECT_EQ(progressoDe({"-q"}), "");
+    EXPECT_NE(progressoDe({"--sugerir-data"}).find(" de 20083 (50%)  decorrido 00:00:01"), std::string::npos);
     const std::string progresso = progressoDe({});
     EXPECT_TRUE(
         progresso.starts_with("\rRegistro 0 de 20083 (0%)  decorrido 00:00:00  restante 00:0\x1b[K\rRegistro "));

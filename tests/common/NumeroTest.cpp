@@ -23,6 +23,13 @@ TEST(Numero, textoNumerico) {
         EXPECT_FALSE(soDigitos(nao));
 }
 
+TEST(Numero, gruposDeTresDigitos) {
+    using Caso = std::pair<std::int64_t, VistaTexto>;
+    for (const auto& [numero, texto] :
+         {Caso{0, "0"_t}, Caso{999, "999"_t}, Caso{1000, "1. 000"_t}, Caso{1234567, "1. 234. 567"_t}})
+        EXPECT_EQ(comMilhares(numero, ". "_t), texto);
+}
+
 TEST(Numero, leituraTolerante) {
     using Caso = std::pair<VistaTexto, double>;
     for (const auto& [texto, numero] :

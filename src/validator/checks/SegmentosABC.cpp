@@ -3,9 +3,7 @@
 #include "common/Diversos.h"
 #include "common/DV.h"
 #include "common/Numero.h"
-
-#include <algorithm>
-#include <array>
+#include "validator/FormatosDeData.h"
 
 namespace quilatador {
 
@@ -26,16 +24,6 @@ std::optional<Texto> seValido(VistaTexto cnpj, VistaTexto esperado) {
     if (!cnpjValido(cnpj)) return std::nullopt;
     return Texto(esperado);
 }
-
-struct FormatoDeData {
-    VistaTexto codigo;
-    VistaTexto formato;
-};
-
-constexpr std::array formatosDeData{FormatoDeData{"1"_t, ""_t},         FormatoDeData{"2"_t, "DDMMAA"_t},
-                                    FormatoDeData{"3"_t, "AAMMDD"_t},   FormatoDeData{"4"_t, "AAAAMMDD"_t},
-                                    FormatoDeData{"5"_t, "ADDD"_t},     FormatoDeData{"6"_t, "DDDA"_t},
-                                    FormatoDeData{"7"_t, "DDMMAAAA"_t}, FormatoDeData{"9"_t, "AADDD"_t}};
 
 void verificarIDFebraban(Conferencia& c, std::int32_t segmento, const RegistroRemessa& registroB) {
     if (c.texto("IdFebraban"_t) == "        "_t) {
@@ -74,9 +62,8 @@ void verificarMoeda(Conferencia& c, std::int16_t& moeda) {
 
 void verificarFormatoData(Conferencia& c, Texto& formatoDataBarra) {
     const Texto codigo = c.texto("FormatoData"_t);
-    const auto formato = std::ranges::find(formatosDeData, codigo, &FormatoDeData::codigo);
-    if (formato != formatosDeData.end())
-        formatoDataBarra = formato->formato;
+    if (const auto formato = formatoDoCodigo(codigo))
+        formatoDataBarra = *formato;
     else
         c.erro({"c.formatoData.invalido"_t, "FormatoData"_t},
                "Formato de data do convênio inválido deve ser 1,2,3,4,5,6,7 ou 9"_t);
