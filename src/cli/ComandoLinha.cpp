@@ -78,7 +78,7 @@ void desenhar(const std::vector<LinhaDaTabela>& tabela, std::ostream& saida) {
     std::array<std::size_t, std::tuple_size_v<LinhaDaTabela>> larguras{};
     for (const LinhaDaTabela& linha : tabela)
         for (std::size_t i = 0; i < linha.size(); ++i)
-            if (largura(linha[i]) <= maiorColuna) larguras[i] = std::max(larguras[i], largura(linha[i]));
+            larguras[i] = std::max(larguras[i], std::min(largura(linha[i]), maiorColuna));
     for (const LinhaDaTabela& linha : tabela) {
         std::string texto;
         for (std::size_t i = 0; i < linha.size(); ++i) {

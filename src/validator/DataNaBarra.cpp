@@ -65,7 +65,8 @@ std::vector<DataNaBarra::Candidata> DataNaBarra::melhores(VistaTexto preferido) 
             mais = quantas;
             candidatas.push_back({f.formato, posicao, quantas});
         }
-    std::ranges::stable_partition(candidatas, [&](const Candidata& c) { return c.formato == preferido; });
+    std::stable_partition(candidatas.begin(), candidatas.end(),
+                          [&](const Candidata& c) { return c.formato == preferido; });
     return candidatas;
 }
 

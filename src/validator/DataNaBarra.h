@@ -24,8 +24,6 @@ class DataNaBarra {
         VistaTexto formato;
         int posicao = 0; ///< 1-based
         std::int64_t acertos = 0;
-
-        bool operator==(const Candidata&) const = default;
     };
 
     /// `anoCorrente` decides the decade of a year of one digit.

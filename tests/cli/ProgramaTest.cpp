@@ -55,8 +55,8 @@ TEST(Programa, linhasDeComando) {
         arquivos["/d/ocorrencia"] = arquivos["/d/impressao.ret"].substr(0, 10 * testes::bytesDaLinha);
         const Texto boa = remessa();
         const Texto parcela = boa.substr(14 * testes::bytesDaLinha, 240);
-        arquivos["/d/torta.rem"] = junta(boa.substr(0, testes::bytesDaLinha), "\r\n?\x1b     12  3\r\n"_t, parcela,
-                                         "12\n"_t, Texto(parcela).replace(14, 8, "20280229"_t));
+        arquivos["/d/torta.rem"] = junta(boa.substr(0, testes::bytesDaLinha), "\r\n?\x1b     12  3"_t, Texto(60, 'x'),
+                                         "\r\n"_t, parcela, "12\n"_t, Texto(parcela).replace(14, 8, "20280229"_t));
         arquivos["/d/convenio.rem"] = testes::comCampo(boa, 3, {'C', "FormatoData", 23, 1}, Texto("2"_t));
         bancada.arquivos.ligacoes = {{"/d/elo.log", "/d/ruim.rem"}, {"/d/boa.elo", "/d/boa.rem"}};
         const auto antes = arquivos;
