@@ -129,7 +129,7 @@ class Variacoes : public testing::TestWithParam<Variacao> {
             linhas_[i].replace(234, 6, comZeros(static_cast<long long>(i) + 1, linhas_[i].size() - 234));
         aCada("convenio (.+)", [&](const auto& partes) {
             for (Texto& linha : linhas_)
-                linha.replace(1, partes.length(1), textoDeUtf8(partes.str(1)));
+                linha.replace(1, partes.str(1).size(), textoDeUtf8(partes.str(1)));
         });
         aCada(R"((.)(?:\[(.+)\])?\.(.+) = ?(.*))", [&](const auto& partes) {
             trocar(linhas_[lugares(partes.str(1), partes.str(2))[0]],
