@@ -37,6 +37,11 @@ struct Barra {
         if (ate > certas || !soDigitos(digitos)) return std::nullopt;
         return Texto(digitos);
     }
+    /// The field at fault where `campo` differs from the positions up to `ate`: if they could not all be read, it is
+    /// the first part that is not numeric, and `campo` may well be right.
+    [[nodiscard]] VistaTexto culpado(std::size_t ate, VistaTexto campo) const {
+        return ate > certas && certas < fins.back() ? parteDa(certas + 1) : campo;
+    }
 };
 
 /// The identification of the company in the barcode, from position 16 (1-based) on.
@@ -126,7 +131,7 @@ void verificarBarra(Conferencia& c, const Barra& barra, const Definicao& definic
         if (!versaoComIndicadores(definicao) || !definicao.checarValor) return;
         const Texto centavos = junta(trecho(c.texto("Parte1"_t), 5, 7), trecho(c.texto("Parte2"_t), 1, 4));
         if (lerNumero(c.texto("ValorPag"_t)) != lerNumero(centavos))
-            c.erro({"y.barra.valor"_t, "ValorPag"_t, barra.esperado(15, centavos)},
+            c.erro({"y.barra.valor"_t, barra.culpado(15, "ValorPag"_t), barra.esperado(15, centavos)},
                    "Valor no código de barras difere do valor no campo Y3"_t);
     });
     c.passo([&] {
@@ -199,7 +204,8 @@ void verificarDataNaBarra(Conferencia& c, const Barra& barra, const Definicao& d
         }
         if (versaoComIndicadores(definicao) && !definicao.checarData) return;
         if (diferente(c.valor("DataVenc"_t), *data))
-            c.erro({"y.barra.dataDiferente"_t, "DataVenc"_t}, "Data no código de barras difere da data no campo Y12"_t);
+            c.erro({"y.barra.dataDiferente"_t, barra.culpado(posicao + texto.size() - 1, "DataVenc"_t)},
+                   "Data no código de barras difere da data no campo Y12"_t);
     });
 }
 
