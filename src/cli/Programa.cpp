@@ -38,7 +38,7 @@ Resumo naoRodou(VistaTexto motivo) {
 
 /// The reason why a file cannot be analysed as requested; nothing if it can.
 std::optional<Texto> recusaDe(const Pedido& pedido) {
-    if (const auto doNome = recusaDoNome(pedido.nomeArquivo)) return doNome;
+    if (auto doNome = recusaDoNome(pedido.nomeArquivo)) return doNome;
     const bool temData = pedido.tipoArquivo == TipoArquivo::ZUL702 && pedido.comData;
     const auto daPosicao = temData ? recusaDaPosicao(pedido.PosicaoDataBarra) : std::nullopt;
     return daPosicao ? daPosicao : Trabalho::recusa(pedido);
