@@ -30,6 +30,8 @@ const char* nomeDa(Gravidade gravidade) {
         return "ocorrencia";
     case Gravidade::Estrutural:
         return "estrutural";
+    case Gravidade::Aviso:
+        return "aviso";
     }
     return "";
 }

@@ -54,6 +54,11 @@ Resumo Trabalho::analisar(Rodada& rodada, const Pedido& pedido) {
     return depurar(rodada, pedido);
 }
 
+ResumoCompleto Trabalho::conferirTudo(const Rodada& /*rodada*/, const Pedido& /*pedido*/,
+                                      std::span<Relator* const> /*ouvintes*/) {
+    return {};
+}
+
 Resumo Trabalho::depurar(Rodada& rodada, const Pedido& pedido) {
     if (!depurador_) depurador_ = std::make_unique<Depurador>(ambiente_, globais_, cancelado_);
     if (pedido.comData) depurador_->FormatoDataBarra = pedido.FormatoDataBarra;

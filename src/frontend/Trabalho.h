@@ -2,12 +2,14 @@
 
 #include "frontend/Pedido.h"
 #include "run/modVariaveis.h"
+#include "run/ResumoCompleto.h"
 #include "run/Rodada.h"
 #include "tables/BancoDeDados.h"
 #include "validator/Depurador.h"
 
 #include <atomic>
 #include <memory>
+#include <span>
 #include <vector>
 
 namespace quilatador {
@@ -38,6 +40,11 @@ class Trabalho {
     [[nodiscard]] Rodada comecar(const Pedido& pedido);
     /// Analyses the file of that run and returns its summary.
     Resumo analisar(Rodada& rodada, const Pedido& pedido);
+    /// Checks the file of a run that has ended once more, this time completely: every slip and every fault, each with
+    /// its place and its cause. Nothing is written but what `ouvintes` make of the findings, which come in the order of
+    /// their numbers. Cancelling works as in the run.
+    [[nodiscard]] ResumoCompleto conferirTudo(const Rodada& rodada, const Pedido& pedido,
+                                              std::span<Relator* const> ouvintes);
 
   private:
     Resumo depurar(Rodada& rodada, const Pedido& pedido);
