@@ -35,17 +35,23 @@ long long somaPonderada(VistaTexto digitos, int primeiro, int ultimo, int passo)
     return soma;
 }
 
-/// A check digit of a CNPJ or CPF over its first `quantos` digits. From right to left, the weights run from 2 to
-/// `maiorPeso` and then start again.
-Texto digitoDeCadastro(VistaTexto digitos, std::size_t quantos, int maiorPeso) {
+/// A check digit of a CNPJ or CPF over its first `quantos` characters, each of which `valorDo` (0-based place) gives as
+/// a number. From right to left, the weights run from 2 to `maiorPeso` and then start again.
+template <typename ValorDoLugar>
+Texto digitoDeCadastro(std::size_t quantos, int maiorPeso, ValorDoLugar valorDo) {
     int soma = 0;
     int peso = 2;
     for (std::size_t i = quantos; i-- > 0;) {
-        soma += digitoExigido(digitos, i) * peso;
+        soma += valorDo(i) * peso;
         peso = peso == maiorPeso ? 2 : peso + 1;
     }
     const int resto = soma % 11;
     return umDigito(resto < 2 ? 0 : 11 - resto);
+}
+
+/// The same over digits, where anything else raises `Falha` 13.
+Texto digitoDeCadastro(VistaTexto digitos, std::size_t quantos, int maiorPeso) {
+    return digitoDeCadastro(quantos, maiorPeso, [&](std::size_t i) { return digitoExigido(digitos, i); });
 }
 
 } // namespace
@@ -100,6 +106,16 @@ Texto DV::CalcularCNPJ(VistaTexto digitos) {
 
 bool DV::VerificarCNPJ(VistaTexto cnpj) {
     return cnpj.size() == 14 && CalcularCNPJ(cnpj.substr(0, 12)) == cnpj.substr(12);
+}
+
+bool DV::VerificarCNPJComLetras(VistaTexto cnpj) {
+    constexpr std::size_t semDigitos = 12;
+    constexpr VistaTexto caracteres = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ"_t;
+    if (cnpj.size() != 14 || cnpj.find_first_of(caracteres.substr(10)) >= semDigitos) return false;
+    if (cnpj.substr(0, semDigitos).find_first_not_of(caracteres) != VistaTexto::npos) return false;
+    const auto valorDo = [&](std::size_t i) { return cnpj[i] - '0'; };
+    return digitoDeCadastro(semDigitos, 9, valorDo) == cnpj.substr(12, 1) &&
+           digitoDeCadastro(semDigitos + 1, 9, valorDo) == cnpj.substr(13);
 }
 
 Texto DV::CalcularCPF(Texto& digitos) {

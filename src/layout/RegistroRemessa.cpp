@@ -17,6 +17,7 @@ RegistroRemessa::RegistroRemessa(RegistroRemessa&& outro) noexcept {
 
 RegistroRemessa& RegistroRemessa::operator=(RegistroRemessa&& outro) noexcept {
     linha_ = std::move(outro.linha_);
+    lugar_ = outro.lugar_;
     campos_ = std::move(outro.campos_);
     identificador_ = std::move(outro.identificador_);
     relogio_ = outro.relogio_;
@@ -146,6 +147,7 @@ RegistroRemessa RegistroRemessa::copia() const {
     for (const auto& campo : campos_)
         nova.add(campo->copia());
     nova.linha_ = linha_;
+    nova.lugar_ = lugar_;
     nova.tamanhoAtual_ = tamanhoAtual_;
     nova.relogio_ = relogio_;
     nova.arquivo_ = arquivo_;
@@ -154,6 +156,7 @@ RegistroRemessa RegistroRemessa::copia() const {
 
 void RegistroRemessa::copiar(RegistroRemessa& destino) const {
     destino.linha_ = linha_;
+    destino.lugar_ = lugar_;
     if (!linha_.empty()) return;
     for (const auto& campo : campos_)
         destino.setValorCampo(campo->nome(), campo->Valor());

@@ -29,6 +29,10 @@ class RegistroRemessa {
     /// The line of a lazy record, or "" for an eager one.
     [[nodiscard]] const Texto& linha() const noexcept { return linha_; }
     void linha(VistaTexto linha) { linha_.assign(linha); }
+    /// Where the record stands in its file: the number of its line, 1-based, whatever the record itself says. Only who
+    /// reads a file knows it and sets it; 0 until then.
+    [[nodiscard]] std::int64_t lugar() const noexcept { return lugar_; }
+    void lugar(std::int64_t lugar) noexcept { lugar_ = lugar; }
     /// The fields in line order; each starts right after the one before.
     [[nodiscard]] const std::vector<std::unique_ptr<CampoRemessa>>& campos() const noexcept { return campos_; }
     /// The name of the field that identifies this record type. The `Valor` of that field is the content that the lines
@@ -99,7 +103,7 @@ class RegistroRemessa {
 
     /// A copy that shares nothing with this record.
     [[nodiscard]] RegistroRemessa copia() const;
-    /// Copies the content to `destino`: the line of a lazy record, or all values of an eager one. Raises `Falha` 5 when
+    /// Copies the content to `destino`: the line of a lazy record and its place, or all values of an eager one. Raises `Falha` 5 when
     /// the destination lacks a field.
     void copiar(RegistroRemessa& destino) const;
 
@@ -113,6 +117,7 @@ class RegistroRemessa {
     void adotarCampos() noexcept;
 
     Texto linha_;
+    std::int64_t lugar_ = 0;
     std::vector<std::unique_ptr<CampoRemessa>> campos_;
     Texto identificador_;
     const Relogio* relogio_ = nullptr;

@@ -25,15 +25,56 @@ FalhaDeLeitura numeroNaoLido(const RegistroRemessa& registro, VistaTexto nomeCam
         .em(registro.numeroDaLinha(), registro.letra());
 }
 
-Conferencia::Conferencia(Rodada& rodada, const RegistroRemessa& registro, char segmento, AoFalhar aoFalhar)
-    : rodada_(rodada), registro_(registro), segmento_(segmento), aoFalhar_(aoFalhar) {}
+Conferencia::Conferencia(Apontador& apontador, const RegistroRemessa& registro, char segmento, AoFalhar aoFalhar)
+    : apontador_(apontador)
+    , registro_(registro)
+    , segmento_(segmento)
+    , aoFalhar_(aoFalhar)
+    , completa_(apontador.completo()) {}
+
+/// Notes in a complete check that the current step reads a field. A record that the file lacks ends the step.
+void Conferencia::anotar(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo) {
+    if (completa_ && !temBase(registro, letra, nomeCampo)) throw SemBase();
+}
+
+bool Conferencia::temBase(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo) {
+    if (!completa_) return true;
+    const auto indice = registro.indiceDoCampo(nomeCampo);
+    const std::int16_t inicio = indice ? registro.campos()[*indice]->inicio() : std::int16_t{0};
+    fundamentos_.push_back({letra, inicio, registro.lugar()});
+    if (&registro == &registro_) return true;
+    if (registro.linha().empty()) {
+        static_cast<void>(apontador_.falta({.letra = letra}));
+        return false;
+    }
+    return !apontador_.falta(fundamentos_.back());
+}
+
+bool Conferencia::temBase(char letra) {
+    if (!completa_) return true;
+    fundamentos_.push_back({.letra = letra});
+    return !apontador_.falta(fundamentos_.back());
+}
+
+void Conferencia::apoiarNoRegistro() {
+    if (completa_) fundamentos_.push_back({.letra = segmento_, .campo = 0, .linha = registro_.lugar()});
+}
+
+/// Whether the step may be left out because of a field that cannot be read.
+bool Conferencia::deixar(const FalhaDeLeitura& falha) {
+    if (!completa_) return aoFalhar_ == AoFalhar::PularPasso;
+    if (!fundamentos_.empty()) apontador_.naoLido(falha, fundamentos_.back());
+    return true;
+}
 
 template <typename Leitura>
 auto Conferencia::ler(const RegistroRemessa& registro, VistaTexto nomeCampo, Leitura leitura) -> decltype(leitura()) {
     try {
         return leitura();
-    } catch (const Falha&) {
+    } catch (const Falha& falha) {
         if (aoFalhar_ != AoFalhar::Prosseguir) throw;
+        const auto* const deLeitura = dynamic_cast<const FalhaDeLeitura*>(&falha);
+        if (completa_ && deLeitura) apontador_.naoLido(*deLeitura, fundamentos_.back());
         falhou_ = true;
         if (&registro == &registro_) naoLidos_.push_back(nomeCampo);
         return {};
@@ -41,11 +82,18 @@ auto Conferencia::ler(const RegistroRemessa& registro, VistaTexto nomeCampo, Lei
 }
 
 Texto Conferencia::texto(VistaTexto nomeCampo) {
+    anotar(registro_, segmento_, nomeCampo);
     return ler(registro_, nomeCampo, [&] { return registro_.getValorCampoString(nomeCampo); });
 }
 
-Valor Conferencia::valorDe(const RegistroRemessa& registro, VistaTexto nomeCampo) {
+Valor Conferencia::valorEm(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo) {
+    anotar(registro, letra, nomeCampo);
     return ler(registro, nomeCampo, [&] { return registro.getValorCampo(nomeCampo); });
+}
+
+Texto Conferencia::textoEm(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo) {
+    anotar(registro, letra, nomeCampo);
+    return registro.getValorCampoString(nomeCampo);
 }
 
 VistaTexto Conferencia::campoNaoLido(VistaTexto nomeCampo) const {
@@ -54,31 +102,55 @@ VistaTexto Conferencia::campoNaoLido(VistaTexto nomeCampo) const {
 }
 
 void Conferencia::eco(VistaTexto rotulo, VistaTexto conteudo) {
-    rodada_.escreverLog(junta(rotulo, conteudo));
+    if (!completa_) apontador_.eco(junta(rotulo, conteudo));
+}
+
+Achado Conferencia::achadoDe(const Assunto& assunto, VistaTexto mensagem, std::int64_t linha) {
+    if (completa_ && !assunto.campo.empty()) apoiar(assunto.campo);
+    return {.id = assunto.id,
+            .gravidade = Gravidade::Erro,
+            .linha = linha,
+            .segmento = segmento_,
+            .campo = campoDoAchado(registro_, assunto.campo, assunto.esperado),
+            .mensagem = Texto(mensagem),
+            .discutido = completa_ && !assunto.motivo.empty(),
+            .motivo = Texto(assunto.motivo)};
 }
 
 void Conferencia::erro(const Assunto& assunto, VistaTexto mensagem, std::optional<std::int64_t> linha) {
-    const std::int64_t numero = linha ? *linha : linhaDoRegistro();
+    const std::int64_t numero = completa_ ? registro_.lugar() : linha ? *linha : linhaDoRegistro();
     aprovada_ = false;
-    rodada_.escreverErro(Achado{.id = assunto.id,
-                                .gravidade = Gravidade::Erro,
-                                .linha = numero,
-                                .segmento = segmento_,
-                                .campo = campoDoAchado(registro_, assunto.campo, assunto.esperado),
-                                .mensagem = Texto(mensagem)});
+    apontador_.apontar(achadoDe(assunto, mensagem, numero), fundamentos_);
+}
+
+void Conferencia::aviso(const Assunto& assunto, VistaTexto mensagem) {
+    if (!completa_) return;
+    Achado achado = achadoDe(assunto, mensagem, registro_.lugar());
+    achado.gravidade = Gravidade::Aviso;
+    apontador_.apontar(std::move(achado), fundamentos_);
+}
+
+void Conferencia::avisarSePassa(const Assunto& assunto, VistaTexto conteudo, VistaTexto lista) {
+    if (completa_ && conteudo.size() != 1 && lista.find(conteudo) != VistaTexto::npos)
+        aviso(assunto,
+              junta("Conteúdo vazio ou mais comprido, que o log aceita por estar contido em \""_t, lista, "\""_t));
 }
 
 void Conferencia::exigir(const Assunto& assunto, VistaTexto mensagem) {
-    if (semConteudo(valor(assunto.campo))) erro(assunto, mensagem);
+    passo([&] {
+        if (semConteudo(valor(assunto.campo))) erro(assunto, mensagem);
+    });
 }
 
 void Conferencia::exigirNaoZero(const Assunto& assunto, VistaTexto mensagem) {
-    if (igual(valor(assunto.campo), 0)) erro(assunto, mensagem);
+    passo([&] {
+        if (igual(valor(assunto.campo), 0)) erro(assunto, mensagem);
+    });
 }
 
 std::int64_t Conferencia::linhaDoRegistro() const {
     try {
-        return numero(&Valor::paraContagem, "Sequencial"_t);
+        return numeroDoCampo(registro_, &Valor::paraContagem, "Sequencial"_t);
     } catch (const Falha&) {
         if (aoFalhar_ == AoFalhar::Propagar) throw;
         return 0;

@@ -2,7 +2,7 @@
 
 #include "common/Falha.h"
 #include "layout/RegistroRemessa.h"
-#include "run/Rodada.h"
+#include "validator/Apontador.h"
 
 #include <optional>
 #include <vector>
@@ -10,11 +10,13 @@
 namespace quilatador {
 
 /// What a finding is about. `id` is its stable name. `campo` names the field at fault and stays empty if the finding is
-/// about the whole record. `esperado` is the one right value, for rules that know it.
+/// about the whole record. `esperado` is the one right value, for rules that know it. `motivo` says why the rule is
+/// disputed; a complete check then takes the finding for no fault.
 struct Assunto {
     VistaTexto id;
     VistaTexto campo = {};
     std::optional<Texto> esperado = {};
+    VistaTexto motivo = {};
 };
 
 /// The failure for a value that is no number of the kind that is needed.
@@ -35,29 +37,43 @@ template <typename Numero>
 
 /// Checks one record: it reads the fields, and writes echoes and findings about the record with the right line number.
 ///
+/// A check is a list of steps (`passo`). For a complete check each step notes what it rests on, so that a finding of
+/// its can be told from one that only follows from another; what a step reads through this object is noted by itself.
+///
 /// Order of use: a check creates one, goes through its steps, and asks `aprovada` at the end.
 class Conferencia {
   public:
-    /// What happens when a field cannot be read, because the record lacks it or its text does not convert.
+    /// What happens in the run of a log when a field cannot be read, because the record lacks it or its text does not
+    /// convert. A complete check reports the field and, but for `Prosseguir`, leaves the step out.
     enum class AoFalhar {
         Propagar,   ///< the `Falha` leaves the check and ends the run
         Prosseguir, ///< the value counts as empty, and `falhou` is true from then on
         PularPasso  ///< the `Falha` ends only the current `passo`
     };
 
-    /// Keeps references: `rodada` and `registro` must outlive this object. `segmento` is the letter that findings
+    /// Keeps references: `apontador` and `registro` must outlive this object. `segmento` is the letter that findings
     /// report.
-    Conferencia(Rodada& rodada, const RegistroRemessa& registro, char segmento, AoFalhar aoFalhar = AoFalhar::Propagar);
+    Conferencia(Apontador& apontador, const RegistroRemessa& registro, char segmento,
+                AoFalhar aoFalhar = AoFalhar::Propagar);
 
     /// The text of a field and its converted value. `AoFalhar` says what happens if the field cannot be read.
     [[nodiscard]] Texto texto(VistaTexto nomeCampo);
-    [[nodiscard]] Valor valor(VistaTexto nomeCampo) { return valorDe(registro_, nomeCampo); }
-    /// The value of a field of another record. A field that cannot be read has the same consequences as in `valor`.
-    [[nodiscard]] Valor valorDe(const RegistroRemessa& registro, VistaTexto nomeCampo);
+    [[nodiscard]] Valor valor(VistaTexto nomeCampo) { return valorEm(registro_, segmento_, nomeCampo); }
+    /// The value of a field of another record, with the letter of its segment. A field that cannot be read has the same
+    /// consequences as in `valor`.
+    [[nodiscard]] Valor valorEm(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo);
+    /// The raw text of a field of another record.
+    [[nodiscard]] Texto textoEm(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo);
     /// The value of a field as one of the numbers of `Valor`; see `numeroDoCampo`, whose failures it raises.
     template <typename Numero>
-    [[nodiscard]] Numero numero(Numero (Valor::*conversao)() const, VistaTexto nomeCampo) const {
-        return numeroDoCampo(registro_, conversao, nomeCampo);
+    [[nodiscard]] Numero numero(Numero (Valor::*conversao)() const, VistaTexto nomeCampo) {
+        return numeroEm(registro_, segmento_, conversao, nomeCampo);
+    }
+    template <typename Numero>
+    [[nodiscard]] Numero numeroEm(const RegistroRemessa& registro, char letra, Numero (Valor::*conversao)() const,
+                                  VistaTexto nomeCampo) {
+        anotar(registro, letra, nomeCampo);
+        return numeroDoCampo(registro, conversao, nomeCampo);
     }
     /// Whether any field could not be read so far. Only `Prosseguir` sets it.
     [[nodiscard]] bool falhou() const noexcept { return falhou_; }
@@ -65,16 +81,35 @@ class Conferencia {
     /// them, otherwise the first of them; "" if the only ones belong to other records.
     [[nodiscard]] VistaTexto campoNaoLido(VistaTexto nomeCampo) const;
 
+    /// Notes that the current step rests on something that it does not read through this object: a field of this or of
+    /// another record, or all records of a segment. Returns false if a complete check has to leave the step out,
+    /// because that is missing or could not be read; the run of a log never does.
+    bool temBase(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo);
+    bool temBase(char letra);
+    void apoiar(VistaTexto nomeCampo) { static_cast<void>(temBase(registro_, segmento_, nomeCampo)); }
+    /// Notes that the step rests on all fields of this record.
+    void apoiarNoRegistro();
+
     /// Today's date, the same from the start of the run to its end.
-    [[nodiscard]] const Data& hoje() const noexcept { return rodada_.hoje(); }
+    [[nodiscard]] const Data& hoje() const { return apontador_.hoje(); }
+    /// Whether this is part of a complete check.
+    [[nodiscard]] bool completa() const noexcept { return completa_; }
 
     /// Writes a plain line to the log: the label, directly followed by the content.
     void eco(VistaTexto rotulo, VistaTexto conteudo);
     void ecoDoTexto(VistaTexto rotulo, VistaTexto nomeCampo) { eco(rotulo, texto(nomeCampo)); }
+    /// Shows a text in a label of the display.
+    void rotulo(Rotulo qual, VistaTexto texto) { apontador_.rotulo(qual, texto); }
 
     /// Writes an error about this record. Its line number is `linha` or, without one, the record's `Sequencial`. If
-    /// that cannot be read, `Propagar` lets the `Falha` end the run, and otherwise the line number is 0.
+    /// that cannot be read, `Propagar` lets the `Falha` end the run, and otherwise the line number is 0. A complete
+    /// check takes the place of the record in the file instead.
     void erro(const Assunto& assunto, VistaTexto mensagem, std::optional<std::int64_t> linha = {});
+    /// Takes a notice about this record. Only a complete check has notices.
+    void aviso(const Assunto& assunto, VistaTexto mensagem);
+    /// Takes a notice that a field passes only because an empty or a longer text, too, is found within the list of what
+    /// is allowed.
+    void avisarSePassa(const Assunto& assunto, VistaTexto conteudo, VistaTexto lista);
     /// Writes the error if the value of `assunto.campo` has no character. A null value is not reported.
     void exigir(const Assunto& assunto, VistaTexto mensagem);
     /// Writes the error if the value of `assunto.campo` equals 0; an empty value does, a null one does not.
@@ -82,30 +117,47 @@ class Conferencia {
     /// Whether no error has been written so far.
     [[nodiscard]] bool aprovada() const noexcept { return aprovada_; }
 
-    /// Runs one step of a check with `PularPasso`. A field that cannot be read ends the step, so a step reads all its
-    /// fields before it writes: it is then left out as a whole. A `Falha` of the environment still ends the run.
+    /// Runs one step of a check, and returns whether it came to its end. A field that cannot be read ends the step, see
+    /// `AoFalhar`; so a step reads all its fields before it writes, and is then left out as a whole. A `Falha` of the
+    /// environment still ends the run.
     template <typename Passo>
-    void passo(Passo passo) {
+    bool passo(Passo passo) {
+        const std::size_t antes = fundamentos_.size();
+        bool feito = false;
         try {
             passo();
+            feito = true;
+        } catch (const SemBase&) { // a complete check has said so already
+        } catch (const FalhaDeLeitura& falha) {
+            if (!deixar(falha)) throw;
         } catch (const Falha& falha) {
-            if (falha.doAmbiente()) throw; // the log or the input failed, which is no fault of the record
+            if (falha.doAmbiente() || aoFalhar_ != AoFalhar::PularPasso) throw;
         }
+        fundamentos_.resize(antes);
+        return feito;
     }
 
   private:
+    /// Thrown where a step reads a record that the file lacks.
+    struct SemBase {};
+
     template <typename Leitura>
     [[nodiscard]] auto ler(const RegistroRemessa& registro, VistaTexto nomeCampo, Leitura leitura)
         -> decltype(leitura());
+    void anotar(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo);
+    [[nodiscard]] bool deixar(const FalhaDeLeitura& falha);
+    [[nodiscard]] Achado achadoDe(const Assunto& assunto, VistaTexto mensagem, std::int64_t linha);
     [[nodiscard]] std::int64_t linhaDoRegistro() const;
 
-    Rodada& rodada_;
+    Apontador& apontador_;
     const RegistroRemessa& registro_;
     char segmento_;
     AoFalhar aoFalhar_;
+    bool completa_;
     bool falhou_ = false;
-    std::vector<VistaTexto> naoLidos_; ///< the fields of this record that could not be read; views of literals
     bool aprovada_ = true;
+    std::vector<VistaTexto> naoLidos_;    ///< the fields of this record that could not be read; views of literals
+    std::vector<Fundamento> fundamentos_; ///< of the current step; noted only in a complete check
 };
 
 } // namespace quilatador

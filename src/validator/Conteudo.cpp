@@ -15,7 +15,7 @@ constexpr VistaTexto separador = "==============================================
 } // namespace
 
 Conteudo::Conteudo(Rodada& rodada, LeitorDeRegistros& leitor, Definicao& definicao, GuiaEmMaos& guia)
-    : rodada_(rodada), leitor_(leitor), definicao_(definicao), guia_(guia) {}
+    : rodada_(rodada), apontador_(rodada), leitor_(leitor), definicao_(definicao), guia_(guia) {}
 
 bool Conteudo::verificar() {
     Progresso& progresso = rodada_.progresso();
@@ -40,7 +40,7 @@ bool Conteudo::verificar() {
 void Conteudo::verificarHeader() {
     const RegistroRemessa& header = leitor_.ler();
     definicao_.registroA = header.copia();
-    verificarSegmentoA(rodada_, definicao_);
+    verificarSegmentoA(apontador_, definicao_);
     verificarCaracteres(header);
 }
 
@@ -67,25 +67,25 @@ void Conteudo::verificarDefinicao(const RegistroRemessa& registro, char letra) {
     switch (letra) {
     case 'B':
         definicao_.registroB = registro.copia();
-        return verificarSegmentoB(rodada_, definicao_);
+        return verificarSegmentoB(apontador_, definicao_);
     case 'C':
         definicao_.registroC = registro.copia();
-        return verificarSegmentoC(rodada_, definicao_);
+        return verificarSegmentoC(apontador_, definicao_);
     case 'D':
         definicao_.registroD = registro.copia();
-        return verificarSegmentoD(rodada_, definicao_);
+        return verificarSegmentoD(apontador_, definicao_);
     case 'E':
         definicao_.registroE = registro.copia();
-        return verificarSegmentoE(rodada_, definicao_);
+        return verificarSegmentoE(apontador_, definicao_);
     case 'F':
         definicao_.registroF = registro.copia();
-        return verificarSegmentoF(rodada_, definicao_);
+        return verificarSegmentoF(apontador_, definicao_);
     case 'G':
-        return verificarSegmentoG(rodada_, registro, definicao_);
+        return verificarSegmentoG(apontador_, registro, definicao_);
     case 'K':
-        return verificarSegmentoK(rodada_, registro, definicao_);
+        return verificarSegmentoK(apontador_, registro, definicao_);
     case 'L':
-        verificarSegmentoL(rodada_, registro, definicao_);
+        verificarSegmentoL(apontador_, registro, definicao_);
         ++definicao_.parcelasPrevistas;
         break;
     default:
@@ -128,7 +128,7 @@ void Conteudo::guardarNaGuia(const RegistroRemessa& registro, char letra) {
 void Conteudo::encerrarGuias() {
     Resumo& resumo = rodada_.resumo();
     if (guia_.iniciada()) {
-        const bool aceita = verificarGuia(rodada_, guia_, definicao_);
+        const bool aceita = verificarGuia(apontador_, guia_, definicao_);
         if (rodada_.cancelada()) return; // perhaps before all of it was checked
         ++(aceita ? resumo.guiasAceitas : resumo.guiasRejeitadas);
     }

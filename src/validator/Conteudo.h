@@ -1,5 +1,6 @@
 #pragma once
 
+#include "validator/Apontador.h"
 #include "validator/Definicao.h"
 #include "validator/GuiaEmMaos.h"
 #include "validator/LeitorDeRegistros.h"
@@ -33,6 +34,7 @@ class Conteudo {
     void escreverErro(VistaTexto id, VistaTexto mensagem);
 
     Rodada& rodada_;
+    ApontadorDaRodada apontador_;
     LeitorDeRegistros& leitor_;
     Definicao& definicao_;
     GuiaEmMaos& guia_;

@@ -87,22 +87,23 @@ Resumo Depurador::depurar(Rodada& rodada) {
 
 template <typename Pergunta>
 bool Depurador::perguntar(Pergunta pergunta) {
-    if (rodada_) return pergunta(*rodada_);
-    Rodada semLog(ambiente_, {}, Cancelado);
-    return pergunta(semLog);
+    std::optional<Rodada> semLog;
+    ApontadorDaRodada apontador(rodada_ ? *rodada_ : semLog.emplace(ambiente_, PedidoDeRodada(), Cancelado));
+    return pergunta(apontador);
 }
 
 bool Depurador::VerificarGuia() {
-    return perguntar([this](Rodada& rodada) { return verificarGuia(rodada, guia_, definicao_); });
+    return perguntar([this](Apontador& apontador) { return verificarGuia(apontador, guia_, definicao_); });
 }
 
 bool Depurador::VerificarIdentificacaoGuia(const RegistroRemessa& registro) {
-    return perguntar([&](Rodada& rodada) { return verificarIdentificacaoGuia(rodada, registro, definicao_); });
+    return perguntar([&](Apontador& apontador) { return verificarIdentificacaoGuia(apontador, registro, definicao_); });
 }
 
 bool Depurador::VerificarObjeto(const RegistroRemessa& registro) {
-    return perguntar(
-        [&](Rodada& rodada) { return verificarObjeto(rodada, registro, guia_.registroS(), definicao_.temSegmentoF); });
+    return perguntar([&](Apontador& apontador) {
+        return verificarObjeto(apontador, registro, guia_.registroS(), definicao_.temSegmentoF);
+    });
 }
 
 } // namespace quilatador

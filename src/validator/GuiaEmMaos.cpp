@@ -56,7 +56,7 @@ bool GuiaEmMaos::guardarMensagem(const RegistroRemessa& registro) {
 bool GuiaEmMaos::guardarParcela(const RegistroRemessa& registro, std::size_t previstas) {
     if (++contagemY_ > previstas) return false;
     if (!parcelasY_.temTipo()) parcelasY_ = RegistrosGuardados(vazio("Y"_t));
-    parcelasY_.guardar(registro.linha());
+    parcelasY_.guardar(registro);
     return true;
 }
 

@@ -4,13 +4,15 @@
 
 namespace quilatador {
 
-void RegistrosGuardados::guardar(VistaTexto linha) {
-    if (quantos_ == linhas_.size()) linhas_.emplace_back();
-    linhas_[quantos_++].assign(linha);
+void RegistrosGuardados::guardar(const RegistroRemessa& registro) {
+    if (quantos_ == guardados_.size()) guardados_.emplace_back();
+    guardados_[quantos_].linha = registro.linha();
+    guardados_[quantos_++].lugar = registro.lugar();
 }
 
 const RegistroRemessa& RegistrosGuardados::operator[](std::size_t lugar) const {
-    modelo_.linha(linhas_[lugar]);
+    modelo_.linha(guardados_[lugar].linha);
+    modelo_.lugar(guardados_[lugar].lugar);
     return modelo_;
 }
 

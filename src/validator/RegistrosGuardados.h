@@ -3,6 +3,7 @@
 #include "layout/RegistroRemessa.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <initializer_list>
 #include <vector>
 
@@ -27,8 +28,8 @@ class RegistrosGuardados {
     [[nodiscard]] bool vazia() const noexcept { return quantos_ == 0; }
     [[nodiscard]] std::size_t tamanho() const noexcept { return quantos_; }
 
-    /// Keeps the record that has this line, which is not empty.
-    void guardar(VistaTexto linha);
+    /// Keeps a record, whose line is not empty.
+    void guardar(const RegistroRemessa& registro);
     /// Forgets the records, but not their type. The next ones use the same memory again.
     void esvaziar() noexcept { quantos_ = 0; }
 
@@ -41,7 +42,12 @@ class RegistrosGuardados {
 
   private:
     mutable RegistroRemessa modelo_;
-    std::vector<Texto> linhas_; ///< the first `quantos_` are kept; the others are memory for later ones
+    /// A line and its place.
+    struct Guardado {
+        Texto linha;
+        std::int64_t lugar = 0;
+    };
+    std::vector<Guardado> guardados_; ///< the first `quantos_` are kept; the others are memory for later ones
     std::size_t quantos_ = 0;
 };
 

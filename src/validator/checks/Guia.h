@@ -14,25 +14,25 @@ namespace quilatador {
 // to X it raises a `Falha`.
 
 /// Checks all segments of a slip, S to Y, against the definitions before it. Every segment is checked, whatever the
-/// earlier ones found.
-[[nodiscard]] bool verificarGuia(Rodada& rodada, const GuiaEmMaos& guia, const Definicao& definicao);
+/// earlier ones found, but for those that `Apontador::naoConferido` names.
+[[nodiscard]] bool verificarGuia(Apontador& apontador, const GuiaEmMaos& guia, const Definicao& definicao);
 
 /// Segment S, the identification of the slip. Reads `registroE` and `temSegmentoF` of the definitions.
-[[nodiscard]] bool verificarIdentificacaoGuia(Rodada& rodada, const RegistroRemessa& registroS,
+[[nodiscard]] bool verificarIdentificacaoGuia(Apontador& apontador, const RegistroRemessa& registroS,
                                               const Definicao& definicao);
 /// Segment T, the payer. The address is required if the slip is sent to the payer (`indEndereco` "C" in S).
-[[nodiscard]] bool verificarSegmentoT(Rodada& rodada, const RegistroRemessa& registroT,
+[[nodiscard]] bool verificarSegmentoT(Apontador& apontador, const RegistroRemessa& registroT,
                                       const RegistroRemessa& registroS);
 /// Segment U, the composition of the amount. Reads `registroE` and `receitas` of the definitions.
-[[nodiscard]] bool verificarSegmentoU(Rodada& rodada, const RegistroRemessa& registroU,
+[[nodiscard]] bool verificarSegmentoU(Apontador& apontador, const RegistroRemessa& registroU,
                                       const RegistroRemessa& registroS, const Definicao& definicao);
 /// Segment V, the object: required if the remittance has a segment F, and wrong otherwise.
-[[nodiscard]] bool verificarObjeto(Rodada& rodada, const RegistroRemessa& registroV, const RegistroRemessa& registroS,
-                                   bool temSegmentoF);
+[[nodiscard]] bool verificarObjeto(Apontador& apontador, const RegistroRemessa& registroV,
+                                   const RegistroRemessa& registroS, bool temSegmentoF);
 /// Segment W, the characteristics of the object. Each one that is given must be defined in a segment G.
-[[nodiscard]] bool verificarSegmentoW(Rodada& rodada, const RegistroRemessa& registroW,
+[[nodiscard]] bool verificarSegmentoW(Apontador& apontador, const RegistroRemessa& registroW,
                                       const RegistroRemessa& registroS, const RegistrosGuardados& caracteristicas);
 /// Segment X, the messages. Takes at least four records; those that the slip lacks have an empty line.
-[[nodiscard]] bool verificarSegmentoX(Rodada& rodada, std::span<const RegistroRemessa> mensagensX);
+[[nodiscard]] bool verificarSegmentoX(Apontador& apontador, std::span<const RegistroRemessa> mensagensX);
 
 } // namespace quilatador

@@ -19,6 +19,7 @@ namespace {
 constexpr std::size_t parcelasPorAtendimento = 64;
 
 constexpr std::array partesDaBarra{"Parte1"_t, "Parte2"_t, "Parte3"_t, "Parte4"_t};
+constexpr std::array digitosDaBarra{"DV1"_t, "DV2"_t, "DV3"_t, "DV4"_t};
 
 /// The barcode of an installment, in the places that the layout gives to its parts. Positions are 1-based.
 struct Barra {
@@ -42,6 +43,18 @@ struct Barra {
     [[nodiscard]] VistaTexto culpado(std::size_t ate, VistaTexto campo) const {
         return ate > certas && certas < fins.back() ? parteDa(certas + 1) : campo;
     }
+    /// Notes that a step rests on the positions `de` to `ate`: on the parts in which they stand and their check digits,
+    /// and on every part that has to be read before they are found.
+    void apoiar(Conferencia& c, std::size_t de, std::size_t ate) const {
+        if (!c.completa()) return;
+        for (std::size_t i = 0; i < partesDaBarra.size(); ++i) {
+            const std::size_t inicio = i == 0 ? 1 : fins[i - 1] + 1;
+            const bool deslocada = ate > certas && fins[i] > certas && inicio <= ate;
+            if (!deslocada && (fins[i] < de || inicio > ate)) continue;
+            c.apoiar(partesDaBarra[i]);
+            c.apoiar(digitosDaBarra[i]);
+        }
+    }
 };
 
 /// The identification of the company in the barcode, from position 16 (1-based) on.
@@ -59,11 +72,19 @@ Texto digitoDaBarra(VistaTexto digitos, const Definicao& definicao) {
     return modulo10 ? DV::CalcularMod10(digitos) : DV::CalculaMod11Barra(digitos);
 }
 
+/// Whether check digits can be computed: not in a complete check if the currency of the agreement could not be read.
+bool temModulo(Conferencia& c, const Definicao& definicao) {
+    return c.temBase(definicao.registroC, 'C', "Moeda"_t);
+}
+
 /// Checks the installment itself, against the payment options.
 void verificarParcela(Conferencia& c, const Definicao& definicao) {
+    constexpr VistaTexto tiposDePagamento = "ACP"_t;
     c.passo([&] {
-        if (foraDe(c.valor("TipoPag"_t), "ACP"_t))
+        const Valor tipo = c.valor("TipoPag"_t);
+        if (foraDe(tipo, tiposDePagamento))
             c.erro({"y.tipoPag.invalido"_t, "TipoPag"_t}, "Tipo de pagamento inválido"_t);
+        if (c.completa()) c.avisarSePassa({"y.tipoPag.naoConferido"_t, "TipoPag"_t}, tipo.texto(), tiposDePagamento);
     });
     c.passo([&] {
         if (igual(c.valor("TipoPag"_t), "C"_t)) {
@@ -83,7 +104,7 @@ void verificarParcela(Conferencia& c, const Definicao& definicao) {
     c.passo([&] {
         const Valor tipo = c.valor("TipoPag"_t);
         const Valor numero = c.valor("NroPag"_t);
-        if (!definicao.opcoesPagamento.contem({{"TipoPag"_t, tipo}, {"NroPag"_t, numero}}))
+        if (c.temBase('L') && !definicao.opcoesPagamento.contem({{"TipoPag"_t, tipo}, {"NroPag"_t, numero}}))
             c.erro({"y.opcao.naoDefinida"_t, "NroPag"_t}, "Tipo e número de parcela não informadas em segmento L"_t);
     });
     c.passo([&] {
@@ -92,13 +113,21 @@ void verificarParcela(Conferencia& c, const Definicao& definicao) {
     });
 }
 
+/// Whether a check digit cannot be read, which is no error. A complete check takes notice of it.
+bool avisarSeIlegivel(Conferencia& c, VistaTexto campo, VistaTexto numeroDaParte) {
+    if (!c.completa() || ehNumerico(c.texto(campo))) return false;
+    c.aviso({"y.dv.naoConferido"_t, campo},
+            junta("Dígito verificador "_t, numeroDaParte, " em branco ou ilegível, que o log não confere"_t));
+    return true;
+}
+
 /// Checks the four parts of the barcode, each with its check digit. Returns the barcode, without the parts that are not
 /// numeric.
 Barra verificarPartes(Conferencia& c, const Definicao& definicao) {
     Barra barra;
     for (std::size_t i = 0; i < partesDaBarra.size(); ++i) {
         const VistaTexto k = ultimos(partesDaBarra[i], 1);
-        const Texto campoDoDigito = junta("DV"_t, k);
+        const VistaTexto campoDoDigito = digitosDaBarra[i];
         std::optional<Texto> digito;
         const std::size_t inicio = i == 0 ? 0 : barra.fins[i - 1];
         barra.fins[i] = inicio;
@@ -108,15 +137,18 @@ Barra verificarPartes(Conferencia& c, const Definicao& definicao) {
             if (ehNumerico(parte)) {
                 if (barra.certas == inicio) barra.certas = barra.fins[i];
                 barra.texto += parte;
-                digito = digitoDaBarra(parte, definicao);
+                if (temModulo(c, definicao)) digito = digitoDaBarra(parte, definicao);
             } else {
                 c.erro({"y.parte.naoNumerica"_t, partesDaBarra[i]},
                        junta("Valor não numérico no código de barras - Parte "_t, k), 0);
             }
         });
         c.passo([&] {
+            if (!digito || avisarSeIlegivel(c, campoDoDigito, k)) return;
+            c.apoiar(partesDaBarra[i]);
+            static_cast<void>(temModulo(c, definicao));
             // The text has two blanks before the number: kept on purpose, the sample y-dv-incorreto holds it.
-            if (digito && diferente(c.valor(campoDoDigito), *digito))
+            if (diferente(c.valor(campoDoDigito), *digito))
                 c.erro({"y.dv.incorreto"_t, campoDoDigito, digito},
                        junta("Dígito verificador  "_t, k, " incorreto!"_t));
         });
@@ -124,36 +156,49 @@ Barra verificarPartes(Conferencia& c, const Definicao& definicao) {
     return barra;
 }
 
+/// Takes notice of a general check digit that is none. Where a part is not numeric, there is no telling its place.
+void avisarDoDigitoGeral(Conferencia& c, const Barra& barra) {
+    if (barra.certas == barra.fins.back())
+        c.aviso({"y.barra.digitoGeral.naoConferido"_t, barra.parteDa(4)},
+                "A 4a posição do código de barras não é um dígito, e o log não a confere"_t);
+}
+
 /// Checks the barcode as a whole: value, general check digit, product, segment and kind of value.
 void verificarBarra(Conferencia& c, const Barra& barra, const Definicao& definicao) {
     const VistaTexto texto = barra.texto;
     c.passo([&] {
         if (!versaoComIndicadores(definicao) || !definicao.checarValor) return;
+        barra.apoiar(c, 5, 15);
         const Texto centavos = junta(trecho(c.texto("Parte1"_t), 5, 7), trecho(c.texto("Parte2"_t), 1, 4));
         if (lerNumero(c.texto("ValorPag"_t)) != lerNumero(centavos))
             c.erro({"y.barra.valor"_t, barra.culpado(15, "ValorPag"_t), barra.esperado(15, centavos)},
                    "Valor no código de barras difere do valor no campo Y3"_t);
     });
     c.passo([&] {
+        barra.apoiar(c, 1, barra.fins.back());
         const VistaTexto informado = trecho(texto, 4, 1);
-        if (!soDigitos(informado)) return;
+        if (!soDigitos(informado)) return avisarDoDigitoGeral(c, barra);
+        if (!temModulo(c, definicao)) return;
         const Texto calculado = digitoDaBarra(junta(trecho(texto, 1, 3), trecho(texto, 5)), definicao);
         if (informado != calculado)
             c.erro({"y.barra.digitoGeral"_t, barra.parteDa(4), barra.esperado(barra.fins.back(), calculado)},
                    "Dígito verificador da barra (4a posição) incorreto!"_t);
     });
     c.passo([&] {
+        barra.apoiar(c, 1, 1);
         if (trecho(texto, 1, 1) != "8"_t)
             c.erro({"y.barra.produto"_t, barra.parteDa(1), barra.esperado(1, "8"_t)},
                    "Identificação do produto na barra diferente de '8'"_t);
     });
     c.passo([&] {
-        const Texto segmento = definicao.registroC.getValorCampoString("SegFebraban"_t);
+        barra.apoiar(c, 2, 2);
+        const Texto segmento = c.textoEm(definicao.registroC, 'C', "SegFebraban"_t);
         if (trecho(texto, 2, 1) != segmento)
             c.erro({"y.barra.segmento"_t, barra.parteDa(2), barra.esperado(2, segmento)},
                    "Identificação do segmento difere do informado no segmento 'C'"_t);
     });
     c.passo([&] {
+        barra.apoiar(c, 3, 3);
         const VistaTexto tipoDeValor = trecho(texto, 3, 1);
         // The text names only 6 and 7, although 8 and 9 are accepted: kept on purpose, the sample y-barra-tipo-de-valor
         // holds it.
@@ -164,16 +209,16 @@ void verificarBarra(Conferencia& c, const Barra& barra, const Definicao& definic
 }
 
 /// The identification that the barcode must have. It depends on the Febraban segment.
-EmpresaNaBarra empresaEsperada(const Definicao& definicao) {
-    const Valor segmento = definicao.registroC.getValorCampo("SegFebraban"_t);
+EmpresaNaBarra empresaEsperada(Conferencia& c, const Definicao& definicao) {
+    const Valor segmento = c.valorEm(definicao.registroC, 'C', "SegFebraban"_t);
     if (igual(segmento, "9"_t))
         return {
             "y.barra.convenio"_t, junta("000101"_t, definicao.convenio), 12,
             "O segmento 9 - Uso do Banco - exige a informação 000101 + número do convênio nas posições 16 a 21 do código de barras"_t};
     if (igual(segmento, "6"_t))
-        return {"y.barra.cnpj"_t, Texto(trecho(definicao.registroB.getValorCampoString("CNPJ"_t), 1, 8)), 8,
+        return {"y.barra.cnpj"_t, Texto(trecho(c.textoEm(definicao.registroB, 'B', "CNPJ"_t), 1, 8)), 8,
                 "Primeiras 8 posições do CNPJ não confere com a identificação da empresa na barra"_t};
-    return {"y.barra.idFebraban"_t, Texto(ultimos(definicao.registroC.getValorCampoString("IdFebraban"_t), 4)), 4,
+    return {"y.barra.idFebraban"_t, Texto(ultimos(c.textoEm(definicao.registroC, 'C', "IdFebraban"_t), 4)), 4,
             "Identifcador da Febraban informado no segmento 'C' difere da identificação da empresa na barra"_t};
 }
 
@@ -181,8 +226,9 @@ EmpresaNaBarra empresaEsperada(const Definicao& definicao) {
 void verificarEmpresaNaBarra(Conferencia& c, const Barra& barra, const Definicao& definicao) {
     constexpr std::size_t inicioDaEmpresa = 16;
     c.passo([&] {
-        const EmpresaNaBarra empresa = empresaEsperada(definicao);
+        const EmpresaNaBarra empresa = empresaEsperada(c, definicao);
         const std::size_t campoLivre = inicioDaEmpresa + empresa.largura;
+        barra.apoiar(c, inicioDaEmpresa, barra.fins.back());
         if (trecho(barra.texto, inicioDaEmpresa, empresa.largura) != empresa.identificacao)
             c.erro({empresa.id, barra.parteDa(inicioDaEmpresa), barra.esperado(campoLivre - 1, empresa.identificacao)},
                    empresa.mensagem);
@@ -195,7 +241,9 @@ void verificarEmpresaNaBarra(Conferencia& c, const Barra& barra, const Definicao
 void verificarDataNaBarra(Conferencia& c, const Barra& barra, const Definicao& definicao) {
     if (definicao.PosicaoDataBarra < 1) return;
     c.passo([&] {
+        if (!c.temBase(definicao.registroC, 'C', "FormatoData"_t)) return;
         const auto posicao = static_cast<std::size_t>(definicao.PosicaoDataBarra);
+        barra.apoiar(c, posicao, posicao + definicao.FormatoDataBarra.size());
         const VistaTexto texto = trecho(barra.texto, posicao, definicao.FormatoDataBarra.size());
         const auto data = Diversos::String2Data(texto, definicao.FormatoDataBarra, anoDe(c.hoje()));
         if (!data) {
@@ -211,21 +259,23 @@ void verificarDataNaBarra(Conferencia& c, const Barra& barra, const Definicao& d
 
 } // namespace
 
-bool verificarSegmentoY(Rodada& rodada, const RegistrosGuardados& parcelasY, const Definicao& definicao) {
+bool verificarSegmentoY(Apontador& apontador, const RegistrosGuardados& parcelasY, const Definicao& definicao) {
     if (parcelasY.vazia()) {
+        constexpr std::array fundamentos{Fundamento{.letra = 'Y'}};
         // The text names a segment 'P' although 'Y' is missing: kept on purpose.
-        rodada.escreverErro(Achado{.id = "y.ausente"_t,
-                                   .gravidade = Gravidade::Erro,
-                                   .linha = 0,
-                                   .segmento = 'Y',
-                                   .campo = std::nullopt,
-                                   .mensagem = Texto("Registro 'P' - parcelas - não informado"_t)});
+        apontador.apontar(Achado{.id = "y.ausente"_t,
+                                 .gravidade = Gravidade::Erro,
+                                 .linha = 0,
+                                 .segmento = 'Y',
+                                 .campo = std::nullopt,
+                                 .mensagem = Texto("Registro 'P' - parcelas - não informado"_t)},
+                          fundamentos);
         return false;
     }
     bool aceitas = true;
     for (std::size_t i = 0; i < parcelasY.tamanho(); ++i) {
-        if ((i + 1) % parcelasPorAtendimento == 0 && rodada.canceladaAgora()) break;
-        Conferencia c(rodada, parcelasY[i], 'Y', Conferencia::AoFalhar::PularPasso);
+        if ((i + 1) % parcelasPorAtendimento == 0 && apontador.canceladaAgora()) break;
+        Conferencia c(apontador, parcelasY[i], 'Y', Conferencia::AoFalhar::PularPasso);
         verificarParcela(c, definicao);
         const Barra barra = verificarPartes(c, definicao);
         verificarBarra(c, barra, definicao);

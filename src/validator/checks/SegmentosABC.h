@@ -10,10 +10,10 @@ namespace quilatador {
 // the check digits of the Receita Federal (modulus 11).
 
 /// Segment A, the header. Reads `registroA` and shows the number of the remittance in its label.
-void verificarSegmentoA(Rodada& rodada, const Definicao& definicao);
+void verificarSegmentoA(Apontador& apontador, const Definicao& definicao);
 /// Segment B, the company. Reads `registroB` and, for the CNPJ, `registroA`; shows the company's name in its label.
-void verificarSegmentoB(Rodada& rodada, const Definicao& definicao);
+void verificarSegmentoB(Apontador& apontador, const Definicao& definicao);
 /// Segment C, the agreement. Reads `registroC` and, for the CNPJ, `registroB`; sets `moeda` and `FormatoDataBarra`.
-void verificarSegmentoC(Rodada& rodada, Definicao& definicao);
+void verificarSegmentoC(Apontador& apontador, Definicao& definicao);
 
 } // namespace quilatador

@@ -12,8 +12,16 @@ constexpr VistaTexto versaoDosIndicadores = "1.00.01"_t;
 
 /// In Febraban segment 6 the barcode contains the start of the company's CNPJ, which leaves less room for the
 /// identifier.
-int maiorTamanhoDeIdentificador(const Definicao& definicao) {
-    return igual(definicao.registroC.getValorCampo("SegFebraban"_t), 6) ? 13 : 17;
+int maiorTamanhoDeIdentificador(Conferencia& c, const Definicao& definicao) {
+    return igual(c.valorEm(definicao.registroC, 'C', "SegFebraban"_t), 6) ? 13 : 17;
+}
+
+/// Checks the type of an identifier, which passes as long as it is contained in the list of the types.
+void verificarTipoDeIdentificador(Conferencia& c, const Assunto& assunto, const Assunto& passagem,
+                                  VistaTexto mensagem) {
+    const Valor tipo = c.valor("TipoID"_t);
+    if (foraDe(tipo, tiposDeIdentificador)) c.erro(assunto, mensagem);
+    if (!tipo.nulo()) c.avisarSePassa(passagem, tipo.texto(), tiposDeIdentificador);
 }
 
 void verificarIdentificadorDoCliente(Conferencia& c, Definicao& definicao) {
@@ -29,13 +37,13 @@ void verificarIdentificadorDoCliente(Conferencia& c, Definicao& definicao) {
         c.eco("Tipo ID        : "_t, textos[2]);
     });
     c.passo([&] {
-        if (foraDe(c.valor("TipoID"_t), tiposDeIdentificador))
-            c.erro({"d.tipoID.invalido"_t, "TipoID"_t}, "Tipo do identificador do contribuinte inválido"_t);
+        verificarTipoDeIdentificador(c, {"d.tipoID.invalido"_t, "TipoID"_t}, {"d.tipoID.naoConferido"_t, "TipoID"_t},
+                                     "Tipo do identificador do contribuinte inválido"_t);
     });
     c.passo([&] { c.ecoDoTexto("Tamanho ID     : "_t, "TamanhoID"_t); });
     c.passo([&] {
         const Valor tamanho = c.valor("TamanhoID"_t);
-        if (maior(tamanho, maiorTamanhoDeIdentificador(definicao)) || igual(tamanho, 0))
+        if (maior(tamanho, maiorTamanhoDeIdentificador(c, definicao)) || igual(tamanho, 0))
             c.erro({"d.tamanhoID.invalido"_t, "TamanhoID"_t}, "Tamanho do identificador do contribuinte inválido"_t);
     });
 }
@@ -50,16 +58,20 @@ void lerIndicadores(Conferencia& c, Definicao& definicao) {
             c.eco(rotulo, indicador.texto());
         return igual(indicador, "S"_t);
     };
-    definicao.checarData = ler({"e.checarData.invalido"_t, "Checar data"_t}, "Checar data....: "_t,
-                               "Campo 'Checar data' não informado ou Inválido!"_t);
-    definicao.checarValor = ler({"e.checarValor.invalido"_t, "Checar valor"_t}, "Checar valor...: "_t,
-                                "Campo 'Checar valor' não informado ou Inválido!"_t);
+    c.passo([&] {
+        definicao.checarData = ler({"e.checarData.invalido"_t, "Checar data"_t}, "Checar data....: "_t,
+                                   "Campo 'Checar data' não informado ou Inválido!"_t);
+    });
+    c.passo([&] {
+        definicao.checarValor = ler({"e.checarValor.invalido"_t, "Checar valor"_t}, "Checar valor...: "_t,
+                                    "Campo 'Checar valor' não informado ou Inválido!"_t);
+    });
 }
 
 } // namespace
 
-void verificarSegmentoD(Rodada& rodada, Definicao& definicao) {
-    Conferencia c(rodada, definicao.registroD, 'D', Conferencia::AoFalhar::PularPasso);
+void verificarSegmentoD(Apontador& apontador, Definicao& definicao) {
+    Conferencia c(apontador, definicao.registroD, 'D', Conferencia::AoFalhar::PularPasso);
 
     c.passo([&] {
         const Valor denominacao = c.valor("Denominacao"_t);
@@ -79,39 +91,44 @@ void verificarSegmentoD(Rodada& rodada, Definicao& definicao) {
     });
 }
 
-void verificarSegmentoE(Rodada& rodada, Definicao& definicao) {
-    Conferencia c(rodada, definicao.registroE, 'E');
+void verificarSegmentoE(Apontador& apontador, Definicao& definicao) {
+    Conferencia c(apontador, definicao.registroE, 'E');
     const auto ecoSeHouver = [&](VistaTexto rotulo, VistaTexto campo) {
-        if (comConteudo(c.valor(campo))) c.ecoDoTexto(rotulo, campo);
+        c.passo([&] {
+            if (comConteudo(c.valor(campo))) c.ecoDoTexto(rotulo, campo);
+        });
+    };
+    const auto exigirComEco = [&](VistaTexto rotulo, const Assunto& assunto, VistaTexto mensagem) {
+        c.passo([&] {
+            c.ecoDoTexto(rotulo, assunto.campo);
+            c.exigir(assunto, mensagem);
+        });
     };
 
-    c.ecoDoTexto("Nome Recebim.  : "_t, "Nome"_t);
-    c.exigir({"e.nome.ausente"_t, "Nome"_t}, "Campo 'Nome do recebimento' não informado"_t);
-
-    c.ecoDoTexto("Sigla Recebim. : "_t, "Sigla"_t);
-    c.exigir({"e.sigla.ausente"_t, "Sigla"_t}, "Campo 'Sigla do recebimento' não informada"_t);
-
+    exigirComEco("Nome Recebim.  : "_t, {"e.nome.ausente"_t, "Nome"_t}, "Campo 'Nome do recebimento' não informado"_t);
+    exigirComEco("Sigla Recebim. : "_t, {"e.sigla.ausente"_t, "Sigla"_t},
+                 "Campo 'Sigla do recebimento' não informada"_t);
     // The complement is echoed only if it is empty: kept on purpose, the sample e-complemento-informado holds it.
-    if (semConteudo(c.valor("Complemento"_t))) c.ecoDoTexto("Compl.Recebim. : "_t, "Complemento"_t);
+    c.passo([&] {
+        if (semConteudo(c.valor("Complemento"_t))) c.ecoDoTexto("Compl.Recebim. : "_t, "Complemento"_t);
+    });
     ecoSeHouver("Unidade conv.. : "_t, "UnidadeConv"_t);
-
-    c.ecoDoTexto("Denom.Exercicio: "_t, "DenExercicio"_t);
-    c.exigir({"e.denExercicio.ausente"_t, "DenExercicio"_t}, "Campo 'Denominacao do Exercicio' não informada"_t);
-
-    c.ecoDoTexto("Exercicio      : "_t, "Exercicio"_t);
-    c.exigir({"e.exercicio.ausente"_t, "Exercicio"_t}, "Campo 'Exercicio' não informado"_t);
-
-    c.ecoDoTexto("Opcoes pagam.  : "_t, "NroOpcoes"_t);
-    c.exigirNaoZero({"e.nroOpcoes.zero"_t, "NroOpcoes"_t},
-                    "Campo 'Numero total de opcoes de pagamento' não informado"_t);
-
-    c.ecoDoTexto("Parcelamento   : "_t, "Parcelamento"_t);
-    if (menor(c.valor("Parcelamento"_t), 0))
-        c.erro({"e.parcelamento.negativo"_t, "Parcelamento"_t}, "Campo 'Parcelamento do recebimento' não informado"_t);
-
-    c.ecoDoTexto("Tit.Composicao : "_t, "TitComposicao"_t);
-    c.exigir({"e.titComposicao.ausente"_t, "TitComposicao"_t},
-             "Campo 'Titulo da composicao do recebimento' não informado"_t);
+    exigirComEco("Denom.Exercicio: "_t, {"e.denExercicio.ausente"_t, "DenExercicio"_t},
+                 "Campo 'Denominacao do Exercicio' não informada"_t);
+    exigirComEco("Exercicio      : "_t, {"e.exercicio.ausente"_t, "Exercicio"_t}, "Campo 'Exercicio' não informado"_t);
+    c.passo([&] {
+        c.ecoDoTexto("Opcoes pagam.  : "_t, "NroOpcoes"_t);
+        c.exigirNaoZero({"e.nroOpcoes.zero"_t, "NroOpcoes"_t},
+                        "Campo 'Numero total de opcoes de pagamento' não informado"_t);
+    });
+    c.passo([&] {
+        c.ecoDoTexto("Parcelamento   : "_t, "Parcelamento"_t);
+        if (menor(c.valor("Parcelamento"_t), 0))
+            c.erro({"e.parcelamento.negativo"_t, "Parcelamento"_t},
+                   "Campo 'Parcelamento do recebimento' não informado"_t);
+    });
+    exigirComEco("Tit.Composicao : "_t, {"e.titComposicao.ausente"_t, "TitComposicao"_t},
+                 "Campo 'Titulo da composicao do recebimento' não informado"_t);
     ecoSeHouver("Den.Sequencial : "_t, "DenSequencial"_t);
 
     if (versaoComIndicadores(definicao)) lerIndicadores(c, definicao);
@@ -122,26 +139,37 @@ bool versaoComIndicadores(const Definicao& definicao) {
     return trecho(versao, 1, versaoDosIndicadores.size()) == versaoDosIndicadores;
 }
 
-void verificarSegmentoF(Rodada& rodada, Definicao& definicao) {
-    Conferencia c(rodada, definicao.registroF, 'F');
+void verificarSegmentoF(Apontador& apontador, Definicao& definicao) {
+    Conferencia c(apontador, definicao.registroF, 'F');
     definicao.temSegmentoF = true;
 
-    c.ecoDoTexto("Den.Objeto Guia: "_t, "Denominacao"_t);
-    c.exigir({"f.denominacao.ausente"_t, "Denominacao"_t}, "Campo 'Denominacao do objeto na guia' não informado"_t);
+    c.passo([&] {
+        c.ecoDoTexto("Den.Objeto Guia: "_t, "Denominacao"_t);
+        c.exigir({"f.denominacao.ausente"_t, "Denominacao"_t}, "Campo 'Denominacao do objeto na guia' não informado"_t);
+    });
 
-    if (comConteudo(c.valor("SiglaID"_t))) {
-        c.ecoDoTexto("Sigla ID  Obj. : "_t, "SiglaID"_t);
-        c.ecoDoTexto("Signif. ID Obj.: "_t, "SignificadoID"_t);
-        c.ecoDoTexto("Tipo ID Obj    : "_t, "TipoID"_t);
-        if (foraDe(c.valor("TipoID"_t), tiposDeIdentificador))
-            c.erro({"f.tipoID.invalido"_t, "TipoID"_t}, "Tipo do identificador do objeto inválido"_t);
-        c.ecoDoTexto("Tamanho ID     : "_t, "TamanhoID"_t);
-        const Valor tamanho = c.valor("TamanhoID"_t);
-        if (maior(tamanho, maiorTamanhoDeIdentificador(definicao)) || igual(tamanho, 0))
-            c.erro({"f.tamanhoID.invalido"_t, "TamanhoID"_t}, "Tamanho do identificador do objeto inválido"_t);
+    bool temSigla = false;
+    c.passo([&] { temSigla = comConteudo(c.valor("SiglaID"_t)); });
+    if (temSigla) {
+        c.passo([&] {
+            c.ecoDoTexto("Sigla ID  Obj. : "_t, "SiglaID"_t);
+            c.ecoDoTexto("Signif. ID Obj.: "_t, "SignificadoID"_t);
+            c.ecoDoTexto("Tipo ID Obj    : "_t, "TipoID"_t);
+            verificarTipoDeIdentificador(c, {"f.tipoID.invalido"_t, "TipoID"_t},
+                                         {"f.tipoID.naoConferido"_t, "TipoID"_t},
+                                         "Tipo do identificador do objeto inválido"_t);
+        });
+        c.passo([&] {
+            c.ecoDoTexto("Tamanho ID     : "_t, "TamanhoID"_t);
+            const Valor tamanho = c.valor("TamanhoID"_t);
+            if (maior(tamanho, maiorTamanhoDeIdentificador(c, definicao)) || igual(tamanho, 0))
+                c.erro({"f.tamanhoID.invalido"_t, "TamanhoID"_t}, "Tamanho do identificador do objeto inválido"_t);
+        });
     }
 
-    if (comConteudo(c.valor("TitulOCaract"_t))) c.ecoDoTexto("Tit.Caract.Obj.: "_t, "TituloCaract"_t);
+    c.passo([&] {
+        if (comConteudo(c.valor("TitulOCaract"_t))) c.ecoDoTexto("Tit.Caract.Obj.: "_t, "TituloCaract"_t);
+    });
 }
 
 } // namespace quilatador

@@ -10,12 +10,12 @@ namespace quilatador {
 
 /// Segment D, the payer. Reads `registroD` and, for the Febraban segment, `registroC`; sets `temTransmitente`,
 /// `siglaIdentificador` and `tamanhoIdentificador`. A step with a field that cannot be read is left out.
-void verificarSegmentoD(Rodada& rodada, Definicao& definicao);
+void verificarSegmentoD(Apontador& apontador, Definicao& definicao);
 /// Segment E, the receivable. Reads `registroE` and, for the revision of the layout, `registroA`; sets `checarData` and
 /// `checarValor`. A field that cannot be read raises a `Falha`, which ends the run; so it does in segment F.
-void verificarSegmentoE(Rodada& rodada, Definicao& definicao);
+void verificarSegmentoE(Apontador& apontador, Definicao& definicao);
 /// Segment F, the object. Reads `registroF` and, for the Febraban segment, `registroC`; sets `temSegmentoF`.
-void verificarSegmentoF(Rodada& rodada, Definicao& definicao);
+void verificarSegmentoF(Apontador& apontador, Definicao& definicao);
 
 /// Whether the header (`registroA`) names the revision of the layout in which segment E has two indicators: "1.00.01".
 [[nodiscard]] bool versaoComIndicadores(const Definicao& definicao);

@@ -10,10 +10,10 @@ namespace quilatador {
 // the run.
 
 /// Segment G, a characteristic of the object. Adds to `caracteristicas`.
-void verificarSegmentoG(Rodada& rodada, const RegistroRemessa& registro, Definicao& definicao);
+void verificarSegmentoG(Apontador& apontador, const RegistroRemessa& registro, Definicao& definicao);
 /// Segment K, a revenue. Adds to `receitas`.
-void verificarSegmentoK(Rodada& rodada, const RegistroRemessa& registro, Definicao& definicao);
+void verificarSegmentoK(Apontador& apontador, const RegistroRemessa& registro, Definicao& definicao);
 /// Segment L, a payment option. Adds to `opcoesPagamento`.
-void verificarSegmentoL(Rodada& rodada, const RegistroRemessa& registro, Definicao& definicao);
+void verificarSegmentoL(Apontador& apontador, const RegistroRemessa& registro, Definicao& definicao);
 
 } // namespace quilatador
