@@ -1,11 +1,15 @@
 #pragma once
 
 #include "validator/LeitorDeRegistros.h"
+#include "validator/Ordem.h"
 
-#include <array>
 #include <cstdint>
 
 namespace quilatador {
+
+/// The finding for a record whose "IDRegistro" is not the one that `Ordem::idRegistro` gives. `linha` is 1-based.
+[[nodiscard]] Achado achadoDoIDRegistro(const RegistroRemessa& registro, char letra, std::int64_t linha,
+                                        std::int64_t esperado);
 
 /// The first pass over a remittance: it proves that the file is a ZUL702 and that its records come in an allowed order.
 /// The first fault is thrown as `ParadaEstrutural`. Only wrong record identifiers (`IDRegistro`) are ordinary errors,
@@ -25,21 +29,14 @@ class Sequencia {
     void verificarHeader();
     void verificarTamanho(const RegistroRemessa& registro) const;
     void verificarOrdem(const RegistroRemessa& registro);
-    void verificarRegrasDaLetra(char letra) const;
-    void verificarFimDaGuia() const;
     void verificarIDRegistro(const RegistroRemessa& registro, char letra);
-    void anotarLetra(char letra);
     [[nodiscard]] std::int64_t linhaAtual() const noexcept { return rodada_.progresso().registroAtual; }
-    [[noreturn]] void pararNaLinha(VistaTexto id, char letra, VistaTexto mensagem) const;
+    [[noreturn]] void parar(const Ordem::Quebra& quebra, char letra) const;
 
     Rodada& rodada_;
     LeitorDeRegistros& leitor_;
     Texto convenioHeader_;
-    /// The letters seen so far. A letter that repeats the one before is noted once, except X, which may occur four
-    /// times.
-    Texto historicoDefinicao_;
-    Texto historicoGuia_;
-    std::array<std::int64_t, 256> ordinais_{}; ///< records seen, indexed by letter
+    Ordem ordem_;
 };
 
 } // namespace quilatador
