@@ -1,6 +1,7 @@
 #pragma once
 
 #include "common/Data.h"
+#include "layout/RegistroRemessa.h"
 #include "run/FalhaDeLeitura.h"
 #include "run/Painel.h"
 #include "run/Rodada.h"
@@ -46,8 +47,10 @@ class Apontador {
 
     /// Whether this is a complete check. The functions below are called only then.
     [[nodiscard]] virtual bool completo() const noexcept { return false; }
-    /// A field could not be read, so that the step which needed it was left out, or goes on without a value.
-    virtual void naoLido(const FalhaDeLeitura& /*falha*/, const Fundamento& /*campo*/) {}
+    /// A field of the record under check, or of another that it needs, could not be read. The step which needed it is
+    /// left out, or goes on without a value.
+    virtual void naoLido(const FalhaDeLeitura& /*falha*/, const RegistroRemessa& /*emVerificacao*/,
+                         const Fundamento& /*campo*/) {}
     /// Whether a step has to be left out, because what it rests on is missing or could not be read.
     [[nodiscard]] virtual bool falta(const Fundamento& /*fundamento*/) { return false; }
     /// Whether a record of the slip is not to be checked at all, although the file may have it.

@@ -63,7 +63,7 @@ void Conferencia::apoiarNoRegistro() {
 /// Whether the step may be left out because of a field that cannot be read.
 bool Conferencia::deixar(const FalhaDeLeitura& falha) {
     if (!completa_) return aoFalhar_ == AoFalhar::PularPasso;
-    if (!fundamentos_.empty()) apontador_.naoLido(falha, fundamentos_.back());
+    if (!fundamentos_.empty()) apontador_.naoLido(falha, registro_, fundamentos_.back());
     return true;
 }
 
@@ -74,7 +74,7 @@ auto Conferencia::ler(const RegistroRemessa& registro, VistaTexto nomeCampo, Lei
     } catch (const Falha& falha) {
         if (aoFalhar_ != AoFalhar::Prosseguir) throw;
         const auto* const deLeitura = dynamic_cast<const FalhaDeLeitura*>(&falha);
-        if (completa_ && deLeitura) apontador_.naoLido(*deLeitura, fundamentos_.back());
+        if (completa_ && deLeitura) apontador_.naoLido(*deLeitura, registro_, fundamentos_.back());
         falhou_ = true;
         if (&registro == &registro_) naoLidos_.push_back(nomeCampo);
         return {};

@@ -1,0 +1,146 @@
+#include "validator/completa/Coletor.h"
+
+#include "validator/completa/Deslize.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace quilatador {
+
+namespace {
+
+/// More faults of definitions than this are not remembered one by one.
+constexpr std::size_t maisFaltas = 1024;
+
+bool daDefinicao(char letra) noexcept {
+    return letra < 'S';
+}
+
+} // namespace
+
+std::int64_t Coletor::contar(Achado achado, std::int64_t causa) {
+    achado.n = ++n_;
+    achado.causa = causa;
+    if (guia_ != 0 && !daDefinicao(achado.segmento) && achado.segmento != 'Z') {
+        achado.guia = guia_;
+        achado.idGuia = idGuia_;
+        guiaComErro_ = guiaComErro_ || contaComoErro(achado.gravidade, achado.discutido);
+    }
+    if (achado.linha == 0) achado.linha = linhaDaGuia_;
+    somar(achado);
+    for (Relator* const ouvinte : ouvintes_)
+        ouvinte->achado(achado);
+    return causa == 0 ? achado.n : causa;
+}
+
+void Coletor::somar(const Achado& achado) {
+    if (achado.gravidade == Gravidade::Aviso) ++resumo_.avisos;
+    if (achado.discutido) ++resumo_.discutidos;
+    if (!contaComoErro(achado.gravidade, achado.discutido)) return;
+    ++resumo_.erros;
+    if (achado.causa == 0) ++resumo_.causas;
+}
+
+void Coletor::apontar(Achado achado, std::span<const Fundamento> fundamentos) {
+    std::int64_t causa = 0;
+    for (const Fundamento& fundamento : fundamentos)
+        if (const std::int64_t desta = causaDe(fundamento); desta != 0 && (causa == 0 || desta < causa)) causa = desta;
+    const Fundamento onde{.letra = achado.segmento,
+                          .campo = static_cast<std::int16_t>(achado.campo ? achado.campo->inicio : 0),
+                          .linha = achado.linha};
+    const bool errado = contaComoErro(achado.gravidade, achado.discutido);
+    const std::int64_t raiz = contar(std::move(achado), causa);
+    if (errado) marcar(onde, raiz);
+}
+
+void Coletor::naoLido(const FalhaDeLeitura& falha, const RegistroRemessa& emVerificacao, const Fundamento& campo) {
+    const auto& faltas = daDefinicao(campo.letra) ? daDefinicao_ : daGuia_;
+    if (std::ranges::any_of(faltas, [&](const Falta& f) { return f.estado == Estado::Ilegivel && f.onde.toca(campo); }))
+        return;
+    std::int64_t causa = causaDe(campo);
+    if (causa == 0 && emVerificacao.lugar() == campo.linha) causa = procurarDeslize(emVerificacao);
+    Achado achado = falha.achado();
+    achado.gravidade = Gravidade::Erro;
+    achado.linha = campo.linha;
+    achado.segmento = campo.letra;
+    anotar(campo, contar(std::move(achado), causa), Estado::Ilegivel);
+}
+
+/// Where a line of the right length has slipped, all that cannot be read in it follows from that.
+std::int64_t Coletor::procurarDeslize(const RegistroRemessa& registro) {
+    const auto deslize = acharDeslize(registro, registro.linha());
+    if (!deslize) return 0;
+    Achado achado = achadoDoDeslize(registro, *deslize);
+    const std::int64_t raiz = contar(std::move(achado), 0);
+    marcar({.letra = registro.letra(), .campo = 0, .linha = registro.lugar()}, raiz);
+    return raiz;
+}
+
+bool Coletor::falta(const Fundamento& fundamento) {
+    const auto& faltas = daDefinicao(fundamento.letra) ? daDefinicao_ : daGuia_;
+    const auto falta = std::ranges::find_if(faltas, [&](const Falta& f) {
+        return f.estado != Estado::Errado && f.onde.toca(fundamento);
+    });
+    if (falta == faltas.end()) return false;
+    guiaEmParte_ = true;
+    if (daDefinicao(fundamento.letra)) dizerQueFalta(fundamento, falta->causa);
+    return true;
+}
+
+void Coletor::dizerQueFalta(const Fundamento& fundamento, std::int64_t causa) {
+    if (!faltasDitas_.emplace(fundamento.letra, fundamento.campo).second) return;
+    contar(Achado{.id = "completa.semDefinicao"_t,
+                  .gravidade = Gravidade::Aviso,
+                  .linha = fundamento.linha == 0 ? linhaDaGuia_ : fundamento.linha,
+                  .segmento = fundamento.letra,
+                  .campo = std::nullopt,
+                  .mensagem = junta("O que depende do segmento "_t, VistaTexto(&fundamento.letra, 1),
+                                    " não pôde ser conferido nas guias"_t)},
+           causa);
+}
+
+bool Coletor::naoConferido(char letra) const noexcept {
+    return naoConferidos_.contains(letra);
+}
+
+std::int64_t Coletor::causaDe(const Fundamento& onde) const noexcept {
+    const auto& faltas = daDefinicao(onde.letra) ? daDefinicao_ : daGuia_;
+    const auto falta = std::ranges::find_if(faltas, [&](const Falta& f) { return f.onde.toca(onde); });
+    return falta == faltas.end() ? 0 : falta->causa;
+}
+
+void Coletor::anotar(const Fundamento& onde, std::int64_t causa, Estado estado) {
+    auto& faltas = daDefinicao(onde.letra) ? daDefinicao_ : daGuia_;
+    // The installments of a slip may be very many, and none has to do with another.
+    if (onde.letra == 'Y' && onde.linha != 0)
+        std::erase_if(faltas, [&](const Falta& f) {
+            return f.onde.letra == 'Y' && f.onde.linha != 0 && f.onde.linha != onde.linha;
+        });
+    if (faltas.size() < maisFaltas || estado == Estado::Ausente) faltas.push_back({onde, causa, estado});
+}
+
+void Coletor::iniciarGuia(std::int64_t ordinal, VistaTexto idGuia, std::int64_t linha) {
+    guia_ = ordinal;
+    idGuia_ = idGuia;
+    linhaDaGuia_ = linha;
+    daGuia_.clear();
+    naoConferidos_.clear();
+    guiaComErro_ = false;
+    guiaEmParte_ = false;
+    ++resumo_.guias.lidas;
+}
+
+void Coletor::encerrarGuia(bool conferida) {
+    ContagemDeGuias& guias = resumo_.guias;
+    if (!conferida)
+        ++guias.naoConferidas;
+    else if (guiaComErro_)
+        ++guias.comErro;
+    else if (guiaEmParte_ || !naoConferidos_.empty())
+        ++guias.emParte;
+    else
+        ++guias.certas;
+    guia_ = 0;
+}
+
+} // namespace quilatador
