@@ -119,7 +119,9 @@ class Busca {
     [[nodiscard]] int conteudoDeTexto(const Peca& peca, int a, int b) const;
     [[nodiscard]] int conteudoDeDigitos(const Peca& peca, int a, int b) const;
     [[nodiscard]] Contagem marcasDe(const Peca& peca, int a, int b) const;
-    [[nodiscard]] bool depoisDeTabulacao(int a, int d) const { return d < 0 && a > 0 && pistas_.byte(a - 1) == '\t'; }
+    [[nodiscard]] bool depoisDeTabulacao(int a, int d) const {
+        return d < 0 && d > -paradaDaTabulacao && a > 0 && pistas_.byte(a - 1) == '\t';
+    }
     [[nodiscard]] Emenda emenda(const Peca& peca, int s, int d) const;
     [[nodiscard]] int emendaVisivel(const Peca& peca, int a, int b, int d) const;
     [[nodiscard]] Emenda emendaOculta(const Peca& peca, int a, int b, int d) const;
@@ -217,7 +219,7 @@ Emenda Busca::emenda(const Peca& peca, int s, int d) const {
 
 /// Marks move the line. What they stand in for cannot be read any more; only the rest of the field has to.
 int Busca::emendaVisivel(const Peca& peca, int a, int b, int d) const {
-    if (depoisDeTabulacao(a, d) && d > -8) return visivel + conteudo(peca, a, b);
+    if (depoisDeTabulacao(a, d)) return visivel + conteudo(peca, a, b);
     const Contagem marcas = marcasDe(peca, a, b);
     if (marcas.marcas == 0 || d < marcas.menor || d > marcas.maior) return impossivel;
     const int custo = visivel * marcas.marcas;
@@ -392,7 +394,9 @@ Lugar Busca::lugar(const Candidato& candidato) const {
     const Causa causa = candidato.emenda.causa;
     if (causa == Causa::BrancoDobrado && cheio <= ultimo) {
         const Lugar brancos = lugarDosBrancos(a, a + peca.largura + candidato.desvio);
-        return {brancos.primeiro, peca.ultima ? brancos.ultimo : std::min(brancos.ultimo, ultimo)};
+        // Behind the field's width they are at the start of the next, unless there is none.
+        const int ate = peca.ultima ? brancos.ultimo : std::min(brancos.ultimo, ultimo);
+        return {brancos.primeiro, std::max(brancos.primeiro, ate)};
     }
     if (causa == Causa::Desconhecida && peca.vazia() && candidato.desvio == 1 && cheio <= ultimo) return {cheio, cheio};
     // What is lost between words is lost behind the first letter.

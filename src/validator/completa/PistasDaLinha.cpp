@@ -6,9 +6,6 @@ namespace {
 
 using Causa = Deslize::Causa;
 
-/// A tab may stand for up to so many blanks.
-constexpr int paradaDaTabulacao = 8;
-
 /// The mark at the start of some bytes, without its place; without bytes if there is none.
 Marca marcaDe(std::string_view resto) noexcept {
     const auto marca = [](std::size_t bytes, Causa causa, std::size_t maior) {

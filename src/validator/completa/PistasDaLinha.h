@@ -7,6 +7,9 @@
 
 namespace quilatador {
 
+/// A tab may stand for up to so many blanks.
+inline constexpr int paradaDaTabulacao = 8;
+
 /// A place of a line whose bytes tell by themselves that a program has changed the text there.
 struct Marca {
     int inicio = 0; ///< 0-based
