@@ -9,7 +9,8 @@
 namespace quilatador {
 
 /// What the summary says of one file: what was found and what was checked, or how far the analysis came and why.
-[[nodiscard]] Texto textoDoResumo(TipoArquivo tipo, const Resumo& resumo);
+/// `completa` tells whether a complete check follows; without it, the user is told how to get one.
+[[nodiscard]] Texto textoDoResumo(TipoArquivo tipo, const Resumo& resumo, bool completa);
 
 /// Counts the files of one command line by the ways in which their analyses ended.
 class Totais {
