@@ -167,7 +167,7 @@ class Chamada {
     /// What is said of several files together.
     void concluir(const std::vector<LogPlanejado>& planejados) {
         separar();
-        maquina_.saida << paraTerminal(totais_.texto(planejados.size())) << std::endl;
+        maquina_.saida << paraTerminal(totais_.texto(planejados.size(), argumentos_.completa)) << std::endl;
         if (!argumentos_.completa) return;
         vereditos_.resize(planejados.size(), {.sinal = Veredito::Sinal::Atencao, .texto = Texto("Não analisado"_t)});
         for (std::size_t i = 0; i < planejados.size(); ++i)

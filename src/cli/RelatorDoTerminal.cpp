@@ -139,6 +139,7 @@ void RelatorDoTerminal::escreverConsequencias(const GrupoDeAchados& grupo) {
         const Achado& primeiro = consequencia.primeiro;
         saida_ << "    " << paraTerminal(comMilhares(consequencia.quantidade, milhar_)) << " × "
                << paraTerminal(enumerar({primeiro.mensagem, junta("regra "_t, primeiro.id),
+                                         primeiro.campo ? junta("campo "_t, primeiro.campo->nome) : Texto(),
                                          junta(consequencia.quantidade == 1 ? ""_t : "primeiro: "_t,
                                                textoDoLugar(primeiro.linha, primeiro.guia, primeiro.idGuia))}))
                << '\n';

@@ -66,9 +66,10 @@ void Totais::somar(TipoArquivo tipo, const Resumo& resumo) noexcept {
     if (resumo.desfecho == Desfecho::Cancelada) ++cancelados_;
 }
 
-Texto Totais::texto(std::size_t arquivos) const {
+Texto Totais::texto(std::size_t arquivos, bool completa) const {
     const std::size_t naoAnalisados = arquivos - semAchados_ - comAchados_ - comParada_ - cancelados_;
-    Texto linha = junta("Total de "_t, textoDe(static_cast<long long>(arquivos)), " arquivos: "_t, contarErros(erros_));
+    Texto linha = junta("Total de "_t, textoDe(static_cast<long long>(arquivos)),
+                        completa ? " arquivos, pelos logs: "_t : " arquivos: "_t, contarErros(erros_));
     if (ocorrencias_ > 0) linha += junta(", "_t, contarOcorrencias(ocorrencias_));
     const auto somarFim = [&](std::size_t quantos, VistaTexto singular, VistaTexto plural) {
         if (quantos > 0) linha += junta("; "_t, contagem(static_cast<std::int64_t>(quantos), singular, plural));

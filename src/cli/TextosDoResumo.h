@@ -17,8 +17,9 @@ class Totais {
   public:
     /// Adds a file.
     void somar(TipoArquivo tipo, const Resumo& resumo) noexcept;
-    /// The line of the totals. Of `arquivos` files, those that were not added are counted as not analysed.
-    [[nodiscard]] Texto texto(std::size_t arquivos) const;
+    /// The line of the totals. Of `arquivos` files, those that were not added are counted as not analysed. With a
+    /// complete check it says that the totals are those of the logs.
+    [[nodiscard]] Texto texto(std::size_t arquivos, bool completa) const;
 
   private:
     std::size_t semAchados_ = 0;
