@@ -93,6 +93,8 @@ class ArquivosEmMemoria final : public Arquivos {
 
     [[nodiscard]] std::unique_ptr<ArquivoEntrada> abrirEntrada(const std::filesystem::path& caminho) override;
     [[nodiscard]] std::unique_ptr<ArquivoSaida> criarSaida(const std::filesystem::path& caminho) override;
+    /// Its `confirmar` counts as `Fechar`.
+    [[nodiscard]] std::unique_ptr<ArquivoProvisorio> criarProvisorio(const std::filesystem::path& caminho) override;
     [[nodiscard]] bool existe(const std::filesystem::path& caminho) const override;
     [[nodiscard]] bool ehPasta(const std::filesystem::path& caminho) const override;
     [[nodiscard]] std::uint64_t tamanho(const std::filesystem::path& caminho) const override;
@@ -114,6 +116,7 @@ class ArquivosEmMemoria final : public Arquivos {
   private:
     class Entrada;
     class Saida;
+    class Provisorio;
 
     void contar(Operacao operacao);
 
