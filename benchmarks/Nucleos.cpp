@@ -58,6 +58,9 @@ class ArquivosDaMedida final : public Arquivos {
     std::unique_ptr<ArquivoProvisorio> criarProvisorio(const std::filesystem::path& caminho) override {
         return disco_.criarProvisorio(caminho);
     }
+    std::unique_ptr<SomaDoArquivo> somar(const std::filesystem::path& caminho) override {
+        return disco_.somar(caminho);
+    }
     bool existe(const std::filesystem::path& caminho) const override { return disco_.existe(caminho); }
     bool ehPasta(const std::filesystem::path& caminho) const override { return disco_.ehPasta(caminho); }
     std::uint64_t tamanho(const std::filesystem::path& caminho) const override {

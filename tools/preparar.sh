@@ -5,7 +5,7 @@
 
 pacotes_da_compilacao=(
     g++ cmake ninja-build
-    libpugixml-dev libsqlite3-dev libcli11-dev nlohmann-json3-dev
+    libpugixml-dev libsqlite3-dev libssl-dev libcli11-dev nlohmann-json3-dev
 )
 pacotes_da_janela=(qt6-base-dev qt6-svg-dev)
 pacotes_do_empacotamento=(dpkg-dev file)

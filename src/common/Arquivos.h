@@ -4,9 +4,11 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace quilatador {
@@ -71,6 +73,17 @@ class ArquivoProvisorio {
     virtual void confirmar() = 0;
 };
 
+/// The SHA-256 of a file, which is made beside everything else from the moment on that this object exists. The
+/// destructor gives it up.
+class SomaDoArquivo {
+  public:
+    virtual ~SomaDoArquivo() = default;
+    /// Waits for the sum and returns it as 64 lower-case hexadecimal digits; "" when the file cannot be read or is
+    /// changed meanwhile. While it waits it asks `desistencia`, if there is one, several times a second whether to stop
+    /// waiting, and then returns "".
+    [[nodiscard]] virtual std::string hexadecimal(const std::function<bool()>& desistencia) = 0;
+};
+
 /// The file system. Everything that a run reads or writes goes through this interface.
 class Arquivos {
   public:
@@ -84,6 +97,9 @@ class Arquivos {
     /// Starts a file that is to replace another, or to be new, only once it is complete. Through a link it replaces the
     /// file that the link leads to. Raises the failures of `criarSaida`; 70 also where the folder takes no new file.
     [[nodiscard]] virtual std::unique_ptr<ArquivoProvisorio> criarProvisorio(const std::filesystem::path& caminho) = 0;
+    /// Starts to sum a file, which it opens for itself. Never fails: see `SomaDoArquivo`. This object must outlive the
+    /// sum.
+    [[nodiscard]] virtual std::unique_ptr<SomaDoArquivo> somar(const std::filesystem::path& caminho) = 0;
     /// Whether a file or folder with this name exists.
     [[nodiscard]] virtual bool existe(const std::filesystem::path& caminho) const = 0;
     /// Whether this is the name of an existing folder.

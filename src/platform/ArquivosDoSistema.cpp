@@ -1,6 +1,7 @@
 #include "platform/ArquivosDoSistema.h"
 
 #include "platform/FalhaDeArquivo.h"
+#include "platform/SomaDoSistema.h"
 
 #include <cerrno>
 #include <random>
@@ -59,6 +60,10 @@ std::unique_ptr<ArquivoProvisorio> ArquivosDoSistema::criarProvisorio(const std:
 std::filesystem::path ArquivosDoSistema::nomeAoLado(const std::filesystem::path& alvo) {
     std::random_device sorteio;
     return alvo.parent_path() / (".quilatador-" + std::to_string(sorteio()) + std::to_string(sorteio()) + ".tmp");
+}
+
+std::unique_ptr<SomaDoArquivo> ArquivosDoSistema::somar(const std::filesystem::path& caminho) {
+    return std::make_unique<SomaDoSistema>(*this, caminho);
 }
 
 bool ArquivosDoSistema::existe(const std::filesystem::path& caminho) const {

@@ -22,6 +22,7 @@ class ArquivosDoSistema final : public Arquivos {
     /// The new file has the permissions of the one that it replaces, and its owner and group where the user may give
     /// them; other hard links still lead to the old one. A write-protected file stays as it is: `Falha` 70.
     [[nodiscard]] std::unique_ptr<ArquivoProvisorio> criarProvisorio(const std::filesystem::path& caminho) override;
+    [[nodiscard]] std::unique_ptr<SomaDoArquivo> somar(const std::filesystem::path& caminho) override;
     [[nodiscard]] bool existe(const std::filesystem::path& caminho) const override;
     [[nodiscard]] bool ehPasta(const std::filesystem::path& caminho) const override;
     [[nodiscard]] std::uint64_t tamanho(const std::filesystem::path& caminho) const override;

@@ -137,6 +137,21 @@ TEST_F(ArquivosDoSistemaTest, oProvisorioTomaOLugarDeUmaVez) {
     EXPECT_EQ(testes::textoDaFalha(encher), "61 Gravacao: Disco cheio"_t);
 }
 
+TEST_F(ArquivosDoSistemaTest, somaDeUmArquivo) {
+    const std::pair<fs::path, std::string_view> casos[] = {
+        {pasta_.escrever("a", "abc"), "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad"},
+        {pasta_.escrever("vazio", ""), "e3b0c44298fc1c149afbf4c8996fb92427ae41e4649b934ca495991b7852b855"},
+        {pasta_.escrever("blocos", std::string(1'000'000, 'a')),
+         "cdc76e5c9914fb9281a1c7e284d73e67f1809a48a497200e046d39ccc7112cd0"},
+        {pasta_ / "nada", ""}};
+    for (const auto& [arquivo, soma] : casos)
+        EXPECT_EQ(arquivos_.somar(arquivo)->hexadecimal({}), soma) << arquivo;
+    const fs::path enorme = pasta_.escrever("enorme", "");
+    fs::resize_file(enorme, std::uintmax_t{1} << 40); // no test waits for the end of it
+    const auto soma = arquivos_.somar(enorme);
+    EXPECT_EQ(soma->hexadecimal([] { return true; }), "");
+}
+
 /// How a run notices that its input is another than at its beginning.
 TEST_F(ArquivosDoSistemaTest, aVersaoMudaComOArquivo) {
     using namespace std::chrono_literals;

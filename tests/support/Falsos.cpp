@@ -143,6 +143,16 @@ std::unique_ptr<ArquivoProvisorio> ArquivosEmMemoria::criarProvisorio(const std:
     return std::make_unique<Provisorio>(*this, ligacao == ligacoes.end() ? caminho : ligacao->second);
 }
 
+std::unique_ptr<SomaDoArquivo> ArquivosEmMemoria::somar(const std::filesystem::path& caminho) {
+    struct SomaFixa final : SomaDoArquivo {
+        std::string texto;
+        [[nodiscard]] std::string hexadecimal(const std::function<bool()>&) override { return texto; }
+    };
+    auto pronta = std::make_unique<SomaFixa>();
+    if (existe(caminho)) pronta->texto = soma;
+    return pronta;
+}
+
 bool ArquivosEmMemoria::existe(const std::filesystem::path& caminho) const {
     return conteudo.contains(caminho);
 }
