@@ -22,23 +22,9 @@ const char* nomeDo(Desfecho desfecho) {
     return "";
 }
 
-const char* nomeDa(Gravidade gravidade) {
-    switch (gravidade) {
-    case Gravidade::Erro:
-        return "erro";
-    case Gravidade::Ocorrencia:
-        return "ocorrencia";
-    case Gravidade::Estrutural:
-        return "estrutural";
-    case Gravidade::Aviso:
-        return "aviso";
-    }
-    return "";
-}
-
 Json objetoDo(const Achado& achado) {
     Json objeto{{"id", utf8DeTexto(achado.id)},
-                {"gravidade", nomeDa(achado.gravidade)},
+                {"gravidade", utf8DeTexto(nomeDa(achado.gravidade))},
                 {"linha", achado.linha},
                 {"segmento", achado.segmento == 0 ? Json() : Json(utf8DeTexto(VistaTexto(&achado.segmento, 1)))},
                 {"mensagem", utf8DeTexto(achado.mensagem)}};

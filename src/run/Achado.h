@@ -15,6 +15,21 @@ enum class Gravidade {
     Aviso       ///< only of a complete check: something that no rule forbids, and that deserves a look all the same
 };
 
+/// The name of a gravity for other programs, which stays as it is.
+[[nodiscard]] constexpr VistaTexto nomeDa(Gravidade gravidade) noexcept {
+    switch (gravidade) {
+    case Gravidade::Erro:
+        return "erro"_t;
+    case Gravidade::Ocorrencia:
+        return "ocorrencia"_t;
+    case Gravidade::Estrutural:
+        return "estrutural"_t;
+    case Gravidade::Aviso:
+        return "aviso"_t;
+    }
+    return {};
+}
+
 /// The field that a finding is about. Positions in the line are 1-based and inclusive.
 struct CampoDoAchado {
     Texto nome;
@@ -40,10 +55,10 @@ struct Achado {
     std::int64_t n = 0;     ///< number of the finding, from 1, in the order in which they are told
     std::int64_t causa = 0; ///< number of an earlier finding from which this one follows; 0 if it is a cause itself
     std::int64_t guia = 0;  ///< ordinal of the slip in the file, 1-based; 0 when the finding is about no slip
-    Texto idGuia;           ///< "IdGuia" of that slip as it stands in the file; "" if it has none
+    Texto idGuia{};         ///< "IdGuia" of that slip as it stands in the file; "" if it has none
     /// Whether the rule is stricter than the bank: the finding then makes nothing wrong. `motivo` says why.
     bool discutido = false;
-    Texto motivo; ///< why the rule is disputed; "" otherwise
+    Texto motivo{}; ///< why the rule is disputed; "" otherwise
 };
 
 /// Whether a finding of a complete check makes the file wrong.
