@@ -5,6 +5,7 @@
 #include "cli/RelatorDoTerminal.h"
 #include "cli/RelatorJson.h"
 #include "cli/Sessao.h"
+#include "cli/TabelaDeAchados.h"
 #include "cli/TextoNoTerminal.h"
 #include "cli/TextosDoResumo.h"
 #include "frontend/PlanoDeLogs.h"
@@ -69,7 +70,8 @@ class Chamada {
         , maquina_(sessao.maquina())
         , trabalho_(sessao.ambiente(), globais_, sessao.cancelado())
         , json_(maquina_.saida)
-        , noTerminal_(sessao) {
+        , noTerminal_(sessao)
+        , tabela_(sessao) {
         if (argumentos_.json) trabalho_.adicionarRelator(json_);
     }
     Chamada(const Chamada&) = delete;
@@ -80,6 +82,7 @@ class Chamada {
         const PlanoDeLogs plano = planejarLogs(
             argumentos_.arquivos, {.log = argumentos_.log, .pasta = argumentos_.pastaDeLogs},
             [this](const auto& arquivo) { return sessao_.tipoDe(arquivo); }, maquina_.arquivos);
+        if (!tabela_.abrir(plano)) return situacao::naoRodou;
         int maior = situacao::nadaEncontrado;
         for (const LogPlanejado& planejado : plano.logs) {
             if (maquina_.interrompido()) break;
@@ -87,7 +90,9 @@ class Chamada {
             if (!maquina_.saida.good()) return situacao::naoRodou; // nobody would read the results of the other files
         }
         if (comResumo() && plano.logs.size() > 1) concluir(plano.logs);
-        return maquina_.interrompido() ? situacao::interrompido : maior;
+        const bool interrompida = maquina_.interrompido();
+        if (!tabela_.concluir(interrompida)) maior = std::max(maior, situacao::naoRodou);
+        return interrompida ? situacao::interrompido : maior;
     }
 
   private:
@@ -155,6 +160,7 @@ class Chamada {
         } else if (comResumo()) {
             ouvintes.push_back(&noTerminal_);
         }
+        if (Relator* const tabela = tabela_.arquivo(rodada.nomeArquivo())) ouvintes.push_back(tabela);
         ResumoCompleto completa = trabalho_.conferirTudo(rodada, pedido, ouvintes);
         if (argumentos_.json) json_.terminarCompleta(completa);
         if (comResumo()) noTerminal_.terminar(completa);
@@ -202,6 +208,7 @@ class Chamada {
     Trabalho trabalho_;
     RelatorJson json_;
     RelatorDoTerminal noTerminal_;
+    TabelaDeAchados tabela_;
     Totais totais_;
     std::vector<Veredito> vereditos_; ///< of the files so far, in their order
 };
