@@ -13,14 +13,30 @@ constexpr std::string_view marcaDeUtf8 = "\xEF\xBB\xBF";
 constexpr std::string_view cabecalho =
     "arquivo;linha;guia;idGuia;segmento;campo;de;ate;encontrado;esperado;gravidade;id;causa;mensagem";
 
-/// Appends a text as a cell. An apostrophe keeps a spreadsheet from running what the file under check says.
+constexpr bool pedeAspas(char c) noexcept {
+    return c == ';' || c == '"' || c == '\r' || c == '\n';
+}
+
+/// Whether a character of a cell is written as it is.
+constexpr bool comum(char c) noexcept {
+    return static_cast<unsigned char>(c) < 0x80 && !pedeAspas(c);
+}
+
+/// Appends a text as a cell. An apostrophe keeps a spreadsheet from running what the file under check says. Most cells
+/// of most tables are copied as they are.
 void anexarCelula(VistaTexto texto, std::string& destino) {
     const bool pareceFormula = !texto.empty() && "=+-@\t\r"_t.find(texto.front()) != VistaTexto::npos;
-    const bool entreAspas = texto.find_first_of(";\"\r\n"_t) != VistaTexto::npos;
+    if (!pareceFormula && std::ranges::all_of(texto, comum)) {
+        destino += bytesDoTexto(texto);
+        return;
+    }
+    const bool entreAspas = std::ranges::any_of(texto, pedeAspas);
+    std::string utf8 = utf8DeTexto(texto);
+    for (std::size_t i = utf8.find('"'); i != std::string::npos; i = utf8.find('"', i + 2))
+        utf8.insert(i, 1, '"');
     if (entreAspas) destino += '"';
     if (pareceFormula) destino += '\'';
-    for (const char c : utf8DeTexto(texto))
-        destino.append(c == '"' ? 2 : 1, c);
+    destino += utf8;
     if (entreAspas) destino += '"';
 }
 
@@ -50,7 +66,8 @@ void RelatorCsv::arquivo(const std::filesystem::path& caminho) {
 
 void RelatorCsv::achado(const Achado& achado) {
     if (falha_) return;
-    const CampoDoAchado campo = achado.campo.value_or(CampoDoAchado());
+    static const CampoDoAchado nenhum;
+    const CampoDoAchado& campo = achado.campo ? *achado.campo : nenhum;
     pendente_ += celulaDoArquivo_;
     celulaDoNumero(achado.linha);
     celulaDoNumero(achado.guia);
