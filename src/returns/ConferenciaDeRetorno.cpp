@@ -274,14 +274,14 @@ void ConferenteZUL708::conferirLinha(VistaTexto linha, std::int64_t numero) {
     ContagemDeGuias& guias = resumo().guias;
     const bool daGuia = guias.lidas > 0 && linha.front() >= 'S' && linha.front() != 'Z';
     for (std::size_t i = 0; i < Ocorrencias::lugares; ++i) {
-        std::optional<Achado> achado = ocorrencias.achado(i, numero, consultas_);
-        if (!achado) continue;
+        if (!ocorrencias.tem(i)) continue;
+        Achado achado = ocorrencias.achado(i, numero, consultas_);
         if (daGuia) {
-            achado->guia = guias.lidas;
-            achado->idGuia = idGuia_;
+            achado.guia = guias.lidas;
+            achado.idGuia = idGuia_;
             if (!std::exchange(guiaComErro_, true)) ++guias.comErro;
         }
-        apontar(*std::move(achado));
+        apontar(std::move(achado));
     }
 }
 

@@ -3,7 +3,8 @@
 #include "run/Achado.h"
 #include "tables/ConsultasDaRodada.h"
 
-#include <optional>
+#include <cstddef>
+#include <cstdint>
 
 namespace quilatador {
 
@@ -20,14 +21,21 @@ class Ocorrencias {
 
     /// Whether the record has none, which is written as all zeros or all blanks.
     [[nodiscard]] bool nenhuma() const noexcept { return codigos_ == "000000"_t || codigos_ == "      "_t; }
-    /// The finding "zul708.ocorrencia" for the code at a place, 0 to `lugares` - 1; nothing if that place is empty.
-    /// `numero` is the number of the line (1-based). Raises the failures of `ConsultasDaRodada`.
-    [[nodiscard]] std::optional<Achado> achado(std::size_t lugar, std::int64_t numero,
-                                               ConsultasDaRodada& consultas) const;
+    /// Whether there is a code at a place, 0 to `lugares` - 1.
+    [[nodiscard]] bool tem(std::size_t lugar) const noexcept {
+        return codigo(lugar) != "00"_t && codigo(lugar) != "  "_t;
+    }
+    /// The finding "zul708.ocorrencia" for the code at a place that has one. `numero` is the number of the line
+    /// (1-based). Raises the failures of `ConsultasDaRodada`.
+    [[nodiscard]] Achado achado(std::size_t lugar, std::int64_t numero, ConsultasDaRodada& consultas) const;
 
   private:
     static constexpr std::size_t inicio = 229; ///< 1-based
     static constexpr std::size_t tamanhoDoCodigo = 2;
+
+    [[nodiscard]] VistaTexto codigo(std::size_t lugar) const noexcept {
+        return {codigos_.data() + lugar * tamanhoDoCodigo, tamanhoDoCodigo};
+    }
 
     VistaTexto linha_;
     Texto codigos_;

@@ -36,7 +36,7 @@ void AnaliseZUL708::tratarLinha(VistaTexto linha) {
     ++comOcorrencia_;
     ++rodada().resumo().totalErros;
     for (std::size_t i = 0; i < Ocorrencias::lugares; ++i)
-        if (const auto achado = ocorrencias.achado(i, linhaAtual(), consultas())) rodada().escreverErro(*achado);
+        if (ocorrencias.tem(i)) rodada().escreverErro(ocorrencias.achado(i, linhaAtual(), consultas()));
 }
 
 void AnaliseZUL708::escreverTotais() {
