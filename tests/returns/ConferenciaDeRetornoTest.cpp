@@ -8,9 +8,7 @@
 namespace quilatador {
 namespace {
 
-using testes::Bancada;
-using testes::linhas;
-using testes::registro;
+using namespace testes;
 
 using enum TipoArquivo;
 
@@ -46,7 +44,7 @@ constexpr VistaTexto quatroDeDois = "Z00000400000000000000200"_t;
 
 TEST(ConferenciaTAV001, comparaOTrailer) {
     const std::pair<Texto, VistaTexto> casos[] = {
-        {testes::lerTexto(QUILATADOR_SAMPLES "/retorno-liquidacao/retorno.ret"), ""_t},
+        {lerTexto(QUILATADOR_SAMPLES "/retorno-liquidacao/retorno.ret"), ""_t},
         {linhas({header, ""_t, real, "    "_t, real, quatroDeDois, ""_t}), ""_t},
         {linhas({header, real, "Q"_t, "Z000003"_t}),
          "1(0) L4 Z tav001.totalRegistros.diferente: TotalRegistros 2-7 000003=000004\n"
@@ -69,7 +67,6 @@ TEST(ConferenciaTAV001, comparaOTrailer) {
         Conferida conferida(arquivo);
         const ResumoCompleto resumo = conferida.conferir(TAV001);
         EXPECT_EQ(conferida.achados(), esperado);
-        EXPECT_EQ(resumo.erros, std::ssize(conferida.ouvinte.achados));
         EXPECT_EQ(resumo.erros - resumo.causas, esperado.find("(1)"_t) == VistaTexto::npos ? 0 : 1);
         EXPECT_EQ(resumo.parcial(), esperado.find("tipoInvalido"_t) != VistaTexto::npos);
     }
