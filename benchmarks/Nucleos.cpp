@@ -55,6 +55,12 @@ class ArquivosDaMedida final : public Arquivos {
     std::unique_ptr<ArquivoSaida> criarSaida(const std::filesystem::path&) override {
         return std::make_unique<SaidaPerdida>();
     }
+    std::unique_ptr<ArquivoProvisorio> criarProvisorio(const std::filesystem::path& caminho) override {
+        return disco_.criarProvisorio(caminho);
+    }
+    std::unique_ptr<SomaDoArquivo> somar(const std::filesystem::path& caminho) override {
+        return disco_.somar(caminho);
+    }
     bool existe(const std::filesystem::path& caminho) const override { return disco_.existe(caminho); }
     bool ehPasta(const std::filesystem::path& caminho) const override { return disco_.ehPasta(caminho); }
     std::uint64_t tamanho(const std::filesystem::path& caminho) const override {

@@ -2,7 +2,7 @@
 # starts nowhere; so a package without the libraries that its program is known to need is an error, and is removed.
 foreach(pacote IN LISTS CPACK_PACKAGE_FILES)
   execute_process(COMMAND dpkg-deb --field ${pacote} Depends OUTPUT_VARIABLE dependencias ERROR_QUIET)
-  set(exigidas libc6 libstdc++6 libpugixml1v5 libsqlite3-0)
+  set(exigidas libc6 libstdc++6 libpugixml1v5 libsqlite3-0 libssl3)
   if(pacote MATCHES "/quilatador_")
     list(APPEND exigidas quilatador-cli libqt6widgets6)
   endif()

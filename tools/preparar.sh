@@ -5,11 +5,11 @@
 
 pacotes_da_compilacao=(
     g++ cmake ninja-build
-    libpugixml-dev libsqlite3-dev libcli11-dev nlohmann-json3-dev
+    libpugixml-dev libsqlite3-dev libssl-dev libcli11-dev nlohmann-json3-dev
 )
 pacotes_da_janela=(qt6-base-dev qt6-svg-dev)
 pacotes_do_empacotamento=(dpkg-dev file)
-pacotes_dos_testes=(libgtest-dev locales xvfb xauth openbox)
+pacotes_dos_testes=(libgtest-dev python3-jsonschema locales xvfb xauth openbox)
 
 raiz=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 

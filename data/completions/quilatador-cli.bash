@@ -32,9 +32,9 @@ _quilatador_cli() {
             return ;;
     esac
 
-    if [[ $cur == -* && $prev != --log ]]; then
-        mapfile -t COMPREPLY < <(compgen -W '--tipo --com-data --posicao --formato --primeiras --linha
-            --sugerir-data --pasta --log --pasta-de-logs --abrir --json -q --silencioso -h --ajuda --help --versao --version' -- "$cur")
+    if [[ $cur == -* && $prev != --log && $prev != --csv ]]; then
+        mapfile -t COMPREPLY < <(compgen -W '--tipo --com-data --posicao --formato --primeiras --completa --todos --csv
+            --linha --sugerir-data --pasta --log --pasta-de-logs --abrir --json -q --silencioso -h --ajuda --help --versao --version' -- "$cur")
         return
     fi
     compopt -o filenames

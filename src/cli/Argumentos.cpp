@@ -18,7 +18,7 @@ Confere arquivos de cobrança antes do envio ao banco e explica os seus retornos
 O resultado de cada arquivo fica num log ao lado dele.
 
 Num ZUL702 a ordem dos registros e os caracteres são conferidos em todas as guias, mas o
-conteúdo somente na última.
+conteúdo somente na última; --completa confere o de todas.
 
 Opções:
   --tipo ZUL702|ZUL708|TAV001  tipo do arquivo (sem ela: reconhecido pela primeira linha)
@@ -27,7 +27,13 @@ Opções:
   --formato F                  formato dessa data: AAAAMMDD, AAMMDD, DDMMAAAA, DDMMAA,
                                DDDA, AADDD ou ADDD (ADDD)
   --primeiras N                lê o conteúdo somente até as primeiras N guias (sem ela: todas);
-                               se o arquivo tem mais, o conteúdo de nenhuma é conferido
+                               se o arquivo tem mais, o conteúdo de nenhuma é conferido, a não ser
+                               com --completa, que confere o das N
+  --completa                   depois do log, confere todas as guias e mostra o que encontra: até 50
+                               achados, as causas com as suas consequências
+  --todos                      mostra todos os achados, um por um (com --completa)
+  --csv CAMINHO                grava os achados de todos os arquivos numa tabela (faz o mesmo que
+                               --completa)
   --linha N                    mostra a linha N, campo por campo (um ZUL702; sem log)
   --sugerir-data               diz em que formato e posição o código de barras tem a data
                                de vencimento das parcelas (um ZUL702; sem log)
@@ -36,8 +42,8 @@ Opções:
   --pasta-de-logs PASTA        grava cada log nessa pasta, com o nome do arquivo e ".log" (x.rem.log)
   --abrir                      abre o log no editor de textos ao final
   --json                       escreve um objeto JSON por arquivo na saída padrão
-  -q, --silencioso             sem progresso e sem resumo; o que não pôde ser analisado ainda é
-                               dito na saída de erros
+  -q, --silencioso             sem progresso, sem resumo e sem achados; o que não pôde ser analisado
+                               ainda é dito na saída de erros
   -h, --ajuda, --help          mostra esta ajuda
   --versao, --version          mostra a versão
   --                           o que vem depois é nome de arquivo, mesmo que comece com "-"
@@ -46,14 +52,15 @@ Exemplos:
   quilatador-cli remessa.rem
   quilatador-cli --com-data --posicao 20 --formato AAAAMMDD remessa.rem
   quilatador-cli --primeiras 50 --log /tmp/remessa.log remessa.rem
+  quilatador-cli --completa remessa.rem
   quilatador-cli --json -q *.rem > achados.ndjson
   quilatador-cli --linha 17 remessa.rem
   quilatador-cli --sugerir-data remessa.rem
 
 Situação ao terminar:
   0    nada encontrado
-  1    há erros, ou o arquivo não é do tipo esperado; com --sugerir-data, nada confere em
-       todas as parcelas
+  1    há erros, no log ou na conferência completa, ou o arquivo não é do tipo esperado; com
+       --sugerir-data, nada confere em todas as parcelas
   2    não foi possível analisar (opção inválida, arquivo ou programa incompleto)
   130  interrompido (Ctrl-C)
 )"_t;
@@ -135,6 +142,7 @@ struct Valores {
     std::optional<std::string> pasta;
     std::optional<std::string> log;
     std::optional<std::string> pastaDeLogs;
+    std::optional<std::string> csv;
 };
 
 /// Makes the path of an option complete. Returns false if that is impossible.
@@ -151,7 +159,9 @@ std::optional<Texto> recusaDaPergunta(VistaTexto pergunta, const Valores& valore
     const std::pair<bool, VistaTexto> incompativeis[] = {{valores.linha && valores.sugerirData, "--sugerir-data"_t},
                                                          {valores.log.has_value(), "--log"_t},
                                                          {valores.pastaDeLogs.has_value(), "--pasta-de-logs"_t},
-                                                         {lidos.abrir, "--abrir"_t}};
+                                                         {lidos.abrir, "--abrir"_t},
+                                                         {valores.csv.has_value(), "--csv"_t},
+                                                         {lidos.completa, "--completa"_t}};
     for (const auto& [dada, opcao] : incompativeis)
         if (dada) return junta(pergunta, " e "_t, opcao, " não valem juntas."_t);
     return std::nullopt;
@@ -200,6 +210,9 @@ Argumentos interpretar(const Valores& valores, const std::vector<std::string>& a
     if (!completar(valores.pasta, lidos.pasta)) return recusaDoValor("--pasta");
     if (!completar(valores.log, lidos.log)) return recusaDoValor("--log");
     if (!completar(valores.pastaDeLogs, lidos.pastaDeLogs)) return recusaDoValor("--pasta-de-logs");
+    if (!completar(valores.csv, lidos.csv)) return recusaDoValor("--csv");
+    lidos.completa = lidos.completa || lidos.csv;
+    if (lidos.todos && !lidos.completa) return recusa(Texto("--todos vale somente com --completa."_t));
     for (const std::string& arquivo : arquivos)
         lidos.arquivos.push_back(caminhoCompleto(arquivo));
     return interpretarPergunta(valores, arquivos.size(), std::move(lidos));
@@ -220,6 +233,8 @@ Argumentos lerArgumentos(std::vector<std::string> argumentos) {
     app.add_flag("--versao,--version", mostrarVersao);
     app.add_flag("--com-data", lidos.comData);
     app.add_flag("--abrir", lidos.abrir);
+    app.add_flag("--completa", lidos.completa);
+    app.add_flag("--todos", lidos.todos);
     app.add_flag("--json", lidos.json);
     app.add_flag("-q,--silencioso", lidos.silencioso);
     app.add_option("--tipo", valores.tipo);
@@ -231,6 +246,7 @@ Argumentos lerArgumentos(std::vector<std::string> argumentos) {
     app.add_option("--pasta", valores.pasta);
     app.add_option("--log", valores.log);
     app.add_option("--pasta-de-logs", valores.pastaDeLogs);
+    app.add_option("--csv", valores.csv);
     if (const auto opcao = opcaoSemValor(argumentos); !opcao.empty()) return recusaDoValor(opcao);
     try {
         std::ranges::reverse(argumentos); // the parser reads them from the end

@@ -38,6 +38,9 @@ struct Argumentos {
     std::optional<std::filesystem::path> log;         ///< replaces the log beside the file
     std::optional<std::filesystem::path> pastaDeLogs; ///< folder of all logs; never together with `log`
     bool abrir = false;
+    bool completa = false;                    ///< whether each file is also checked completely; `csv` implies it
+    bool todos = false;                       ///< whether all findings of that check are shown; only with `completa`
+    std::optional<std::filesystem::path> csv; ///< table of the findings of all files
     bool json = false;
     bool silencioso = false;
 };

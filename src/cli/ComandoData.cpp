@@ -2,8 +2,9 @@
 
 #include "cli/Pergunta.h"
 #include "cli/RelatorJson.h"
-#include "common/Numero.h"
+#include "cli/TextoNoTerminal.h"
 #include "frontend/Pedido.h"
+#include "frontend/TextosDaConferencia.h"
 #include "validator/DatasDaRemessa.h"
 
 #include <nlohmann/json.hpp>
@@ -63,14 +64,8 @@ class Resposta {
   private:
     void dizer(VistaTexto linha) { saida_ << paraTerminal(linha) << std::endl; }
 
-    [[nodiscard]] static Texto formatoNaPosicao(VistaTexto formato, int posicao) {
-        return junta(formato, " na posição "_t, textoDe(posicao));
-    }
-
     [[nodiscard]] Texto dasParcelas(std::int64_t acertos) const {
-        const std::int64_t parcelas = lidas_.datas.parcelas();
-        return junta(comMilhares(acertos, milhar_), " de "_t, comMilhares(parcelas, milhar_),
-                     parcelas == 1 ? " parcela"_t : " parcelas"_t);
+        return acertosDasParcelas(acertos, lidas_.datas.parcelas(), milhar_);
     }
 
     /// A choice that no analysis would accept is judged too: whoever made it wants to know the right one.

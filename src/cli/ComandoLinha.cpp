@@ -2,6 +2,7 @@
 
 #include "cli/Pergunta.h"
 #include "cli/RelatorJson.h"
+#include "cli/TextoNoTerminal.h"
 #include "layout/BuscaDaLinha.h"
 
 #include <algorithm>
@@ -35,32 +36,6 @@ NomeDoEstado nomeDo(Estado estado) {
         return {"sobra", "sobra"_t};
     }
     return {};
-}
-
-/// A text for the terminal in which every blank can be seen; many in a row are counted.
-std::string comBrancosVisiveis(VistaTexto texto) {
-    constexpr std::size_t maisBrancos = 3; // that are drawn one by one
-    std::string visivel;
-    while (!texto.empty()) {
-        const std::size_t brancos = std::min(texto.find_first_not_of(' '), texto.size());
-        texto.remove_prefix(brancos);
-        for (std::size_t i = 0; brancos <= maisBrancos && i < brancos; ++i)
-            visivel += "␣";
-        if (brancos > maisBrancos) {
-            visivel += "␣×" + std::to_string(brancos);
-            if (!texto.empty()) visivel += ' '; // or a digit of the text would seem to belong to the count
-        }
-        const VistaTexto palavra = texto.substr(0, texto.find(' '));
-        visivel += paraTerminal(palavra);
-        texto.remove_prefix(palavra.size());
-    }
-    return visivel;
-}
-
-/// The number of characters of a text in UTF-8.
-std::size_t largura(std::string_view utf8) {
-    return static_cast<std::size_t>(
-        std::ranges::count_if(utf8, [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
 }
 
 using LinhaDaTabela = std::array<std::string, 5>;

@@ -1,5 +1,7 @@
 #include "cli/PainelDoTerminal.h"
 
+#include "cli/TextoNoTerminal.h"
+
 #include <algorithm>
 
 namespace quilatador {
@@ -12,19 +14,6 @@ constexpr Relogio::Instante intervaloDoDesenho = 100ms;
 constexpr std::int32_t registrosPorLeitura = 512;
 
 } // namespace
-
-std::string paraTerminal(VistaTexto texto) {
-    constexpr char hexa[] = "0123456789ABCDEF";
-    std::string resultado;
-    for (const char c : texto) {
-        const auto codigo = static_cast<unsigned char>(c);
-        if (codigo < 0x20 || (codigo >= 0x7F && codigo <= 0x9F))
-            resultado += {'\\', 'x', hexa[codigo >> 4], hexa[codigo & 15]};
-        else
-            resultado += utf8DeTexto(VistaTexto(&c, 1));
-    }
-    return resultado;
-}
 
 PainelDoTerminal::PainelDoTerminal(std::ostream& saida, const Relogio& relogio, Opcoes opcoes)
     : saida_(saida), relogio_(relogio), opcoes_(std::move(opcoes)) {}

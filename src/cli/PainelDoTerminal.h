@@ -28,10 +28,11 @@ class PainelDoTerminal : public Painel {
     void processarEventos() override;
     void mensagem(const Mensagem& mensagem) override;
     [[nodiscard]] std::optional<double> primeirasGuias() const override { return opcoes_.primeiras; }
+    /// Takes the progress away, so that something else can be written where it stands. It comes again by itself.
+    void apagar();
 
   private:
     void desenhar(const Progresso& progresso, Relogio::Instante agora);
-    void apagar();
 
     std::ostream& saida_;
     const Relogio& relogio_;
@@ -39,8 +40,5 @@ class PainelDoTerminal : public Painel {
     Relogio::Instante ultimoDesenho_{};
     bool desenhado_ = false;
 };
-
-/// The text for a terminal: in UTF-8, its control characters (00 to 1F and 7F to 9F hex) written as "\xNN".
-[[nodiscard]] std::string paraTerminal(VistaTexto texto);
 
 } // namespace quilatador

@@ -2,10 +2,14 @@
 
 #include "cli/ComandoData.h"
 #include "cli/ComandoLinha.h"
+#include "cli/RelatorDoTerminal.h"
 #include "cli/RelatorJson.h"
 #include "cli/Sessao.h"
+#include "cli/TabelaDeAchados.h"
+#include "cli/TextoNoTerminal.h"
 #include "cli/TextosDoResumo.h"
 #include "frontend/PlanoDeLogs.h"
+#include "frontend/TextosDaConferencia.h"
 #include "frontend/Trabalho.h"
 
 #include <algorithm>
@@ -27,6 +31,19 @@ int situacaoDe(const Resumo& resumo) {
         return situacao::naoRodou;
     }
     return situacao::naoRodou;
+}
+
+int situacaoDe(const ResumoCompleto& completa) {
+    switch (completa.desfecho) {
+    case Desfecho::Cancelada:
+        return situacao::interrompido;
+    case Desfecho::NaoRodou:
+        return situacao::naoRodou;
+    case Desfecho::Concluida:
+    case Desfecho::Falhou:
+        break;
+    }
+    return completa.erros + completa.ocorrencias == 0 ? situacao::nadaEncontrado : situacao::haAchados;
 }
 
 Resumo naoRodou(VistaTexto motivo) {
@@ -52,7 +69,9 @@ class Chamada {
         , argumentos_(sessao.argumentos())
         , maquina_(sessao.maquina())
         , trabalho_(sessao.ambiente(), globais_, sessao.cancelado())
-        , json_(maquina_.saida) {
+        , json_(maquina_.saida)
+        , noTerminal_(sessao)
+        , tabela_(sessao) {
         if (argumentos_.json) trabalho_.adicionarRelator(json_);
     }
     Chamada(const Chamada&) = delete;
@@ -63,15 +82,17 @@ class Chamada {
         const PlanoDeLogs plano = planejarLogs(
             argumentos_.arquivos, {.log = argumentos_.log, .pasta = argumentos_.pastaDeLogs},
             [this](const auto& arquivo) { return sessao_.tipoDe(arquivo); }, maquina_.arquivos);
+        if (!tabela_.abrir(plano)) return situacao::naoRodou;
         int maior = situacao::nadaEncontrado;
         for (const LogPlanejado& planejado : plano.logs) {
             if (maquina_.interrompido()) break;
             maior = std::max(maior, analisar(planejado, plano.entradas));
             if (!maquina_.saida.good()) return situacao::naoRodou; // nobody would read the results of the other files
         }
-        if (comResumo() && plano.logs.size() > 1)
-            maquina_.saida << paraTerminal(totais_.texto(plano.logs.size())) << std::endl;
-        return maquina_.interrompido() ? situacao::interrompido : maior;
+        if (comResumo() && plano.logs.size() > 1) concluir(plano.logs);
+        const bool interrompida = maquina_.interrompido();
+        if (!tabela_.concluir(interrompida)) maior = std::max(maior, situacao::naoRodou);
+        return interrompida ? situacao::interrompido : maior;
     }
 
   private:
@@ -109,28 +130,74 @@ class Chamada {
     int analisar(const LogPlanejado& planejado, const std::set<Destino>& entradas) {
         const Pedido pedido = pedidoDe(planejado, entradas);
         Rodada rodada = trabalho_.comecar(pedido);
-        if (argumentos_.json) json_.iniciar(rodada.nomeArquivo(), nomeDo(pedido.tipoArquivo), rodada.nomeArquivoLog());
+        if (argumentos_.json) json_.iniciar(pedido, argumentos_.primeiras, rodada.nomeArquivoLog());
         auto motivo = recusaDe(pedido);
         if (!motivo) motivo = recusaDoLog(planejado);
         const Resumo resumo = motivo ? naoRodou(*motivo) : trabalho_.analisar(rodada, pedido);
-        const int situacaoDoArquivo = situacaoDe(resumo);
         totais_.somar(pedido.tipoArquivo, resumo);
-        if (argumentos_.json) json_.terminar(resumo, situacaoDoArquivo);
+        if (argumentos_.json) json_.terminarRodada(resumo);
         resumir(rodada, pedido.tipoArquivo, resumo);
+        int situacaoDoArquivo = situacaoDe(resumo);
+        if (argumentos_.completa) situacaoDoArquivo = std::max(situacaoDoArquivo, completar(rodada, pedido, resumo));
+        if (argumentos_.json) json_.terminar(situacaoDoArquivo);
         return situacaoDoArquivo;
+    }
+
+    /// The complete check behind an analysis, if that came to an end of its own, and its status.
+    int completar(const Rodada& rodada, const Pedido& pedido, const Resumo& resumo) {
+        const bool podeConferir = resumo.desfecho == Desfecho::Concluida || resumo.desfecho == Desfecho::Falhou;
+        const ResumoCompleto completa = podeConferir ? conferirTudo(rodada, pedido) : ResumoCompleto();
+        if (!podeConferir && argumentos_.json) json_.semCompleta();
+        vereditos_.push_back(veredito(resumo, completa, maquina_.localidade.separadorDeMilhar()));
+        return situacaoDe(completa);
+    }
+
+    ResumoCompleto conferirTudo(const Rodada& rodada, const Pedido& pedido) {
+        std::vector<Relator*> ouvintes;
+        if (argumentos_.json) {
+            json_.iniciarCompleta();
+            ouvintes.push_back(&json_);
+        } else if (comResumo()) {
+            ouvintes.push_back(&noTerminal_);
+        }
+        if (Relator* const tabela = tabela_.arquivo(rodada.nomeArquivo())) ouvintes.push_back(tabela);
+        ResumoCompleto completa = trabalho_.conferirTudo(rodada, pedido, ouvintes);
+        if (argumentos_.json) json_.terminarCompleta(completa);
+        if (comResumo()) noTerminal_.terminar(completa);
+        if (completa.desfecho == Desfecho::NaoRodou)
+            sessao_.dizer(junta(nomeParaMensagem(rodada.nomeArquivo()), ": não foi possível conferir tudo: "_t,
+                                completa.descricao));
+        return completa;
+    }
+
+    /// What is said of several files together.
+    void concluir(const std::vector<LogPlanejado>& planejados) {
+        separar();
+        maquina_.saida << paraTerminal(totais_.texto(planejados.size(), argumentos_.completa)) << std::endl;
+        if (!argumentos_.completa) return;
+        vereditos_.resize(planejados.size(), {.sinal = Veredito::Sinal::Atencao, .texto = Texto("Não analisado"_t)});
+        for (std::size_t i = 0; i < planejados.size(); ++i)
+            noTerminal_.escreverVeredito(nomeParaMensagem(planejados[i].arquivo), vereditos_[i]);
+    }
+
+    /// Sets what comes now off from the findings of the file before.
+    void separar() {
+        if (!vereditos_.empty()) maquina_.saida << '\n';
     }
 
     /// What could not be analysed is told on standard error, even to a user who wants no summary.
     void resumir(const Rodada& rodada, TipoArquivo tipo, const Resumo& resumo) {
         const bool rodou = resumo.desfecho != Desfecho::NaoRodou;
         if (rodou && !comResumo()) return;
+        if (rodou) separar();
         const auto escrever = [&](VistaTexto linha) {
             if (rodou)
                 maquina_.saida << paraTerminal(linha) << std::endl;
             else
                 sessao_.dizer(linha);
         };
-        escrever(junta(nomeParaMensagem(rodada.nomeArquivo()), ": "_t, textoDoResumo(tipo, resumo)));
+        escrever(
+            junta(nomeParaMensagem(rodada.nomeArquivo()), ": "_t, textoDoResumo(tipo, resumo, argumentos_.completa)));
         if (comResumo() && rodada.logGravado()) escrever(junta("  log: "_t, textoDoCaminho(rodada.nomeArquivoLog())));
     }
 
@@ -140,7 +207,10 @@ class Chamada {
     modVariaveis globais_;
     Trabalho trabalho_;
     RelatorJson json_;
+    RelatorDoTerminal noTerminal_;
+    TabelaDeAchados tabela_;
     Totais totais_;
+    std::vector<Veredito> vereditos_; ///< of the files so far, in their order
 };
 
 int atender(const Argumentos& argumentos, const Maquina& maquina) {

@@ -22,6 +22,7 @@ struct Maquina {
     Arquivos& arquivos;
     std::ostream& saida;          ///< standard output
     std::ostream& erros;          ///< standard error
+    bool saidaColorida = false;   ///< whether `saida` is a terminal whose user wants colours
     bool errosNoTerminal = false; ///< whether `erros` is a terminal on which a line can be drawn again
     int larguraDoTerminal = 80;   ///< in characters
     std::filesystem::path pastaDoPrograma;

@@ -22,23 +22,9 @@ const char* nomeDo(Desfecho desfecho) {
     return "";
 }
 
-const char* nomeDa(Gravidade gravidade) {
-    switch (gravidade) {
-    case Gravidade::Erro:
-        return "erro";
-    case Gravidade::Ocorrencia:
-        return "ocorrencia";
-    case Gravidade::Estrutural:
-        return "estrutural";
-    case Gravidade::Aviso:
-        return "aviso";
-    }
-    return "";
-}
-
 Json objetoDo(const Achado& achado) {
     Json objeto{{"id", utf8DeTexto(achado.id)},
-                {"gravidade", nomeDa(achado.gravidade)},
+                {"gravidade", utf8DeTexto(nomeDa(achado.gravidade))},
                 {"linha", achado.linha},
                 {"segmento", achado.segmento == 0 ? Json() : Json(utf8DeTexto(VistaTexto(&achado.segmento, 1)))},
                 {"mensagem", utf8DeTexto(achado.mensagem)}};
@@ -52,6 +38,46 @@ Json objetoDo(const Achado& achado) {
     return objeto;
 }
 
+Json textoOuNulo(VistaTexto texto) {
+    return texto.empty() ? Json() : Json(utf8DeTexto(texto));
+}
+
+Json numeroOuNulo(std::int64_t numero) {
+    return numero == 0 ? Json() : Json(numero);
+}
+
+/// A number that was given in digits: it is written as such, if it is not too large for that.
+Json numeroDado(double numero) {
+    constexpr double maisExato = 9'007'199'254'740'992;
+    return numero <= maisExato ? Json(static_cast<std::int64_t>(numero)) : Json(numero);
+}
+
+Json objetoCompletoDo(const Achado& achado) {
+    Json objeto = objetoDo(achado);
+    objeto["n"] = achado.n;
+    objeto["causa"] = numeroOuNulo(achado.causa);
+    objeto["guia"] = numeroOuNulo(achado.guia);
+    objeto["idGuia"] = textoOuNulo(achado.idGuia);
+    objeto["discutido"] = achado.discutido;
+    if (achado.discutido) objeto["motivo"] = utf8DeTexto(achado.motivo);
+    return objeto;
+}
+
+Json objetoDas(const ContagemDeGuias& guias) {
+    return {{"lidas", guias.lidas},
+            {"certas", guias.certas},
+            {"comErro", guias.comErro},
+            {"emParte", guias.emParte},
+            {"naoConferidas", guias.naoConferidas}};
+}
+
+Json listaDas(const std::vector<LugarDaData>& datas) {
+    Json lista = Json::array();
+    for (const LugarDaData& data : datas)
+        lista.push_back({{"formato", utf8DeTexto(data.formato)}, {"posicao", data.posicao}, {"acertos", data.acertos}});
+    return lista;
+}
+
 /// The members of an object, without its braces.
 std::string membros(const Json& objeto) {
     const std::string texto = objeto.dump();
@@ -60,26 +86,66 @@ std::string membros(const Json& objeto) {
 
 } // namespace
 
-void RelatorJson::iniciar(const std::filesystem::path& arquivo, VistaTexto tipo, const std::filesystem::path& log) {
+void RelatorJson::iniciar(const Pedido& pedido, std::optional<double> primeiras, const std::filesystem::path& log) {
     const Json inicio{{"versao", versao},
-                      {"arquivo", utf8DeTexto(textoDoCaminho(arquivo))},
-                      {"tipo", utf8DeTexto(tipo)},
-                      {"log", utf8DeTexto(textoDoCaminho(log))}};
+                      {"arquivo", utf8DeTexto(textoDoCaminho(pedido.nomeArquivo))},
+                      {"tipo", utf8DeTexto(quilatador::nomeDo(pedido.tipoArquivo))},
+                      {"log", utf8DeTexto(textoDoCaminho(log))},
+                      {"programa", {{"nome", "Quilatador de Leiaute"}, {"versao", QUILATADOR_VERSAO}}},
+                      {"opcoes",
+                       {{"comData", pedido.comData},
+                        {"posicao", numeroDado(pedido.PosicaoDataBarra)},
+                        {"formato", utf8DeTexto(pedido.FormatoDataBarra)},
+                        {"primeiras", primeiras ? numeroDado(*primeiras) : Json()}}}};
     saida_ << '{' << membros(inicio) << ",\"achados\":[";
     primeiro_ = true;
+    completa_ = false;
 }
 
 void RelatorJson::achado(const Achado& achado) {
-    saida_ << (primeiro_ ? "" : ",") << objetoDo(achado).dump();
+    saida_ << (primeiro_ ? "" : ",") << (completa_ ? objetoCompletoDo(achado) : objetoDo(achado)).dump();
     primeiro_ = false;
 }
 
-void RelatorJson::terminar(const Resumo& resumo, int situacao) {
-    const Json fim{{"desfecho", nomeDo(resumo.desfecho)},        {"situacao", situacao},
-                   {"descricao", utf8DeTexto(resumo.descricao)}, {"erros", resumo.totalErros},
-                   {"registros", resumo.totalRegistros},         {"guias", resumo.guiasDepuradas},
-                   {"guiasAceitas", resumo.guiasAceitas},        {"guiasRejeitadas", resumo.guiasRejeitadas}};
-    saida_ << "]," << membros(fim) << "}" << std::endl;
+void RelatorJson::terminarRodada(const Resumo& resumo) {
+    const Json fim{{"desfecho", nomeDo(resumo.desfecho)},
+                   {"descricao", utf8DeTexto(resumo.descricao)},
+                   {"erros", resumo.totalErros},
+                   {"registros", resumo.totalRegistros},
+                   {"guias", resumo.guiasDepuradas},
+                   {"guiasAceitas", resumo.guiasAceitas},
+                   {"guiasRejeitadas", resumo.guiasRejeitadas}};
+    saida_ << "]," << membros(fim);
+}
+
+void RelatorJson::iniciarCompleta() {
+    saida_ << ",\"completa\":{\"achados\":[";
+    primeiro_ = true;
+    completa_ = true;
+}
+
+void RelatorJson::terminarCompleta(const ResumoCompleto& completa) {
+    const Json fim{{"descricao", utf8DeTexto(completa.descricao)},
+                   {"registros", completa.registros},
+                   {"guias", objetoDas(completa.guias)},
+                   {"causas", completa.causas},
+                   {"erros", completa.erros},
+                   {"avisos", completa.avisos},
+                   {"discutidos", completa.discutidos},
+                   {"ocorrencias", completa.ocorrencias},
+                   {"parcelas", completa.parcelas},
+                   {"datas", listaDas(completa.datas)}};
+    const Json doArquivo{{"sha256", completa.sha256.empty() ? Json() : Json(completa.sha256)},
+                         {"parcial", completa.parcial()}};
+    saida_ << "]," << membros(fim) << "}," << membros(doArquivo);
+}
+
+void RelatorJson::semCompleta() {
+    saida_ << ',' << membros({{"completa", nullptr}, {"sha256", nullptr}, {"parcial", true}});
+}
+
+void RelatorJson::terminar(int situacao) {
+    saida_ << ',' << membros({{"situacao", situacao}}) << '}' << std::endl;
 }
 
 } // namespace quilatador

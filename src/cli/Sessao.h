@@ -31,6 +31,8 @@ class Sessao {
     [[nodiscard]] TipoArquivo tipoDe(const std::filesystem::path& arquivo) const;
     /// Writes a message to standard error, as all messages of the display.
     void dizer(VistaTexto mensagem);
+    /// Takes the progress off the terminal, so that standard output can be written to in the middle of it.
+    void limparTela() { painel_.apagar(); }
 
   private:
     const Argumentos& argumentos_;

@@ -1,12 +1,10 @@
 #include "cli/TextosDoResumo.h"
 
+#include "frontend/TextosDaConferencia.h"
+
 namespace quilatador {
 
 namespace {
-
-Texto contagem(std::int64_t numero, VistaTexto singular, VistaTexto plural) {
-    return junta(textoDe(numero), " "_t, numero == 1 ? singular : plural);
-}
 
 Texto contarErros(std::int64_t erros) {
     return contagem(erros, "erro"_t, "erros"_t);
@@ -18,17 +16,18 @@ Texto contarOcorrencias(std::int64_t registros) {
 
 /// How many slips were read, and of which of them the content was checked: the last one alone, and not even that one
 /// where the trailer was not reached.
-Texto guiasDe(const Resumo& resumo) {
+Texto guiasDe(const Resumo& resumo, bool completa) {
     const Texto lidas = contagem(resumo.guiasDepuradas, "guia lida"_t, "guias lidas"_t);
     const bool algumaConferida = resumo.guiasAceitas + resumo.guiasRejeitadas > 0;
     if (!algumaConferida) return junta(lidas, "; nenhuma teve o conteúdo conferido"_t);
-    return resumo.guiasDepuradas == 1 ? lidas : junta(lidas, "; só a última teve o conteúdo conferido"_t);
+    if (resumo.guiasDepuradas == 1) return lidas;
+    return junta(lidas, "; só a última teve o conteúdo conferido"_t, completa ? ""_t : " (--completa confere todas)"_t);
 }
 
-Texto achadosDe(TipoArquivo tipo, const Resumo& resumo) {
+Texto achadosDe(TipoArquivo tipo, const Resumo& resumo, bool completa) {
     switch (tipo) {
     case TipoArquivo::ZUL702:
-        return junta(contarErros(resumo.totalErros), "; "_t, guiasDe(resumo));
+        return junta(contarErros(resumo.totalErros), "; "_t, guiasDe(resumo, completa));
     case TipoArquivo::ZUL708:
         return contarOcorrencias(resumo.totalErros);
     case TipoArquivo::TAV001:
@@ -37,10 +36,10 @@ Texto achadosDe(TipoArquivo tipo, const Resumo& resumo) {
     return {};
 }
 
-Texto fimDe(TipoArquivo tipo, const Resumo& resumo) {
+Texto fimDe(TipoArquivo tipo, const Resumo& resumo, bool completa) {
     switch (resumo.desfecho) {
     case Desfecho::Concluida:
-        return achadosDe(tipo, resumo);
+        return achadosDe(tipo, resumo, completa);
     case Desfecho::Cancelada:
         return Texto("análise cancelada"_t);
     case Desfecho::Falhou:
@@ -55,8 +54,8 @@ Texto fimDe(TipoArquivo tipo, const Resumo& resumo) {
 
 } // namespace
 
-Texto textoDoResumo(TipoArquivo tipo, const Resumo& resumo) {
-    const Texto fim = fimDe(tipo, resumo);
+Texto textoDoResumo(TipoArquivo tipo, const Resumo& resumo, bool completa) {
+    const Texto fim = fimDe(tipo, resumo, completa);
     return resumo.descricao.empty() ? fim : junta(fim, ": "_t, resumo.descricao);
 }
 
@@ -67,9 +66,10 @@ void Totais::somar(TipoArquivo tipo, const Resumo& resumo) noexcept {
     if (resumo.desfecho == Desfecho::Cancelada) ++cancelados_;
 }
 
-Texto Totais::texto(std::size_t arquivos) const {
+Texto Totais::texto(std::size_t arquivos, bool completa) const {
     const std::size_t naoAnalisados = arquivos - semAchados_ - comAchados_ - comParada_ - cancelados_;
-    Texto linha = junta("Total de "_t, textoDe(static_cast<long long>(arquivos)), " arquivos: "_t, contarErros(erros_));
+    Texto linha = junta("Total de "_t, textoDe(static_cast<long long>(arquivos)),
+                        completa ? " arquivos, pelos logs: "_t : " arquivos: "_t, contarErros(erros_));
     if (ocorrencias_ > 0) linha += junta(", "_t, contarOcorrencias(ocorrencias_));
     const auto somarFim = [&](std::size_t quantos, VistaTexto singular, VistaTexto plural) {
         if (quantos > 0) linha += junta("; "_t, contagem(static_cast<std::int64_t>(quantos), singular, plural));

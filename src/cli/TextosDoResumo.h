@@ -9,15 +9,17 @@
 namespace quilatador {
 
 /// What the summary says of one file: what was found and what was checked, or how far the analysis came and why.
-[[nodiscard]] Texto textoDoResumo(TipoArquivo tipo, const Resumo& resumo);
+/// `completa` tells whether a complete check follows; without it, the user is told how to get one.
+[[nodiscard]] Texto textoDoResumo(TipoArquivo tipo, const Resumo& resumo, bool completa);
 
 /// Counts the files of one command line by the ways in which their analyses ended.
 class Totais {
   public:
     /// Adds a file.
     void somar(TipoArquivo tipo, const Resumo& resumo) noexcept;
-    /// The line of the totals. Of `arquivos` files, those that were not added are counted as not analysed.
-    [[nodiscard]] Texto texto(std::size_t arquivos) const;
+    /// The line of the totals. Of `arquivos` files, those that were not added are counted as not analysed. With a
+    /// complete check it says that the totals are those of the logs.
+    [[nodiscard]] Texto texto(std::size_t arquivos, bool completa) const;
 
   private:
     std::size_t semAchados_ = 0;

@@ -27,6 +27,7 @@ int main(int argc, char** argv) {
                                                   .arquivos = arquivos,
                                                   .saida = std::cout,
                                                   .erros = std::cerr,
+                                                  .saidaColorida = temCores(Fluxo::Padrao),
                                                   .errosNoTerminal = redesenha(Fluxo::Erro),
                                                   .larguraDoTerminal = larguraDoTerminal(Fluxo::Erro),
                                                   .pastaDoPrograma = pastaDoPrograma(),

@@ -4,9 +4,11 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace quilatador {
@@ -57,6 +59,31 @@ class ArquivoSaida {
     virtual void fechar() = 0;
 };
 
+/// A file that comes into being as a whole: what is written waits under another name in the folder of its destination
+/// until `confirmar` puts it in place of what was there. Before that, or where it fails, the destination stays as it
+/// was, and the destructor removes what was written. A device or a pipe cannot be replaced, and is written at once.
+class ArquivoProvisorio {
+  public:
+    virtual ~ArquivoProvisorio() = default;
+    /// Writes all the bytes, in whatever encoding they are. Raises the failures of `ArquivoSaida::escrever`.
+    virtual void escrever(std::string_view bytes) = 0;
+    /// Stores what was written and puts it in its place, for readers in a single step. To be called once, as the last
+    /// operation. Raises `Falha` 61 when the disk is full, 57 when the device fails, and those of
+    /// `Arquivos::criarSaida` when the place can no longer be taken.
+    virtual void confirmar() = 0;
+};
+
+/// The SHA-256 of a file, which is made beside everything else from the moment on that this object exists. The
+/// destructor gives it up.
+class SomaDoArquivo {
+  public:
+    virtual ~SomaDoArquivo() = default;
+    /// Waits for the sum and returns it as 64 lower-case hexadecimal digits; "" when the file cannot be read or is
+    /// changed meanwhile. While it waits it asks `desistencia`, if there is one, several times a second whether to stop
+    /// waiting, and then returns "".
+    [[nodiscard]] virtual std::string hexadecimal(const std::function<bool()>& desistencia) = 0;
+};
+
 /// The file system. Everything that a run reads or writes goes through this interface.
 class Arquivos {
   public:
@@ -67,6 +94,12 @@ class Arquivos {
     /// Creates a file for writing, or empties an existing one. Raises the same failures, 55 when somebody else is
     /// writing to it (it then stays as it is), and 61 when the disk is full.
     [[nodiscard]] virtual std::unique_ptr<ArquivoSaida> criarSaida(const std::filesystem::path& caminho) = 0;
+    /// Starts a file that is to replace another, or to be new, only once it is complete. Through a link it replaces the
+    /// file that the link leads to. Raises the failures of `criarSaida`; 70 also where the folder takes no new file.
+    [[nodiscard]] virtual std::unique_ptr<ArquivoProvisorio> criarProvisorio(const std::filesystem::path& caminho) = 0;
+    /// Starts to sum a file, which it opens for itself. Never fails: see `SomaDoArquivo`. This object must outlive the
+    /// sum.
+    [[nodiscard]] virtual std::unique_ptr<SomaDoArquivo> somar(const std::filesystem::path& caminho) = 0;
     /// Whether a file or folder with this name exists.
     [[nodiscard]] virtual bool existe(const std::filesystem::path& caminho) const = 0;
     /// Whether this is the name of an existing folder.

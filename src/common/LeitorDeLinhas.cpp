@@ -128,6 +128,7 @@ std::optional<VistaTexto> LeitorDeLinhas::terminarEm(std::size_t fimDaLinha) {
         saltarLF_ = false;
     }
     if (marca == fimDeArquivo) {
+        terminouEmCtrlZ_ = true;
         acabou_ = true;
         inicio_ = fim_;
         if (linha.empty()) return std::nullopt;

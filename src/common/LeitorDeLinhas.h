@@ -29,6 +29,8 @@ class LeitorDeLinhas {
     /// The next line without its end mark, valid until the next call; nothing at the end of the file. Raises the
     /// failures of `ArquivoEntrada::ler`.
     [[nodiscard]] std::optional<VistaTexto> proxima();
+    /// Whether the lines have ended at a Ctrl-Z.
+    [[nodiscard]] bool terminouEmCtrlZ() const noexcept { return terminouEmCtrlZ_; }
     /// The state of the file at this moment; see `ArquivoEntrada::versao`.
     [[nodiscard]] VersaoDoArquivo versao() const noexcept { return arquivo_->versao(); }
 
@@ -47,6 +49,7 @@ class LeitorDeLinhas {
     std::size_t inicio_ = 0; ///< start of the bytes that have not been returned yet
     std::size_t fim_ = 0;
     std::size_t tamanhoAnterior_ = 0;
+    bool terminouEmCtrlZ_ = false;
     bool acabou_ = false;   ///< the file has no more bytes to give
     bool saltarLF_ = false; ///< the last line ended in a CR, and the LF that belongs to it may still follow
     bool cortada_ = false;  ///< the last line was too long, and its rest follows

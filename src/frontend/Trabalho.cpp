@@ -51,19 +51,24 @@ Resumo Trabalho::analisar(Rodada& rodada, const Pedido& pedido) {
     case TipoArquivo::ZUL702:
         break;
     }
-    return depurar(rodada, pedido);
+    prepararDepurador(pedido);
+    return depurador_->depurar(rodada);
 }
 
-ResumoCompleto Trabalho::conferirTudo(const Rodada& /*rodada*/, const Pedido& /*pedido*/,
-                                      std::span<Relator* const> /*ouvintes*/) {
-    return {};
+ResumoCompleto Trabalho::conferirTudo(const Rodada& rodada, const Pedido& pedido, std::span<Relator* const> ouvintes) {
+    if (pedido.tipoArquivo != TipoArquivo::ZUL702) return {};
+    prepararDepurador(pedido);
+    return depurador_->conferirTudo({.arquivo = pedido.nomeArquivo,
+                                     .versao = rodada.versaoDaEntrada(),
+                                     .primeiras = ambiente_.painel.primeirasGuias()},
+                                    ouvintes);
 }
 
-Resumo Trabalho::depurar(Rodada& rodada, const Pedido& pedido) {
+/// Creates the validator for the first remittance, and gives it the choices of this one.
+void Trabalho::prepararDepurador(const Pedido& pedido) {
     if (!depurador_) depurador_ = std::make_unique<Depurador>(ambiente_, globais_, cancelado_);
     if (pedido.comData) depurador_->FormatoDataBarra = pedido.FormatoDataBarra;
     depurador_->PosicaoDataBarra = pedido.comData ? Valor(pedido.PosicaoDataBarra).paraInteiro() : std::int16_t{0};
-    return depurador_->depurar(rodada);
 }
 
 } // namespace quilatador

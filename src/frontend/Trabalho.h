@@ -47,7 +47,7 @@ class Trabalho {
                                               std::span<Relator* const> ouvintes);
 
   private:
-    Resumo depurar(Rodada& rodada, const Pedido& pedido);
+    void prepararDepurador(const Pedido& pedido);
 
     Ambiente& ambiente_;
     modVariaveis& globais_;

@@ -107,10 +107,11 @@ const RegistroRemessa& ArquivoRemessa::avancar(bool lerCampos) {
     return *emMaos_;
 }
 
-const RegistroRemessa* ArquivoRemessa::adotarLinha(VistaTexto linha) {
+const RegistroRemessa* ArquivoRemessa::adotarLinha(VistaTexto linha, std::int64_t lugar) {
     const auto tipo = reconhecer(linha);
     if (!tipo) return nullptr;
     tipos_[*tipo]->linha(linha);
+    tipos_[*tipo]->lugar(lugar);
     return tipos_[*tipo].get();
 }
 

@@ -1,6 +1,11 @@
 #include "platform/ArquivosDoSistema.h"
 
 #include "platform/FalhaDeArquivo.h"
+#include "platform/SomaDoSistema.h"
+
+#include <cerrno>
+#include <random>
+#include <utility>
 
 namespace quilatador {
 
@@ -15,7 +20,51 @@ std::filesystem::path pastaDe(const std::filesystem::path& caminho) {
     return pasta.empty() ? std::filesystem::path(".") : pasta;
 }
 
+/// The name that a name leads to, be there a file or not. Raises `Falha` 75 for a ring of links.
+std::filesystem::path semLigacoes(std::filesystem::path caminho) {
+    for (int ligacoes = 0; ligacoes <= maisLigacoes; ++ligacoes) {
+        std::error_code semLigacao;
+        const std::filesystem::path ligada = std::filesystem::read_symlink(caminho, semLigacao);
+        if (semLigacao) return caminho;
+        caminho = pastaDe(caminho) / ligada;
+    }
+    throw falhaDeArquivo(ELOOP);
+}
+
+/// What cannot be replaced, and is only written.
+class SemProvisorio final : public ArquivoProvisorio {
+  public:
+    explicit SemProvisorio(std::unique_ptr<ArquivoSaida> saida) : saida_(std::move(saida)) {}
+
+    void escrever(std::string_view bytes) override { saida_->escrever(bytes); }
+    void confirmar() override { saida_->fechar(); }
+
+  private:
+    std::unique_ptr<ArquivoSaida> saida_;
+};
+
 } // namespace
+
+/// Some links, as /dev/stdout on Linux, lead where their text does not: what they lead to has no name to be replaced
+/// by.
+std::unique_ptr<ArquivoProvisorio> ArquivosDoSistema::criarProvisorio(const std::filesystem::path& caminho) {
+    if (!nomePossivel(caminho)) throw falhaDeArquivo(EINVAL);
+    const std::filesystem::path alvo = semLigacoes(caminho);
+    const auto existente = versao(caminho);
+    std::error_code erro;
+    const bool trocavel = !existente || (existente == versao(alvo) && std::filesystem::is_regular_file(alvo, erro));
+    if (trocavel) return criarAoLado(alvo);
+    return std::make_unique<SemProvisorio>(criarSaida(caminho));
+}
+
+std::filesystem::path ArquivosDoSistema::nomeAoLado(const std::filesystem::path& alvo) {
+    std::random_device sorteio;
+    return alvo.parent_path() / (".quilatador-" + std::to_string(sorteio()) + std::to_string(sorteio()) + ".tmp");
+}
+
+std::unique_ptr<SomaDoArquivo> ArquivosDoSistema::somar(const std::filesystem::path& caminho) {
+    return std::make_unique<SomaDoSistema>(*this, caminho);
+}
 
 bool ArquivosDoSistema::existe(const std::filesystem::path& caminho) const {
     std::error_code erro;

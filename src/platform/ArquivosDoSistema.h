@@ -19,6 +19,10 @@ class ArquivosDoSistema final : public Arquivos {
     /// and loses its content only when this object alone may write to it (`Falha` 55 if another one still does). A
     /// write-protected file stays as it is: `Falha` 70.
     [[nodiscard]] std::unique_ptr<ArquivoSaida> criarSaida(const std::filesystem::path& caminho) override;
+    /// The new file has the permissions of the one that it replaces, and its owner and group where the user may give
+    /// them; other hard links still lead to the old one. A write-protected file stays as it is: `Falha` 70.
+    [[nodiscard]] std::unique_ptr<ArquivoProvisorio> criarProvisorio(const std::filesystem::path& caminho) override;
+    [[nodiscard]] std::unique_ptr<SomaDoArquivo> somar(const std::filesystem::path& caminho) override;
     [[nodiscard]] bool existe(const std::filesystem::path& caminho) const override;
     [[nodiscard]] bool ehPasta(const std::filesystem::path& caminho) const override;
     [[nodiscard]] std::uint64_t tamanho(const std::filesystem::path& caminho) const override;
@@ -29,6 +33,10 @@ class ArquivosDoSistema final : public Arquivos {
   private:
     /// The name as this system compares it with another.
     [[nodiscard]] static std::filesystem::path comparavel(const std::filesystem::path& nome);
+    /// `criarProvisorio` for a regular file, or one that does not exist yet, whose name is no link.
+    [[nodiscard]] static std::unique_ptr<ArquivoProvisorio> criarAoLado(const std::filesystem::path& alvo);
+    /// A name that nothing has, in the folder of `alvo` and so in the same file system.
+    [[nodiscard]] static std::filesystem::path nomeAoLado(const std::filesystem::path& alvo);
 };
 
 } // namespace quilatador

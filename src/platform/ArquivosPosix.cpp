@@ -24,12 +24,14 @@ auto semInterrupcao(Chamada chamada) {
     return resultado;
 }
 
+constexpr mode_t permissoesUsuais = 0666; // minus what the user's umask removes
+
 class Descritor {
   public:
-    /// Opens with `modo`, without waiting for the other end of a pipe. `Falha` as in `Arquivos`.
-    Descritor(const std::filesystem::path& caminho, int modo) {
+    /// Opens with `modo`, without waiting for the other end of a pipe; a file that this creates gets `permissoes`.
+    /// `Falha` as in `Arquivos`.
+    Descritor(const std::filesystem::path& caminho, int modo, mode_t permissoes = permissoesUsuais) {
         if (!nomePossivel(caminho)) throw falhaDeArquivo(EINVAL);
-        constexpr mode_t permissoes = 0666; // minus what the user's umask removes
         const int opcoes = modo | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
         numero_ = semInterrupcao([&] { return ::open(caminho.c_str(), opcoes, permissoes); });
         if (numero_ < 0) throw falhaDeArquivo(errno);
@@ -46,6 +48,20 @@ class Descritor {
         struct stat dados {};
         if (::fstat(numero_, &dados) != 0) throw falhaDeArquivo(errno);
         return dados;
+    }
+
+    /// Keeps other runs from writing to the file. A file system without locks keeps nobody apart, and is not refused
+    /// for that.
+    void trancar() const {
+        const bool livre = semInterrupcao([&] { return ::flock(numero_, LOCK_EX | LOCK_NB); }) == 0;
+        if (!livre && errno == EWOULDBLOCK) throw falhaDeArquivo(errno);
+    }
+
+    /// Writes as many bytes as the system takes at once, and returns their number.
+    [[nodiscard]] std::size_t escrever(std::string_view bytes) const {
+        const auto quantos = semInterrupcao([&] { return ::write(numero_, bytes.data(), bytes.size()); });
+        if (quantos < 0) throw falhaDeTransferencia(errno);
+        return static_cast<std::size_t>(quantos);
     }
 
     void fechar() {
@@ -115,7 +131,7 @@ class SaidaPosix final : public ArquivoSaida {
         const struct stat situacao = descritor_.situacao();
         ::fcntl(descritor_.numero(), F_SETFL, 0); // opening must not wait, but writing to a full pipe must
         if (!S_ISREG(situacao.st_mode)) return;
-        trancar();
+        descritor_.trancar();
         if (situacao.st_size > bytesDaSobra) cortar(bytesDaSobra);
         sobra_ = situacao.st_size > 0;
     }
@@ -127,11 +143,9 @@ class SaidaPosix final : public ArquivoSaida {
 
     void escrever(std::string_view bytes) override {
         while (!bytes.empty()) {
-            const auto quantos =
-                semInterrupcao([&] { return ::write(descritor_.numero(), bytes.data(), bytes.size()); });
-            if (quantos < 0) throw falhaDeTransferencia(errno);
+            const std::size_t quantos = descritor_.escrever(bytes);
             if (quantos > 0) sobra_ = false;
-            bytes.remove_prefix(static_cast<std::size_t>(quantos));
+            bytes.remove_prefix(quantos);
         }
     }
 
@@ -146,11 +160,6 @@ class SaidaPosix final : public ArquivoSaida {
     /// takes longer than the analysis.
     static constexpr off_t bytesDaSobra = 1;
 
-    /// A file system without locks keeps nobody apart, and is not refused for that.
-    void trancar() const {
-        const bool livre = semInterrupcao([&] { return ::flock(descritor_.numero(), LOCK_EX | LOCK_NB); }) == 0;
-        if (!livre && errno == EWOULDBLOCK) throw falhaDeArquivo(errno);
-    }
     void cortar(off_t bytes) const {
         if (semInterrupcao([&] { return ::ftruncate(descritor_.numero(), bytes); }) != 0)
             throw falhaDeTransferencia(errno);
@@ -158,6 +167,66 @@ class SaidaPosix final : public ArquivoSaida {
 
     Descritor descritor_;
     bool sobra_ = false; ///< whether `bytesDaSobra` still stand there
+};
+
+/// The file that is replaced stays open and locked, so that no other run writes to what is about to go.
+class ProvisorioPosix final : public ArquivoProvisorio {
+  public:
+    ProvisorioPosix(std::filesystem::path alvo, std::filesystem::path provisorio)
+        : alvo_(std::move(alvo)), provisorio_(std::move(provisorio)), anterior_(abrirAnterior(alvo_)) {
+        constexpr mode_t soDoDono = 0600; // until it has those of the one before
+        const auto situacao = anterior_ ? std::optional(anterior_->situacao()) : std::nullopt;
+        descritor_.emplace(provisorio_, O_WRONLY | O_CREAT | O_EXCL, situacao ? soDoDono : permissoesUsuais);
+        if (situacao) herdar(*situacao);
+    }
+    ProvisorioPosix(const ProvisorioPosix&) = delete;
+    ProvisorioPosix& operator=(const ProvisorioPosix&) = delete;
+    ~ProvisorioPosix() override {
+        if (!provisorio_.empty()) ::unlink(provisorio_.c_str());
+    }
+
+    void escrever(std::string_view bytes) override {
+        while (!bytes.empty())
+            bytes.remove_prefix(descritor_->escrever(bytes));
+    }
+
+    /// Without `fsync` the name could reach the disk before the bytes do.
+    void confirmar() override {
+        const bool guardado = semInterrupcao([&] { return ::fsync(descritor_->numero()); }) == 0;
+        if (!guardado && errno != EINVAL) throw falhaDeTransferencia(errno);
+        descritor_->fechar();
+        if (::rename(provisorio_.c_str(), alvo_.c_str()) != 0) throw falhaDeArquivo(errno);
+        provisorio_.clear();
+    }
+
+  private:
+    /// Finds what would keep the file from its place before anything is written.
+    static std::optional<Descritor> abrirAnterior(const std::filesystem::path& alvo) {
+        struct stat situacao {};
+        if (::stat(alvo.c_str(), &situacao) != 0) {
+            if (errno != ENOENT) throw falhaDeArquivo(errno);
+            return std::nullopt;
+        }
+        Descritor anterior(alvo, O_WRONLY);
+        anterior.trancar();
+        return anterior;
+    }
+
+    /// Rights that were given to a group are not given to another one.
+    void herdar(const struct stat& anterior) const {
+        constexpr auto oMesmoDono = static_cast<uid_t>(-1);
+        constexpr mode_t permissoesDeTodos = 0777;
+        constexpr mode_t permissoesSemGrupo = 0707;
+        const int numero = descritor_->numero();
+        const bool noGrupo = ::fchown(numero, anterior.st_uid, anterior.st_gid) == 0 ||
+                             ::fchown(numero, oMesmoDono, anterior.st_gid) == 0;
+        ::fchmod(numero, anterior.st_mode & (noGrupo ? permissoesDeTodos : permissoesSemGrupo));
+    }
+
+    std::filesystem::path alvo_;
+    std::filesystem::path provisorio_; ///< empty as soon as the file is in its place
+    std::optional<Descritor> anterior_;
+    std::optional<Descritor> descritor_;
 };
 
 bool ehNulo(const struct stat& situacao) noexcept {
@@ -182,6 +251,10 @@ std::unique_ptr<ArquivoEntrada> ArquivosDoSistema::abrirEntrada(const std::files
 
 std::unique_ptr<ArquivoSaida> ArquivosDoSistema::criarSaida(const std::filesystem::path& caminho) {
     return std::make_unique<SaidaPosix>(abrirParaGravar(caminho));
+}
+
+std::unique_ptr<ArquivoProvisorio> ArquivosDoSistema::criarAoLado(const std::filesystem::path& alvo) {
+    return std::make_unique<ProvisorioPosix>(alvo, nomeAoLado(alvo));
 }
 
 std::optional<VersaoDoArquivo> ArquivosDoSistema::versao(const std::filesystem::path& caminho) const {

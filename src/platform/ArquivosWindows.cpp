@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cwchar>
+#include <fcntl.h>
 #include <io.h>
 #include <share.h>
 #include <sys/stat.h>
@@ -80,19 +81,92 @@ class EntradaWindows final : public ArquivoEntrada {
     Canal canal_;
 };
 
+void escreverNo(const Canal& canal, std::string_view bytes) {
+    if (std::fwrite(bytes.data(), 1, bytes.size(), canal.get()) != bytes.size()) throw falhaDeTransferencia(errno);
+}
+
+void fecharCanal(Canal& canal) {
+    if (canal && std::fclose(canal.release()) != 0) throw falhaDeTransferencia(errno);
+}
+
 class SaidaWindows final : public ArquivoSaida {
   public:
     explicit SaidaWindows(Canal canal) : canal_(std::move(canal)) {}
 
-    void escrever(std::string_view bytes) override {
-        if (std::fwrite(bytes.data(), 1, bytes.size(), canal_.get()) != bytes.size()) throw falhaDeTransferencia(errno);
+    void escrever(std::string_view bytes) override { escreverNo(canal_, bytes); }
+    void fechar() override { fecharCanal(canal_); }
+
+  private:
+    Canal canal_;
+};
+
+/// Creates a file that does not exist yet, and that nobody else can open meanwhile.
+Canal criarNovo(const std::filesystem::path& caminho) {
+    int numero = -1;
+    const errno_t erro = _wsopen_s(&numero, caminho.c_str(), _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY | _O_NOINHERIT,
+                                   _SH_DENYRW, _S_IREAD | _S_IWRITE);
+    if (erro != 0) throw falhaDeArquivo(erro);
+    Canal canal(_wfdopen(numero, L"wb"));
+    if (!canal) {
+        _close(numero);
+        throw falhaDeArquivo(EMFILE);
+    }
+    std::setvbuf(canal.get(), nullptr, _IONBF, 0);
+    return canal;
+}
+
+Falha falhaDaTroca(DWORD erro) {
+    switch (erro) {
+    case ERROR_SHARING_VIOLATION:
+    case ERROR_LOCK_VIOLATION:
+    case ERROR_UNABLE_TO_REMOVE_REPLACED:
+        return falhaDeArquivo(EBUSY);
+    case ERROR_ACCESS_DENIED:
+        return falhaDeArquivo(EACCES);
+    case ERROR_DISK_FULL:
+        return falhaDeArquivo(ENOSPC);
+    default:
+        return falhaDeArquivo(EIO);
+    }
+}
+
+class ProvisorioWindows final : public ArquivoProvisorio {
+  public:
+    ProvisorioWindows(std::filesystem::path alvo, std::filesystem::path provisorio)
+        : alvo_(std::move(alvo)), provisorio_(std::move(provisorio)) {
+        if (existeAlvo()) abrir(alvo_, L"r+bN", _SH_DENYWR); // fails now rather than when all is written
+        canal_ = criarNovo(provisorio_);
+    }
+    ProvisorioWindows(const ProvisorioWindows&) = delete;
+    ProvisorioWindows& operator=(const ProvisorioWindows&) = delete;
+    ~ProvisorioWindows() override {
+        canal_.reset(); // an open file cannot be removed
+        if (!provisorio_.empty()) DeleteFileW(provisorio_.c_str());
     }
 
-    void fechar() override {
-        if (canal_ && std::fclose(canal_.release()) != 0) throw falhaDeTransferencia(errno);
+    void escrever(std::string_view bytes) override { escreverNo(canal_, bytes); }
+
+    void confirmar() override {
+        if (_commit(_fileno(canal_.get())) != 0) throw falhaDeTransferencia(errno);
+        fecharCanal(canal_);
+        if (!trocar()) throw falhaDaTroca(GetLastError());
+        provisorio_.clear();
     }
 
   private:
+    [[nodiscard]] bool existeAlvo() const { return GetFileAttributesW(alvo_.c_str()) != INVALID_FILE_ATTRIBUTES; }
+
+    /// `ReplaceFileW` keeps the rights and attributes of the file that it replaces, but not every file system has it.
+    [[nodiscard]] bool trocar() const {
+        constexpr DWORD comoForPossivel = REPLACEFILE_IGNORE_MERGE_ERRORS;
+        if (existeAlvo() &&
+            ReplaceFileW(alvo_.c_str(), provisorio_.c_str(), nullptr, comoForPossivel, nullptr, nullptr))
+            return true;
+        return MoveFileExW(provisorio_.c_str(), alvo_.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+    }
+
+    std::filesystem::path alvo_;
+    std::filesystem::path provisorio_; ///< empty as soon as the file is in its place
     Canal canal_;
 };
 
@@ -108,6 +182,10 @@ std::unique_ptr<ArquivoEntrada> ArquivosDoSistema::abrirEntrada(const std::files
 
 std::unique_ptr<ArquivoSaida> ArquivosDoSistema::criarSaida(const std::filesystem::path& caminho) {
     return std::make_unique<SaidaWindows>(abrir(caminho, L"wbN", _SH_DENYWR));
+}
+
+std::unique_ptr<ArquivoProvisorio> ArquivosDoSistema::criarAoLado(const std::filesystem::path& alvo) {
+    return std::make_unique<ProvisorioWindows>(alvo, nomeAoLado(alvo));
 }
 
 std::optional<VersaoDoArquivo> ArquivosDoSistema::versao(const std::filesystem::path& caminho) const {

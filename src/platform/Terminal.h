@@ -9,6 +9,9 @@ enum class Fluxo { Padrao, Erro };
 /// sequences for that. From now on it does so on systems where it has to be asked first.
 [[nodiscard]] bool redesenha(Fluxo fluxo);
 
+/// Whether a text may be coloured there: on such a terminal, unless the user has put something into NO_COLOR.
+[[nodiscard]] bool temCores(Fluxo fluxo);
+
 /// The width of that terminal in characters; 80 if it is no terminal or does not tell.
 [[nodiscard]] int larguraDoTerminal(Fluxo fluxo);
 

@@ -15,6 +15,21 @@ enum class Gravidade {
     Aviso       ///< only of a complete check: something that no rule forbids, and that deserves a look all the same
 };
 
+/// The name of a gravity for other programs, which stays as it is.
+[[nodiscard]] constexpr VistaTexto nomeDa(Gravidade gravidade) noexcept {
+    switch (gravidade) {
+    case Gravidade::Erro:
+        return "erro"_t;
+    case Gravidade::Ocorrencia:
+        return "ocorrencia"_t;
+    case Gravidade::Estrutural:
+        return "estrutural"_t;
+    case Gravidade::Aviso:
+        return "aviso"_t;
+    }
+    return {};
+}
+
 /// The field that a finding is about. Positions in the line are 1-based and inclusive.
 struct CampoDoAchado {
     Texto nome;

@@ -25,6 +25,10 @@ class PercursoDeLinhas {
     /// The next line, valid until the next call; nothing at the end of the file and once the user has cancelled. Raises
     /// the failures of `ArquivoEntrada::ler`.
     [[nodiscard]] std::optional<VistaTexto> proxima();
+    /// The state of the file when it was opened.
+    [[nodiscard]] const VersaoDoArquivo& versao() const noexcept { return versao_; }
+    /// Whether the lines ended at a Ctrl-Z (1A hex), behind which nothing is read.
+    [[nodiscard]] bool terminouEmCtrlZ() const noexcept { return leitor_.terminouEmCtrlZ(); }
     /// How many lines have been read: the number of the last one, 1-based.
     [[nodiscard]] std::int64_t lidas() const noexcept { return progresso_.registroAtual; }
     /// Ends the phase. Returns false if the user has cancelled, so that what was read is not all. Raises `Falha` 65

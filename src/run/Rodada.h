@@ -86,6 +86,8 @@ class Rodada {
     [[nodiscard]] const std::filesystem::path& nomeArquivoLog() const noexcept { return nomeArquivoLog_; }
     /// Whether `executar` has written the whole log.
     [[nodiscard]] bool logGravado() const noexcept { return logGravado_; }
+    /// The state of the input when it was opened first; nothing if it never was.
+    [[nodiscard]] const std::optional<VersaoDoArquivo>& versaoDaEntrada() const noexcept { return versao_; }
     [[nodiscard]] Ambiente& ambiente() noexcept { return ambiente_; }
     [[nodiscard]] Painel& painel() noexcept { return ambiente_.painel; }
     /// The date of the run, which stays the same even when the run goes past midnight.

@@ -56,6 +56,22 @@ bool Conferencia::temBase(char letra) {
     return !apontador_.falta(fundamentos_.back());
 }
 
+bool Conferencia::temBase(char letra, const RegistrosGuardados& aceitos,
+                          std::initializer_list<VistaTexto> nomesDosCampos) {
+    if (!completa_) return true;
+    if (!aceitos.temTipo()) return temBase(letra);
+    bool tem = true;
+    const auto apoiarEm = [&](VistaTexto nome) {
+        const auto indice = aceitos.tipo().indiceDoCampo(nome);
+        if (!indice) return;
+        fundamentos_.push_back({.letra = letra, .campo = aceitos.tipo().campos()[*indice]->inicio()});
+        tem = tem && !apontador_.falta(fundamentos_.back());
+    };
+    std::ranges::for_each(nomesDosCampos, apoiarEm);
+    apoiarEm("IDRegistro"_t);
+    return tem;
+}
+
 void Conferencia::apoiarNoRegistro() {
     if (completa_) fundamentos_.push_back({.letra = segmento_, .campo = 0, .linha = registro_.lugar()});
 }

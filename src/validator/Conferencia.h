@@ -3,7 +3,9 @@
 #include "common/Falha.h"
 #include "layout/RegistroRemessa.h"
 #include "validator/Apontador.h"
+#include "validator/RegistrosGuardados.h"
 
+#include <initializer_list>
 #include <optional>
 #include <vector>
 
@@ -86,6 +88,9 @@ class Conferencia {
     /// because that is missing or could not be read; the run of a log never does.
     bool temBase(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo);
     bool temBase(char letra);
+    /// The same for what tells the records of a segment apart, so that one of them may be missing: these fields of the
+    /// accepted ones, and their "IDRegistro".
+    bool temBase(char letra, const RegistrosGuardados& aceitos, std::initializer_list<VistaTexto> nomesDosCampos);
     void apoiar(VistaTexto nomeCampo) { static_cast<void>(temBase(registro_, segmento_, nomeCampo)); }
     /// Notes that the step rests on all fields of this record.
     void apoiarNoRegistro();

@@ -1,10 +1,8 @@
 #include "validator/Conteudo.h"
 
-#include "common/modDepuracao.h"
 #include "validator/checks/Guia.h"
+#include "validator/checks/Registros.h"
 #include "validator/checks/SegmentosABC.h"
-#include "validator/checks/SegmentosDEF.h"
-#include "validator/checks/SegmentosGKL.h"
 
 namespace quilatador {
 
@@ -31,9 +29,10 @@ bool Conteudo::verificar() {
         if (rodada_.cancelada()) return false;
         if (registro.linha().empty()) return true;
         irParaRegistro(progresso, progresso.registroAtual + 1);
-        verificarCaracteres(registro);
+        const char letra = leitor_.letra();
+        verificarCaracteres(registro, letra);
         rodada_.painel().avancar(progresso);
-        if (!verificarRegistro(registro, leitor_.letra())) return true;
+        if (!verificarRegistro(registro, letra)) return true;
     }
 }
 
@@ -41,13 +40,11 @@ void Conteudo::verificarHeader() {
     const RegistroRemessa& header = leitor_.ler();
     definicao_.registroA = header.copia();
     verificarSegmentoA(apontador_, definicao_);
-    verificarCaracteres(header);
+    verificarCaracteres(header, leitor_.letra());
 }
 
-void Conteudo::verificarCaracteres(const RegistroRemessa& registro) {
-    const Texto especiais = modDepuracao::caracteresEspeciais(registro.linha());
-    if (especiais.empty()) return;
-    escreverErro("linha.caracteresEspeciais"_t, junta("Caracteres especiais não permitidos! "_t, especiais));
+void Conteudo::verificarCaracteres(const RegistroRemessa& registro, char letra) {
+    quilatador::verificarCaracteres(apontador_, registro, letra, rodada_.progresso().registroAtual);
 }
 
 /// Handles one line. Returns false if the rest of the file is not to be read. H, I and J have no content checks, and
@@ -57,40 +54,10 @@ bool Conteudo::verificarRegistro(const RegistroRemessa& registro, char letra) {
     if (letra == 'Z')
         encerrarGuias();
     else if (letra >= 'T')
-        guardarNaGuia(registro, letra);
+        guardarNaGuia(apontador_, registro, letra, rodada_.progresso().registroAtual, guia_, definicao_);
     else
-        verificarDefinicao(registro, letra);
+        verificarDefinicao(apontador_, registro, letra, definicao_);
     return true;
-}
-
-void Conteudo::verificarDefinicao(const RegistroRemessa& registro, char letra) {
-    switch (letra) {
-    case 'B':
-        definicao_.registroB = registro.copia();
-        return verificarSegmentoB(apontador_, definicao_);
-    case 'C':
-        definicao_.registroC = registro.copia();
-        return verificarSegmentoC(apontador_, definicao_);
-    case 'D':
-        definicao_.registroD = registro.copia();
-        return verificarSegmentoD(apontador_, definicao_);
-    case 'E':
-        definicao_.registroE = registro.copia();
-        return verificarSegmentoE(apontador_, definicao_);
-    case 'F':
-        definicao_.registroF = registro.copia();
-        return verificarSegmentoF(apontador_, definicao_);
-    case 'G':
-        return verificarSegmentoG(apontador_, registro, definicao_);
-    case 'K':
-        return verificarSegmentoK(apontador_, registro, definicao_);
-    case 'L':
-        verificarSegmentoL(apontador_, registro, definicao_);
-        ++definicao_.parcelasPrevistas;
-        break;
-    default:
-        break;
-    }
 }
 
 bool Conteudo::iniciarGuia(const RegistroRemessa& registro) {
@@ -104,24 +71,6 @@ bool Conteudo::iniciarGuia(const RegistroRemessa& registro) {
     return true;
 }
 
-void Conteudo::guardarNaGuia(const RegistroRemessa& registro, char letra) {
-    switch (letra) {
-    case 'X':
-        if (!guia_.guardarMensagem(registro))
-            escreverErro("x.quantidade.excedida"_t,
-                         "Somente podem ser informadas 4 linhas de mensagem (segmento X) por recebimento!"_t);
-        break;
-    case 'Y':
-        if (!guia_.guardarParcela(registro, definicao_.parcelasPrevistas))
-            escreverErro("y.quantidade.excedida"_t,
-                         "Foram informadas mais parcelas do que o previsto no segmento 'E'!"_t);
-        break;
-    default:
-        guia_.guardar(letra, registro);
-        break;
-    }
-}
-
 /// A slip is checked only here, at the trailer. Of however many slips a file holds, the last one alone is therefore
 /// accepted or rejected, and at a second trailer once more: kept on purpose, the cases `guia-...` of
 /// samples/variacoes.txt hold it.
@@ -133,17 +82,6 @@ void Conteudo::encerrarGuias() {
         ++(aceita ? resumo.guiasAceitas : resumo.guiasRejeitadas);
     }
     rodada_.progresso().guias = resumo.guiasDepuradas;
-}
-
-/// Writes an error about the current line as a whole.
-void Conteudo::escreverErro(VistaTexto id, VistaTexto mensagem) {
-    const Texto& tipo = leitor_.tipo();
-    rodada_.escreverErro(Achado{.id = id,
-                                .gravidade = Gravidade::Erro,
-                                .linha = rodada_.progresso().registroAtual,
-                                .segmento = tipo.empty() ? '\0' : tipo.front(),
-                                .campo = std::nullopt,
-                                .mensagem = Texto(mensagem)});
 }
 
 void Conteudo::escreverResumo() {

@@ -25,13 +25,10 @@ class Conteudo {
 
   private:
     void verificarHeader();
-    void verificarCaracteres(const RegistroRemessa& registro);
+    void verificarCaracteres(const RegistroRemessa& registro, char letra);
     [[nodiscard]] bool verificarRegistro(const RegistroRemessa& registro, char letra);
-    void verificarDefinicao(const RegistroRemessa& registro, char letra);
     [[nodiscard]] bool iniciarGuia(const RegistroRemessa& registro);
-    void guardarNaGuia(const RegistroRemessa& registro, char letra);
     void encerrarGuias();
-    void escreverErro(VistaTexto id, VistaTexto mensagem);
 
     Rodada& rodada_;
     ApontadorDaRodada apontador_;

@@ -11,6 +11,8 @@ namespace quilatador {
 
 namespace {
 
+constexpr VistaTexto leiauteNaoCarregado = "Leiaute não carregado!"_t;
+
 /// The two passes of one run.
 class Depuracao final : public Analise {
   public:
@@ -42,7 +44,7 @@ class Depuracao final : public Analise {
 
   private:
     [[nodiscard]] Desfecho semLeiaute() {
-        rodada_.resumo().descricao = "Leiaute não carregado!"_t;
+        rodada_.resumo().descricao = leiauteNaoCarregado;
         rodada_.escreverLog(rodada_.resumo().descricao);
         return Desfecho::NaoRodou;
     }
@@ -83,6 +85,18 @@ Resumo Depurador::depurar(Rodada& rodada) {
     globais_.moeda = definicao_.moeda;
     FormatoDataBarra = definicao_.FormatoDataBarra;
     return resumo;
+}
+
+ResumoCompleto Depurador::conferirTudo(PedidoCompleto pedido, std::span<Relator* const> ouvintes) {
+    if (!arquivoRemessa_) {
+        ResumoCompleto resumo;
+        resumo.desfecho = Desfecho::NaoRodou;
+        resumo.descricao = leiauteNaoCarregado;
+        return resumo;
+    }
+    pedido.PosicaoDataBarra = PosicaoDataBarra;
+    if (PosicaoDataBarra != 0) pedido.FormatoDataBarra = FormatoDataBarra;
+    return conferirRemessa(ambiente_, *arquivoRemessa_, pedido, ouvintes, Cancelado);
 }
 
 template <typename Pergunta>

@@ -3,6 +3,7 @@
 #include "layout/ArquivoRemessa.h"
 #include "run/modVariaveis.h"
 #include "run/Rodada.h"
+#include "validator/completa/ConferenciaCompleta.h"
 #include "validator/Definicao.h"
 #include "validator/GuiaEmMaos.h"
 
@@ -40,6 +41,10 @@ class Depurador {
     Resumo DepurarArquivo(const std::filesystem::path& nomeArquivo, std::optional<std::filesystem::path> log = {});
     /// The same for a ZUL702 run that the caller has created, for example with listeners of its own.
     Resumo depurar(Rodada& rodada);
+
+    /// Checks a file completely; see `conferirRemessa`. `PosicaoDataBarra` and `FormatoDataBarra` are taken from here,
+    /// and `pedido` need not have them. `NaoRodou` if the layout could not be loaded.
+    [[nodiscard]] ResumoCompleto conferirTudo(PedidoCompleto pedido, std::span<Relator* const> ouvintes);
 
     // These check the slip that the last run was working on, or single records of it, against the definitions of that
     // run. During a run the findings go to its log; afterwards there is only the result: true if nothing was found.

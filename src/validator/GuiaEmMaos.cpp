@@ -23,10 +23,24 @@ RegistroRemessa GuiaEmMaos::vazio(VistaTexto nome) const {
 
 void GuiaEmMaos::iniciar(const RegistroRemessa& registroS) {
     registroS.copiar(registroS_);
+    esvaziar(registroS.lugar());
+}
+
+void GuiaEmMaos::iniciarSemS(std::int64_t linha) {
+    registroS_.linha(""_t);
+    registroS_.lugar(linha);
+    esvaziar(linha);
+}
+
+void GuiaEmMaos::esvaziar(std::int64_t linha) {
+    const auto esquecer = [&](RegistroRemessa& registro) {
+        registro.linha(""_t);
+        registro.lugar(linha);
+    };
     for (RegistroRemessa* outro : {&registroT_, &registroU_, &registroV_, &registroW_})
-        outro->linha(""_t);
+        esquecer(*outro);
     for (RegistroRemessa& mensagem : mensagensX_)
-        mensagem.linha(""_t);
+        esquecer(mensagem);
     parcelasY_.esvaziar();
     contagemX_ = 0;
     contagemY_ = 0;

@@ -9,7 +9,8 @@
 
 namespace quilatador {
 
-/// The records S to Y of one slip, collected line by line. A record that the slip lacks has an empty line.
+/// The records S to Y of one slip, collected line by line. A record that the slip lacks has an empty line, and the
+/// place where the slip begins.
 ///
 /// Order of use: `iniciar` with the record S, then one of the `guardar` functions for each line that follows.
 class GuiaEmMaos {
@@ -22,6 +23,8 @@ class GuiaEmMaos {
 
     /// Discards the current slip and starts the next one.
     void iniciar(const RegistroRemessa& registroS);
+    /// The same for a slip whose record S is missing: it begins in this line (1-based).
+    void iniciarSemS(std::int64_t linha);
     /// Whether a slip has been started.
     [[nodiscard]] bool iniciada() const noexcept { return !registroS_.linha().empty(); }
     /// Keeps a record T, U, V or W in place of an earlier one of this slip. Any other letter is ignored.
@@ -44,6 +47,7 @@ class GuiaEmMaos {
 
   private:
     [[nodiscard]] RegistroRemessa vazio(VistaTexto nome) const;
+    void esvaziar(std::int64_t linha);
 
     ArquivoRemessa* leiaute_ = nullptr;
     RegistroRemessa registroS_, registroT_, registroU_, registroV_, registroW_;

@@ -25,6 +25,8 @@ class RegistrosGuardados {
     explicit RegistrosGuardados(RegistroRemessa modelo) : modelo_(std::move(modelo)) {}
 
     [[nodiscard]] bool temTipo() const noexcept { return !modelo_.campos().empty(); }
+    /// The type of the records. Its line is that of one of them.
+    [[nodiscard]] const RegistroRemessa& tipo() const noexcept { return modelo_; }
     [[nodiscard]] bool vazia() const noexcept { return quantos_ == 0; }
     [[nodiscard]] std::size_t tamanho() const noexcept { return quantos_; }
 

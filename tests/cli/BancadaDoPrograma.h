@@ -23,6 +23,7 @@ struct BancadaDoPrograma : testes::MundoComRemessa {
                 .arquivos = arquivos,
                 .saida = saida,
                 .erros = erros,
+                .saidaColorida = colorida,
                 .errosNoTerminal = noTerminal,
                 .larguraDoTerminal = largura,
                 .pastaDoPrograma = "/programa",
@@ -32,6 +33,7 @@ struct BancadaDoPrograma : testes::MundoComRemessa {
 
     std::ostringstream saida;
     std::ostringstream erros;
+    bool colorida = false;
     bool noTerminal = false;
     int largura = 80;
     std::function<bool()> interrompido = [] { return false; };

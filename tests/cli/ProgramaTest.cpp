@@ -121,7 +121,7 @@ TEST(Programa, linhaSemFimNaoPrendeQuemDesiste) {
         bancada.interrompido = [&] { return ++perguntas > 9; }; // past the first line
         EXPECT_EQ(bancada.rodar({"--json", "--log", "/log", nome}), 130);
         EXPECT_TRUE(arquivos["/log"].ends_with("\r\nTRATAMENTO CANCELADO!!!\r\n"_t)) << arquivos["/log"];
-        EXPECT_NE(bancada.saida.str().find(R"("desfecho":"cancelada","situacao":130)"), std::string::npos);
+        EXPECT_NE(bancada.saida.str().find(R"("guiasRejeitadas":0,"situacao":130})"), std::string::npos);
         bancada.saida.str("");
     }
 }

@@ -42,6 +42,7 @@ completar 'AADDD' --formato = AAD
 completar 'samples' --pasta = samp
 completar 'README.md' --log = READ
 completar '' --posicao = 2
-completar '--com-data' -q --co
+completar '--com-data' -q --com-
+completar 'README.md' --csv READ
 completar 'LICENSE' -q LIC
 exit $((falhas > 0))

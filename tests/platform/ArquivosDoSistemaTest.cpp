@@ -110,6 +110,48 @@ TEST_F(ArquivosDoSistemaTest, saidaTemUmSoDono) {
     EXPECT_EQ(lerTudo(log), "");
 }
 
+/// Neither the file nor its folder shows anything of what was not confirmed.
+TEST_F(ArquivosDoSistemaTest, oProvisorioTomaOLugarDeUmaVez) {
+    const fs::path laudo = pasta_.escrever("laudo", "anterior");
+    fs::permissions(laudo, fs::perms(0640));
+    fs::create_symlink("laudo", pasta_ / "ligacao");
+    fs::create_symlink("novo", pasta_ / "solta");
+    for (const auto& [nome, arquivo, antes] :
+         {std::tuple{"ligacao", laudo, "anterior"}, {"solta", pasta_ / "novo", ""}})
+        for (const bool confirmado : {false, true}) {
+            auto provisorio = arquivos_.criarProvisorio(pasta_ / nome);
+            provisorio->escrever("um ");
+            provisorio->escrever("laudo");
+            EXPECT_EQ(lerTudo(arquivo), antes);
+            if (confirmado) provisorio->confirmar();
+            provisorio.reset();
+            EXPECT_EQ(lerTudo(arquivo), confirmado ? "um laudo" : antes);
+            EXPECT_TRUE(fs::is_symlink(pasta_ / nome));
+        }
+    EXPECT_EQ(fs::status(laudo).permissions(), fs::perms(0640));
+    EXPECT_EQ(std::distance(fs::directory_iterator(pasta_.caminho()), {}), 4);
+    const auto encher = [&] {
+        const auto direto = arquivos_.criarProvisorio("/dev/full");
+        return direto->escrever("nada"), direto->confirmar(), 0;
+    };
+    EXPECT_EQ(testes::textoDaFalha(encher), "61 Gravacao: Disco cheio"_t);
+}
+
+TEST_F(ArquivosDoSistemaTest, somaDeUmArquivo) {
+    const std::pair<fs::path, std::string_view> casos[] = {
+        {pasta_.escrever("a", "abc"), "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad"},
+        {pasta_.escrever("vazio", ""), "e3b0c44298fc1c149afbf4c8996fb92427ae41e4649b934ca495991b7852b855"},
+        {pasta_.escrever("blocos", std::string(1'000'000, 'a')),
+         "cdc76e5c9914fb9281a1c7e284d73e67f1809a48a497200e046d39ccc7112cd0"},
+        {pasta_ / "nada", ""}};
+    for (const auto& [arquivo, soma] : casos)
+        EXPECT_EQ(arquivos_.somar(arquivo)->hexadecimal({}), soma) << arquivo;
+    const fs::path enorme = pasta_.escrever("enorme", "");
+    fs::resize_file(enorme, std::uintmax_t{1} << 40); // no test waits for the end of it
+    const auto soma = arquivos_.somar(enorme);
+    EXPECT_EQ(soma->hexadecimal([] { return true; }), "");
+}
+
 /// How a run notices that its input is another than at its beginning.
 TEST_F(ArquivosDoSistemaTest, aVersaoMudaComOArquivo) {
     using namespace std::chrono_literals;
@@ -166,6 +208,7 @@ TEST_F(ArquivosDoSistemaTest, oQueNaoSePodeCriar) {
     const fs::path tubo = criarTubo();
     const fs::path protegido = pasta_.escrever("protegido.log", "anterior");
     const fs::path log = pasta_.escrever("a.log", "anterior, mais longo");
+    fs::create_symlink("laco", pasta_ / "laco");
     fs::permissions(protegido, fs::perms(0444));
     fs::permissions(log, fs::perms(0666));
     fs::permissions(pasta_.caminho(), fs::perms::all); // who may delete it must not write it all the same
@@ -174,9 +217,13 @@ TEST_F(ArquivosDoSistemaTest, oQueNaoSePodeCriar) {
                                                      {pasta_.caminho(), semAcesso},
                                                      {tubo, semAcesso},
                                                      {"", nomeInvalido},
+                                                     {pasta_ / std::string(256, 'n'), nomeInvalido},
+                                                     {pasta_ / "laco", semAcesso},
                                                      {protegido, semPermissao}};
-    for (const auto& [caminho, falha] : casos)
+    for (const auto& [caminho, falha] : casos) {
         EXPECT_EQ(falhaAoCriar(caminho), falha) << caminho;
+        EXPECT_EQ(testes::textoDaFalha([&] { return arquivos_.criarProvisorio(caminho); }), falha) << caminho;
+    }
     EXPECT_EQ(lerTudo(protegido), "anterior");
     ASSERT_EQ(::seteuid(::getuid()), 0);
     fs::permissions(pasta_.caminho(), fs::perms(0555)); // takes no new file, but an old one may be written

@@ -102,6 +102,27 @@ class ArquivosEmMemoria::Saida final : public ArquivoSaida {
     std::filesystem::path caminho_;
 };
 
+class ArquivosEmMemoria::Provisorio final : public ArquivoProvisorio {
+  public:
+    Provisorio(ArquivosEmMemoria& dono, std::filesystem::path caminho) : dono_(dono), caminho_(std::move(caminho)) {}
+
+    void escrever(std::string_view bytes) override {
+        dono_.contar(Operacao::Escrever);
+        bytes_.append(textoDosBytes(bytes));
+    }
+
+    void confirmar() override {
+        dono_.contar(Operacao::Fechar);
+        dono_.conteudo[caminho_] = bytes_;
+    }
+
+  private:
+    ArquivosEmMemoria& dono_;
+    std::shared_ptr<const bool> aberto_ = dono_.aberto_;
+    std::filesystem::path caminho_;
+    Texto bytes_;
+};
+
 std::unique_ptr<ArquivoEntrada> ArquivosEmMemoria::abrirEntrada(const std::filesystem::path& caminho) {
     contar(Operacao::Abrir);
     const auto achado = conteudo.find(caminho);
@@ -114,6 +135,22 @@ std::unique_ptr<ArquivoSaida> ArquivosEmMemoria::criarSaida(const std::filesyste
     contar(Operacao::Criar);
     conteudo[caminho].clear();
     return std::make_unique<Saida>(*this, caminho);
+}
+
+std::unique_ptr<ArquivoProvisorio> ArquivosEmMemoria::criarProvisorio(const std::filesystem::path& caminho) {
+    contar(Operacao::Criar);
+    const auto ligacao = ligacoes.find(caminho);
+    return std::make_unique<Provisorio>(*this, ligacao == ligacoes.end() ? caminho : ligacao->second);
+}
+
+std::unique_ptr<SomaDoArquivo> ArquivosEmMemoria::somar(const std::filesystem::path& caminho) {
+    struct SomaFixa final : SomaDoArquivo {
+        std::string texto;
+        [[nodiscard]] std::string hexadecimal(const std::function<bool()>&) override { return texto; }
+    };
+    auto pronta = std::make_unique<SomaFixa>();
+    if (existe(caminho)) pronta->texto = soma;
+    return pronta;
 }
 
 bool ArquivosEmMemoria::existe(const std::filesystem::path& caminho) const {

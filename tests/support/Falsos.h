@@ -7,6 +7,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -93,6 +94,10 @@ class ArquivosEmMemoria final : public Arquivos {
 
     [[nodiscard]] std::unique_ptr<ArquivoEntrada> abrirEntrada(const std::filesystem::path& caminho) override;
     [[nodiscard]] std::unique_ptr<ArquivoSaida> criarSaida(const std::filesystem::path& caminho) override;
+    /// Its `confirmar` counts as `Fechar`.
+    [[nodiscard]] std::unique_ptr<ArquivoProvisorio> criarProvisorio(const std::filesystem::path& caminho) override;
+    /// Of every file the same sum.
+    [[nodiscard]] std::unique_ptr<SomaDoArquivo> somar(const std::filesystem::path& caminho) override;
     [[nodiscard]] bool existe(const std::filesystem::path& caminho) const override;
     [[nodiscard]] bool ehPasta(const std::filesystem::path& caminho) const override;
     [[nodiscard]] std::uint64_t tamanho(const std::filesystem::path& caminho) const override;
@@ -107,6 +112,9 @@ class ArquivosEmMemoria final : public Arquivos {
     /// Whether every file that was opened or created is closed again.
     [[nodiscard]] bool tudoFechado() const noexcept { return aberto_.use_count() == 1; }
 
+    /// What `somar` gives for a file that exists.
+    static constexpr std::string_view soma = "0123456789abcdef0123456789abcdef0123456789abcdef0123456789abcdef";
+
     std::map<std::filesystem::path, Texto> conteudo;
     std::map<std::filesystem::path, Data> datas;                     ///< of the last change, where a test needs one
     std::map<std::filesystem::path, std::filesystem::path> ligacoes; ///< other names, with those that they lead to
@@ -114,6 +122,7 @@ class ArquivosEmMemoria final : public Arquivos {
   private:
     class Entrada;
     class Saida;
+    class Provisorio;
 
     void contar(Operacao operacao);
 

@@ -28,7 +28,8 @@ void verificarValorDaReceita(Conferencia& c, const Texto& numero, int qual, cons
     const Valor valor = c.valor(campo);
     if (menor(valor, 0))
         c.erro({"u.valorRec.negativo"_t, campo}, junta("Campo Valor da Receita "_t, numero, " inválido"_t));
-    else if (maior(valor, 0) && c.temBase('K') && !definicao.receitas.contem({{"Numero"_t, qual}}))
+    else if (maior(valor, 0) && c.temBase('K', definicao.receitas, {"Numero"_t}) &&
+             !definicao.receitas.contem({{"Numero"_t, qual}}))
         c.erro({"u.valorRec.semReceita"_t, campo},
                junta("Campo Valor da Receita "_t, numero, " informado mas receita não informada no segmento K"_t));
 }
@@ -207,7 +208,8 @@ bool verificarSegmentoW(Apontador& apontador, const RegistroRemessa& registroW, 
         c.passo([&] {
             const Texto numero = textoDe(i);
             const Texto campo = junta("Caract"_t, numero);
-            if (comConteudo(c.valor(campo)) && c.temBase('G') && !caracteristicas.contem({{"Codigo"_t, i}}))
+            if (comConteudo(c.valor(campo)) && c.temBase('G', caracteristicas, {"Codigo"_t}) &&
+                !caracteristicas.contem({{"Codigo"_t, i}}))
                 c.erro({"w.caract.naoDefinida"_t, campo},
                        junta("Campo Conteúdo da característica "_t, numero,
                              " informado mas característica não informada no segmento G"_t));

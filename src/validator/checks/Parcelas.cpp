@@ -104,7 +104,8 @@ void verificarParcela(Conferencia& c, const Definicao& definicao) {
     c.passo([&] {
         const Valor tipo = c.valor("TipoPag"_t);
         const Valor numero = c.valor("NroPag"_t);
-        if (c.temBase('L') && !definicao.opcoesPagamento.contem({{"TipoPag"_t, tipo}, {"NroPag"_t, numero}}))
+        if (c.temBase('L', definicao.opcoesPagamento, {"TipoPag"_t, "NroPag"_t}) &&
+            !definicao.opcoesPagamento.contem({{"TipoPag"_t, tipo}, {"NroPag"_t, numero}}))
             c.erro({"y.opcao.naoDefinida"_t, "NroPag"_t}, "Tipo e número de parcela não informadas em segmento L"_t);
     });
     c.passo([&] {

@@ -1,7 +1,5 @@
 #include "validator/completa/Coletor.h"
 
-#include "validator/completa/Deslize.h"
-
 #include <algorithm>
 #include <utility>
 
@@ -11,6 +9,20 @@ namespace {
 
 /// More faults of definitions than this are not remembered one by one.
 constexpr std::size_t maisFaltas = 1024;
+
+/// The finding for a line of the right length that has slipped.
+Achado achadoDoDeslize(const RegistroRemessa& registro, const Deslize& deslize) {
+    return {.id = "leitura.linhaDeslocada"_t,
+            .gravidade = Gravidade::Erro,
+            .linha = registro.lugar(),
+            .segmento = registro.letra(),
+            .campo = CampoDoAchado{.nome = deslize.campo,
+                                   .inicio = deslize.posicao,
+                                   .fim = deslize.ultima,
+                                   .encontrado = deslize.bytes,
+                                   .esperado = {}},
+            .mensagem = junta("Linha deslocada: "_t, textoDoDeslize(deslize))};
+}
 
 bool daDefinicao(char letra) noexcept {
     return letra < 'S';
@@ -58,7 +70,9 @@ void Coletor::naoLido(const FalhaDeLeitura& falha, const RegistroRemessa& emVeri
     if (std::ranges::any_of(faltas, [&](const Falta& f) { return f.estado == Estado::Ilegivel && f.onde.toca(campo); }))
         return;
     std::int64_t causa = causaDe(campo);
-    if (causa == 0 && emVerificacao.lugar() == campo.linha) causa = procurarDeslize(emVerificacao);
+    if (causa == 0 && emVerificacao.lugar() == campo.linha)
+        if (const auto deslize = acharDeslize(emVerificacao, emVerificacao.linha()))
+            causa = acusarDeslize(emVerificacao, *deslize);
     Achado achado = falha.achado();
     achado.gravidade = Gravidade::Erro;
     achado.linha = campo.linha;
@@ -66,21 +80,16 @@ void Coletor::naoLido(const FalhaDeLeitura& falha, const RegistroRemessa& emVeri
     anotar(campo, contar(std::move(achado), causa), Estado::Ilegivel);
 }
 
-/// Where a line of the right length has slipped, all that cannot be read in it follows from that.
-std::int64_t Coletor::procurarDeslize(const RegistroRemessa& registro) {
-    const auto deslize = acharDeslize(registro, registro.linha());
-    if (!deslize) return 0;
-    Achado achado = achadoDoDeslize(registro, *deslize);
-    const std::int64_t raiz = contar(std::move(achado), 0);
+std::int64_t Coletor::acusarDeslize(const RegistroRemessa& registro, const Deslize& deslize) {
+    const std::int64_t raiz = contar(achadoDoDeslize(registro, deslize), 0);
     marcar({.letra = registro.letra(), .campo = 0, .linha = registro.lugar()}, raiz);
     return raiz;
 }
 
 bool Coletor::falta(const Fundamento& fundamento) {
     const auto& faltas = daDefinicao(fundamento.letra) ? daDefinicao_ : daGuia_;
-    const auto falta = std::ranges::find_if(faltas, [&](const Falta& f) {
-        return f.estado != Estado::Errado && f.onde.toca(fundamento);
-    });
+    const auto falta = std::ranges::find_if(
+        faltas, [&](const Falta& f) { return f.estado != Estado::Errado && f.onde.toca(fundamento); });
     if (falta == faltas.end()) return false;
     guiaEmParte_ = true;
     if (daDefinicao(fundamento.letra)) dizerQueFalta(fundamento, falta->causa);

@@ -3,6 +3,7 @@
 #include "run/Relator.h"
 #include "run/ResumoCompleto.h"
 #include "validator/Apontador.h"
+#include "validator/completa/Deslize.h"
 
 #include <cstdint>
 #include <functional>
@@ -35,6 +36,9 @@ class Coletor final : public Apontador {
     [[nodiscard]] const Data& hoje() const override { return hoje_; }
     [[nodiscard]] bool canceladaAgora() override { return cancelada_(); }
 
+    /// Takes the finding for a whole line that has slipped, from which everything about the line follows, and returns
+    /// its number.
+    std::int64_t acusarDeslize(const RegistroRemessa& registro, const Deslize& deslize);
     /// Notes that what follows about this part of the file is due to the finding with this number.
     void marcar(const Fundamento& onde, std::int64_t causa) { anotar(onde, causa, Estado::Errado); }
     /// The same for a definition that the file lacks or that cannot be checked: steps that need it are left out.
@@ -64,7 +68,6 @@ class Coletor final : public Apontador {
     void anotar(const Fundamento& onde, std::int64_t causa, Estado estado);
     void somar(const Achado& achado);
     void dizerQueFalta(const Fundamento& fundamento, std::int64_t causa);
-    std::int64_t procurarDeslize(const RegistroRemessa& registro);
 
     const Data& hoje_;
     std::span<Relator* const> ouvintes_;

@@ -1,0 +1,65 @@
+#include "validator/completa/ConferenciaCompleta.h"
+
+#include "validator/completa/PercursoCompleto.h"
+
+#include <new>
+
+namespace quilatador {
+
+namespace {
+
+bool todosTem(const Ambiente& ambiente, TiposDeLinha& tipos, const std::filesystem::path& arquivo,
+              VistaTexto convenio) {
+    LeitorDeLinhas leitor(ambiente.arquivos.abrirEntrada(arquivo));
+    for (auto linha = leitor.proxima(); (linha = leitor.proxima()) && !linha->empty();) { // all but the header
+        const TipoDeLinha* const tipo = tipos.reconhecer(*linha);
+        if (!tipo || !tipo->convenio || !tipo->temTamanho(*linha)) continue;
+        if (tipo->registro->textoNaLinha(*tipo->convenio) != convenio) return false;
+    }
+    return true;
+}
+
+void percorrer(const Ambiente& ambiente, ArquivoRemessa& leiaute, const PedidoCompleto& pedido, Coletor& coletor,
+               const std::atomic<bool>& cancelado) {
+    PercursoDeLinhas percurso(ambiente, pedido.arquivo, cancelado);
+    if (pedido.versao && percurso.versao() != *pedido.versao)
+        throw Falha(numeroDeFalha::arquivoAlterado, "ConferenciaCompleta"_t, arquivoAlterado);
+    Definicao definicao;
+    definicao.PosicaoDataBarra = pedido.PosicaoDataBarra;
+    definicao.FormatoDataBarra = pedido.FormatoDataBarra;
+    JanelaDeLinhas janela(percurso);
+    TiposDeLinha tipos(leiaute);
+    ConteudoCompleto conteudo(coletor, leiaute, std::move(definicao), pedido.primeiras);
+    PercursoCompleto(janela, tipos, coletor, conteudo, [&](VistaTexto convenio) {
+        return todosTem(ambiente, tipos, pedido.arquivo, convenio);
+    }).percorrer([&] { return cancelado.load(std::memory_order_relaxed); });
+    coletor.resumo().registros = percurso.lidas();
+    if (!percurso.terminar()) coletor.resumo().desfecho = Desfecho::Cancelada;
+}
+
+} // namespace
+
+ResumoCompleto conferirRemessa(const Ambiente& ambiente, ArquivoRemessa& leiaute, const PedidoCompleto& pedido,
+                               std::span<Relator* const> ouvintes, const std::atomic<bool>& cancelado) {
+    const Data hoje = ambiente.relogio.hoje();
+    leiaute.criarCopias(false);
+    leiaute.anoCorrente(anoDe(hoje));
+    Coletor coletor(hoje, ouvintes, [&] {
+        ambiente.painel.processarEventos();
+        return cancelado.load(std::memory_order_relaxed);
+    });
+    const auto naoRodou = [&](VistaTexto motivo) {
+        coletor.resumo().desfecho = Desfecho::NaoRodou;
+        coletor.resumo().descricao = motivo;
+    };
+    try {
+        percorrer(ambiente, leiaute, pedido, coletor, cancelado);
+    } catch (const Falha& falha) {
+        naoRodou(falha.descricao());
+    } catch (const std::bad_alloc&) {
+        naoRodou(memoriaInsuficiente);
+    }
+    return std::move(coletor.resumo());
+}
+
+} // namespace quilatador
