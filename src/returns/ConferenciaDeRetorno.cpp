@@ -24,7 +24,8 @@ class Conferente {
     Conferente& operator=(const Conferente&) = delete;
 
     [[nodiscard]] ResumoCompleto conferir(const Ambiente& ambiente, const std::filesystem::path& arquivo,
-                                          const std::atomic<bool>& cancelado);
+                                          const std::atomic<bool>& cancelado,
+                                          const std::optional<VersaoDoArquivo>& versao);
 
   protected:
     /// Checks one line, whose number is 1-based.
@@ -51,9 +52,11 @@ class Conferente {
 };
 
 ResumoCompleto Conferente::conferir(const Ambiente& ambiente, const std::filesystem::path& arquivo,
-                                    const std::atomic<bool>& cancelado) {
+                                    const std::atomic<bool>& cancelado, const std::optional<VersaoDoArquivo>& versao) {
     try {
         PercursoDeLinhas percurso(ambiente, arquivo, cancelado);
+        if (versao && percurso.versao() != *versao)
+            throw Falha(numeroDeFalha::arquivoAlterado, "ConferenciaDeRetorno"_t, arquivoAlterado);
         percorrer(percurso);
     } catch (const Falha& falha) {
         parar(Desfecho::NaoRodou, falha.descricao());
@@ -304,10 +307,10 @@ void ConferenteZUL708::encerrar() {
 
 ResumoCompleto conferirRetorno(TipoArquivo tipo, const Ambiente& ambiente, const std::filesystem::path& arquivo,
                                const modVariaveis& globais, std::span<Relator* const> ouvintes,
-                               const std::atomic<bool>& cancelado) {
+                               const std::atomic<bool>& cancelado, const std::optional<VersaoDoArquivo>& versao) {
     if (tipo == TipoArquivo::ZUL708)
-        return ConferenteZUL708(globais.bancoDeDados, ouvintes).conferir(ambiente, arquivo, cancelado);
-    return ConferenteTAV001(ambiente.localidade, ouvintes).conferir(ambiente, arquivo, cancelado);
+        return ConferenteZUL708(globais.bancoDeDados, ouvintes).conferir(ambiente, arquivo, cancelado, versao);
+    return ConferenteTAV001(ambiente.localidade, ouvintes).conferir(ambiente, arquivo, cancelado, versao);
 }
 
 } // namespace quilatador

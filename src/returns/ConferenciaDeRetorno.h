@@ -7,13 +7,14 @@
 
 #include <atomic>
 #include <filesystem>
+#include <optional>
 #include <span>
 
 namespace quilatador {
 
 /// The complete check of a return of type `tipo`, ZUL708 or TAV001: it reads the file once and writes no log. The
-/// findings go to `ouvintes` as they are made, numbered from 1. Everything passed here must outlive the call;
-/// `cancelado` belongs to the caller, as in `Rodada`.
+/// findings go to `ouvintes` as they are made, numbered from 1. `cancelado` is that of `Rodada`; `versao` is the state
+/// of the file that the log is about, nothing for any.
 ///
 /// In a TAV001 the trailer (the first record Z) has to say how many records there are, header and trailer included, and
 /// the sum of the payments (records G). Empty and blank lines are no records, so that it does not matter how the last
@@ -25,10 +26,11 @@ namespace quilatador {
 /// S in the alphabet or the trailer; it counts as one with errors if it has an occurrence.
 ///
 /// The outcome is `Falhou` if the first line is no header of that type (finding "tav001.tipoInvalido" or
-/// "zul708.tipoInvalido"), and `NaoRodou` if the file, a look-up or the memory failed; `descricao` then says why. The
-/// counts are those up to there.
+/// "zul708.tipoInvalido"), and `NaoRodou` if the file is no longer the one of the log, or the file, a look-up or the
+/// memory failed; `descricao` then says why. The counts are those up to there.
 [[nodiscard]] ResumoCompleto conferirRetorno(TipoArquivo tipo, const Ambiente& ambiente,
                                              const std::filesystem::path& arquivo, const modVariaveis& globais,
-                                             std::span<Relator* const> ouvintes, const std::atomic<bool>& cancelado);
+                                             std::span<Relator* const> ouvintes, const std::atomic<bool>& cancelado,
+                                             const std::optional<VersaoDoArquivo>& versao = std::nullopt);
 
 } // namespace quilatador

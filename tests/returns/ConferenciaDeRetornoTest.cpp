@@ -17,8 +17,9 @@ struct Conferida : Bancada {
     explicit Conferida(Texto conteudo) : Bancada(nullptr, std::move(conteudo)) {}
 
     ResumoCompleto conferir(TipoArquivo tipo) {
-        return conferirRetorno(tipo, mundo.ambiente, "/d/março.ret", globais, ouvintes, cancelado);
+        return conferirRetorno(tipo, mundo.ambiente, "/d/março.ret", globais, ouvintes, cancelado, versao);
     }
+    std::optional<VersaoDoArquivo> versao = mundo.arquivos.versao("/d/março.ret");
     /// The findings, each as "n(cause) Lline segment slip id: field positions found=expected".
     [[nodiscard]] Texto achados() const {
         Texto todos;
@@ -107,6 +108,7 @@ TEST(ConferenciaDeRetorno, dizPorQueNaoFoiAteOFim) {
         {[](Conferida& c) { c.mundo.arquivos.conteudo.clear(); }, Desfecho::NaoRodou, "Arquivo não encontrado"_t, 0},
         {[](Conferida& c) { c.globais.bancoDeDados = nullptr; }, Desfecho::NaoRodou,
          "O banco de dados TabelaErrosZUL.mdb não está aberto"_t, 0},
+        {mudar, Desfecho::NaoRodou, arquivoAlterado, 0},
         {[&](Conferida& c) { c.mundo.painel.naLinha(2, [&] { mudar(c); }); }, Desfecho::NaoRodou, arquivoAlterado, 1},
         {[](Conferida& c) { c.mundo.painel.naLinha(3, [&] { c.cancelado = true; }); }, Desfecho::Cancelada, ""_t, 0}};
     for (const auto& [preparar, desfecho, descricao, certas] : casos) {
