@@ -5,6 +5,7 @@
 #include "validator/DataNaBarra.h"
 
 #include <atomic>
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 
@@ -14,6 +15,7 @@ namespace quilatador {
 struct DatasDaRemessa {
     DataNaBarra datas;                     ///< of the installments whose due date can be read
     std::optional<Texto> codigoDoConvenio; ///< "FormatoData" of the last segment C; nothing without a segment C
+    std::int64_t linhaDoConvenio = 0;      ///< line of that segment, 1-based; 0 without one
 
     /// The format that segment C names; "" if it names none.
     [[nodiscard]] VistaTexto formatoDoConvenio() const noexcept {

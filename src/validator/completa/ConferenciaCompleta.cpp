@@ -1,5 +1,6 @@
 #include "validator/completa/ConferenciaCompleta.h"
 
+#include "validator/completa/EscolhaDaData.h"
 #include "validator/completa/PercursoCompleto.h"
 
 #include <new>
@@ -19,6 +20,18 @@ bool todosTem(const Ambiente& ambiente, TiposDeLinha& tipos, const std::filesyst
     return true;
 }
 
+/// Where a due date is looked for in the barcodes, whether it can be found there at all. Returns false if the user has
+/// cancelled.
+bool julgarData(const Ambiente& ambiente, ArquivoRemessa& leiaute, const PedidoCompleto& pedido, Coletor& coletor,
+                const std::atomic<bool>& cancelado) {
+    if (pedido.PosicaoDataBarra == 0) return true;
+    const auto datas = lerDatas(ambiente, leiaute, pedido.arquivo, cancelado);
+    if (!datas) return false;
+    julgarEscolhaDaData(coletor, *datas, leiaute.criarRegistro("C"_t)->obterCampo("FormatoData"_t),
+                        pedido.FormatoDataBarra, pedido.PosicaoDataBarra);
+    return true;
+}
+
 void percorrer(const Ambiente& ambiente, ArquivoRemessa& leiaute, const PedidoCompleto& pedido, Coletor& coletor,
                const std::atomic<bool>& cancelado) {
     PercursoDeLinhas percurso(ambiente, pedido.arquivo, cancelado);
@@ -33,8 +46,10 @@ void percorrer(const Ambiente& ambiente, ArquivoRemessa& leiaute, const PedidoCo
     PercursoCompleto(janela, tipos, coletor, conteudo, [&](VistaTexto convenio) {
         return todosTem(ambiente, tipos, pedido.arquivo, convenio);
     }).percorrer([&] { return cancelado.load(std::memory_order_relaxed); });
-    coletor.resumo().registros = percurso.lidas();
-    if (!percurso.terminar()) coletor.resumo().desfecho = Desfecho::Cancelada;
+    ResumoCompleto& resumo = coletor.resumo();
+    resumo.registros = percurso.lidas();
+    conteudo.contarDatas(resumo);
+    if (!percurso.terminar()) resumo.desfecho = Desfecho::Cancelada;
 }
 
 } // namespace
@@ -53,7 +68,10 @@ ResumoCompleto conferirRemessa(const Ambiente& ambiente, ArquivoRemessa& leiaute
         coletor.resumo().descricao = motivo;
     };
     try {
-        percorrer(ambiente, leiaute, pedido, coletor, cancelado);
+        if (julgarData(ambiente, leiaute, pedido, coletor, cancelado))
+            percorrer(ambiente, leiaute, pedido, coletor, cancelado);
+        else
+            coletor.resumo().desfecho = Desfecho::Cancelada;
     } catch (const Falha& falha) {
         naoRodou(falha.descricao());
     } catch (const std::bad_alloc&) {

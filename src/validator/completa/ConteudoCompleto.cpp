@@ -10,7 +10,17 @@ namespace quilatador {
 
 ConteudoCompleto::ConteudoCompleto(Coletor& coletor, ArquivoRemessa& leiaute, Definicao definicao,
                                    std::optional<double> primeiras)
-    : coletor_(coletor), definicao_(std::move(definicao)), guia_(leiaute), primeiras_(primeiras) {}
+    : coletor_(coletor)
+    , definicao_(std::move(definicao))
+    , guia_(leiaute)
+    , primeiras_(primeiras)
+    , datas_(leiaute.anoCorrente()) {
+    try {
+        parcelas_.emplace(*leiaute.criarRegistro("Y"_t));
+    } catch (const Falha&) { // a layout without these fields has no dates to be compared
+        parcelas_.reset();
+    }
+}
 
 void ConteudoCompleto::header(const RegistroRemessa& registro) {
     definicao_.registroA = registro.copia();
@@ -47,6 +57,7 @@ void ConteudoCompleto::iniciarGuiaSemS(std::int64_t linha) {
 }
 
 void ConteudoCompleto::guardar(const RegistroRemessa& registro, char letra) {
+    if (letra == 'Y' && parcelas_) parcelas_->contar(registro, datas_);
     if (guiaPedida()) guardarNaGuia(coletor_, registro, letra, registro.lugar(), guia_, definicao_);
 }
 
@@ -55,6 +66,12 @@ void ConteudoCompleto::guardarSemConteudo(char letra) {
         parcelaSemConteudo_ = true;
     else
         coletor_.deixarDeConferir(letra);
+}
+
+void ConteudoCompleto::contarDatas(ResumoCompleto& resumo) const {
+    resumo.parcelas = datas_.parcelas();
+    for (const DataNaBarra::Candidata& c : datas_.melhores(definicao_.FormatoDataBarra))
+        resumo.datas.push_back({c.formato, c.posicao, c.acertos});
 }
 
 void ConteudoCompleto::encerrarGuia() {

@@ -3,6 +3,7 @@
 #include "validator/completa/Coletor.h"
 #include "validator/Definicao.h"
 #include "validator/GuiaEmMaos.h"
+#include "validator/ParcelaNaBarra.h"
 
 #include <optional>
 
@@ -36,6 +37,8 @@ class ConteudoCompleto {
     void guardarSemConteudo(char letra);
     /// The slip in hand has ended: its content is checked. Nothing if there is none.
     void encerrarGuia();
+    /// Puts into the summary where the barcodes have their due date.
+    void contarDatas(ResumoCompleto& resumo) const;
 
   private:
     [[nodiscard]] bool guiaPedida() const noexcept { return !primeiras_ || static_cast<double>(guias_) <= *primeiras_; }
@@ -44,6 +47,8 @@ class ConteudoCompleto {
     Definicao definicao_;
     GuiaEmMaos guia_;
     std::optional<double> primeiras_;
+    DataNaBarra datas_;
+    std::optional<ParcelaNaBarra> parcelas_; ///< nothing if the layout lacks what it reads
     std::int64_t guias_ = 0;
     bool parcelaSemConteudo_ = false;
 };

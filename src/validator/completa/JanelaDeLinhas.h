@@ -25,6 +25,8 @@ class JanelaDeLinhas {
     /// A line by its distance from the one in hand (0, below `alcance`); null behind the end of the file. Valid until
     /// the window moves. Raises the failures of `PercursoDeLinhas::proxima`.
     [[nodiscard]] const LinhaDoArquivo* olhar(std::size_t adiante = 0);
+    /// Whether the lines have ended at a Ctrl-Z (1A hex).
+    [[nodiscard]] bool terminouEmCtrlZ() const noexcept { return percurso_.terminouEmCtrlZ(); }
     /// Moves past so many lines, which have been looked at.
     void avancar(std::size_t quantas = 1) noexcept;
     /// Exchanges the line in hand with the next one, which has been looked at. Each keeps its place in the file.

@@ -1,5 +1,6 @@
 #include "validator/completa/PercursoCompleto.h"
 
+#include "common/Diversos.h"
 #include "common/Numero.h"
 #include "validator/completa/Deslize.h"
 #include "validator/Sequencia.h"
@@ -49,12 +50,15 @@ PercursoCompleto::PercursoCompleto(JanelaDeLinhas& janela, TiposDeLinha& tipos, 
 
 void PercursoCompleto::percorrer(const std::function<bool()>& cancelada) {
     if (!verificarHeader()) return;
-    while (const LinhaDoArquivo* const linha = janela_.olhar()) {
-        if (linha->texto.empty()) return terminarNaLinhaVazia();
-        if (ordem_.naDefinicao('Z')) return terminarDepoisDoTrailer();
+    const LinhaDoArquivo* linha = nullptr;
+    while ((linha = janela_.olhar()) && !linha->texto.empty() && !ordem_.naDefinicao('Z'))
         verificarLinha(*linha);
-    }
-    if (!cancelada()) terminarSemTrailer();
+    const std::int64_t primeira = linha ? linha->lugar : 0;
+    const Resto resto = linha ? lerResto() : Resto();
+    if (cancelada()) return;
+    if (linha) acusarResto(primeira, resto);
+    if (janela_.terminouEmCtrlZ()) acusarCtrlZ();
+    terminarSemTrailer();
 }
 
 std::int64_t PercursoCompleto::acusar(Achado achado, std::int64_t causa) {
@@ -107,6 +111,15 @@ void PercursoCompleto::verificarHeaderInteiro(const TipoDeLinha& tipo, const Lin
     if (trecho(tipo.registro->getValorCampoString("VersaoLayout"_t), 1, 4) != "1.00"_t)
         acusar(estrutural("sequencia.a.versaoLayout"_t, 1, 'A', "Versao de layout incompatível. Esperada: 1.00"_t), 0);
     verificarIDRegistro('A', tipo);
+    if (sequencialDo(tipo) != 1) {
+        Achado aviso =
+            estrutural("a.sequencial.naoConferido"_t, 1, 'A', "Sequencial do header, que o log não confere"_t);
+        aviso.gravidade = Gravidade::Aviso;
+        if (tipo.sequencial)
+            aviso.campo =
+                campoDo(tipo, *tipo.sequencial, comZeros(1, static_cast<std::size_t>(tipo.sequencial->Tamanho())));
+        coletor_.contar(std::move(aviso), 0);
+    }
     convenio_ = tipo.registro->getValorCampoString("Convenio"_t);
     conteudo_.header(*tipo.registro);
     anterior_ = linha.texto;
@@ -152,12 +165,27 @@ void PercursoCompleto::verificarLinha(const LinhaDoArquivo& linha) {
 void PercursoCompleto::verificarRegistro(const LinhaDoArquivo& linha, const TipoDeLinha& tipo) {
     if (verificarNumero(linha, tipo) == Depois::LinhaTratada) return;
     conteudo_.verificarCaracteres(*tipo.registro, tipo.letra);
+    avisarDatasTrocadas(tipo);
     verificarConvenio(tipo);
     const char letra = tipo.letra;
     perdaAntes_ = receber(letra, &tipo, linha.lugar) ? 0 : daLinha_;
     ignorada_ = perdaAntes_ != 0 ? letra : '\0';
     anterior_.assign(linha.texto);
     janela_.avancar();
+}
+
+/// A field reads a date of year and day of the year with day and month exchanged, as far as that gives a date.
+void PercursoCompleto::avisarDatasTrocadas(const TipoDeLinha& tipo) {
+    for (const CampoRemessa* const campo : tipo.julianas) {
+        const auto escrita =
+            Diversos::String2Data(tipo.registro->textoNaLinha(*campo), campo->formato(), tipo.registro->anoCorrente());
+        if (!escrita || igual(tipo.registro->getValorCampo(*campo), *escrita)) continue;
+        Achado aviso = estrutural("data.trocada"_t, tipo.registro->lugar(), tipo.letra,
+                                  "Data em ADDD, que o log lê com o dia e o mês trocados"_t);
+        aviso.gravidade = Gravidade::Aviso;
+        aviso.campo = campoDo(tipo, *campo, std::nullopt);
+        coletor_.contar(std::move(aviso), 0);
+    }
 }
 
 /// A line of the wrong length or of no known type. What it says is not looked at; its letter takes its place.
@@ -551,48 +579,48 @@ void PercursoCompleto::receberTrailer(std::int64_t lugar) {
 
 // --- The end --------------------------------------------------------------------------------------------------------
 
-/// The log takes the first empty line for the end of the file.
-void PercursoCompleto::terminarNaLinhaVazia() {
-    const std::int64_t vazia = janela_.olhar()->lugar;
-    std::int64_t linhas = 0;
-    for (janela_.avancar(); janela_.olhar(); janela_.avancar())
-        ++linhas;
-    daAnterior_ = std::exchange(daLinha_, 0);
-    const bool temTrailer = ordem_.naDefinicao('Z');
-    Achado achado = estrutural("estrutura.linhaVazia"_t, vazia, '\0',
-                               linhas == 0 ? Texto("Linha vazia ao final do arquivo"_t)
-                                           : junta("Linha vazia, que termina o arquivo: não se lê mais "_t,
-                                                   contagemDeLinhas(linhas), " atrás dela"_t));
-    if (temTrailer) achado.gravidade = Gravidade::Aviso;
-    acusar(std::move(achado), 0);
-    if (!temTrailer) terminarSemTrailer();
+/// Reads what stands behind the trailer or from the first empty line on, which the log takes for the end of the file.
+/// Without an effect is a second trailer, which passes the rules.
+PercursoCompleto::Resto PercursoCompleto::lerResto() {
+    Resto resto;
+    bool acabou = false;
+    for (; const LinhaDoArquivo* const linha = janela_.olhar(); janela_.avancar()) {
+        ++resto.linhas;
+        acabou = acabou || linha->texto.empty();
+        if (acabou) continue;
+        const TipoDeLinha* const tipo = tipos_.reconhecer(linha->texto, linha->lugar);
+        const bool outroTrailer =
+            tipo && tipo->letra == 'Z' && tipo->temTamanho(linha->texto) && sequencialDo(*tipo) == esperado(*linha);
+        resto.comEfeito = resto.comEfeito || !outroTrailer;
+    }
+    return resto;
 }
 
-/// A second trailer passes the rules, and whatever is empty ends the file; anything else is out of order.
-void PercursoCompleto::terminarDepoisDoTrailer() {
-    const std::int64_t primeira = janela_.olhar()->lugar;
-    std::int64_t linhas = 0;
-    bool soTrailers = true;
-    bool acabou = false;
-    while (const LinhaDoArquivo* const linha = janela_.olhar()) {
-        acabou = acabou || linha->texto.empty();
-        const TipoDeLinha* const tipo = acabou ? nullptr : tipos_.reconhecer(linha->texto, linha->lugar);
-        const bool outroTrailer =
-            tipo && tipo->letra == 'Z' && tipo->temTamanho(linha->texto) && sequencialDo(*tipo) == linha->lugar;
-        soTrailers = soTrailers && (acabou || outroTrailer);
-        ++linhas;
-        janela_.avancar();
-    }
-    Achado achado = estrutural("estrutura.depoisDoTrailer"_t, primeira, '\0',
-                               junta("Há "_t, contagemDeLinhas(linhas), " depois do trailer (segmento Z)"_t));
-    if (soTrailers) achado.gravidade = Gravidade::Aviso;
-    coletor_.contar(std::move(achado), 0);
+void PercursoCompleto::acusarResto(std::int64_t primeira, const Resto& resto) {
+    daLinha_ = 0;
+    const bool temTrailer = ordem_.naDefinicao('Z');
+    const Texto linhas = contagemDeLinhas(temTrailer ? resto.linhas : resto.linhas - 1);
+    Achado achado = temTrailer
+                        ? estrutural("estrutura.depoisDoTrailer"_t, primeira, '\0',
+                                     junta("Depois do trailer (segmento Z) o arquivo ainda tem "_t, linhas))
+                        : estrutural("estrutura.linhaVazia"_t, primeira, '\0',
+                                     junta("Linha vazia, que termina o arquivo: atrás dela não se lê mais "_t, linhas));
+    if (temTrailer && !resto.comEfeito) achado.gravidade = Gravidade::Aviso;
+    fimForcado_ = acusar(std::move(achado), 0);
+}
+
+void PercursoCompleto::acusarCtrlZ() {
+    const bool temTrailer = ordem_.naDefinicao('Z');
+    Achado achado =
+        estrutural("estrutura.ctrlZ"_t, ultimaLinha_, '\0', "Ctrl-Z (1A) no arquivo: atrás dele não se lê mais nada"_t);
+    if (temTrailer) achado.gravidade = Gravidade::Aviso;
+    fimForcado_ = acusar(std::move(achado), fimForcado_);
 }
 
 void PercursoCompleto::terminarSemTrailer() {
     const Ordem::Quebra* const quebra = ordem_.semTrailer();
     if (!quebra) return;
-    marcarQueFaltam(acusar(*quebra, '\0', ultimaLinha_, daLinha_));
+    marcarQueFaltam(acusar(*quebra, '\0', ultimaLinha_, fimForcado_ != 0 ? fimForcado_ : perdaAntes_));
     conteudo_.encerrarGuia();
 }
 

@@ -52,6 +52,7 @@ class PercursoCompleto {
     void acusarSequencial(const LinhaDoArquivo& linha, const TipoDeLinha& tipo);
     [[nodiscard]] bool linhaDeslocada(const TipoDeLinha& tipo);
     void verificarConvenio(const TipoDeLinha& tipo);
+    void avisarDatasTrocadas(const TipoDeLinha& tipo);
 
     bool receber(char letra, const TipoDeLinha* tipo, std::int64_t lugar);
     [[nodiscard]] bool receberDefinicao(char letra, const TipoDeLinha* tipo, std::int64_t lugar);
@@ -68,8 +69,14 @@ class PercursoCompleto {
     void marcarQueFaltam(std::int64_t causa);
     void marcarPerdidas(char letra);
 
-    void terminarNaLinhaVazia();
-    void terminarDepoisDoTrailer();
+    /// What stands behind the end of the remittance.
+    struct Resto {
+        std::int64_t linhas = 0;
+        bool comEfeito = false; ///< whether the log stops at it
+    };
+    [[nodiscard]] Resto lerResto();
+    void acusarResto(std::int64_t primeira, const Resto& resto);
+    void acusarCtrlZ();
     void terminarSemTrailer();
 
     /// Tells a structural finding about the line at hand, due to `causa`; what breaks at the same place follows from
@@ -89,16 +96,17 @@ class PercursoCompleto {
     TodosTem todosTem_;
     Ordem ordem_;
     Texto convenio_;
-    Texto anterior_;                               ///< the line before, to see one that stands twice
-    std::int64_t desvio_ = 0;                      ///< the number of a record less the number of its line
-    std::size_t numerosVistos_ = 0;                ///< so many lines from this one on have had their numbers checked
-    std::int64_t ultimaLinha_ = 0;                 ///< the last one that was looked at, 1-based
-    std::int64_t daLinha_ = 0;                     ///< finding about the structure of this line; 0 if there is none
-    std::int64_t daAnterior_ = 0;                  ///< the same of the line before
-    std::int64_t perdaAqui_ = 0;                   ///< finding that says that lines are missing in front of this one
-    std::int64_t perdaAntes_ = 0;                  ///< finding about the line before, which has no effect; 0 if it has
-    char ignorada_ = '\0';                         ///< the letter of that line, if it is known
-    char ultimaLetra_ = 'A';                       ///< of the last record that has its effect
+    Texto anterior_;                ///< the line before, to see one that stands twice
+    std::int64_t desvio_ = 0;       ///< the number of a record less the number of its line
+    std::size_t numerosVistos_ = 0; ///< so many lines from this one on have had their numbers checked
+    std::int64_t ultimaLinha_ = 0;  ///< the last one that was looked at, 1-based
+    std::int64_t daLinha_ = 0;      ///< finding about the structure of this line; 0 if there is none
+    std::int64_t daAnterior_ = 0;   ///< the same of the line before
+    std::int64_t fimForcado_ = 0;   ///< finding that says that the file ends where it should not; 0 if there is none
+    std::int64_t perdaAqui_ = 0;    ///< finding that says that lines are missing in front of this one
+    std::int64_t perdaAntes_ = 0;   ///< finding about the line before, which has no effect; 0 if it has
+    char ignorada_ = '\0';          ///< the letter of that line, if it is known
+    char ultimaLetra_ = 'A';        ///< of the last record that has its effect
     std::array<std::int64_t, 256> faltam_{};       ///< finding that says that a definition is missing, by letter
     std::array<std::int64_t, 256> faltamNaGuia_{}; ///< the same for the records of the slip in hand
     /// The last wrong "IDRegistro" of a letter: by how much, and the finding.

@@ -15,11 +15,15 @@ TipoDeLinha tipoDe(const RegistroRemessa& registro) {
     };
     const CampoRemessa* const identificador = campo(registro.identificador());
     const Texto conteudo = identificador ? identificador->Valor().texto() : Texto();
-    return {.registro = &registro,
-            .letra = conteudo.size() == 1 ? conteudo.front() : '\0',
-            .sequencial = campo("Sequencial"_t),
-            .convenio = campo("Convenio"_t),
-            .idRegistro = campo("IDRegistro"_t)};
+    TipoDeLinha tipo{.registro = &registro,
+                     .letra = conteudo.size() == 1 ? conteudo.front() : '\0',
+                     .sequencial = campo("Sequencial"_t),
+                     .convenio = campo("Convenio"_t),
+                     .idRegistro = campo("IDRegistro"_t),
+                     .julianas = {}};
+    for (const auto& data : registro.campos())
+        if (data->natureza() == "D"_t && data->formato() == "ADDD"_t) tipo.julianas.push_back(data.get());
+    return tipo;
 }
 
 } // namespace

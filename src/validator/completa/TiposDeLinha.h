@@ -16,6 +16,7 @@ struct TipoDeLinha {
     const CampoRemessa* sequencial;  ///< null where the type lacks the field, as the next two
     const CampoRemessa* convenio;
     const CampoRemessa* idRegistro;
+    std::vector<const CampoRemessa*> julianas; ///< dates in the format "ADDD"
 
     [[nodiscard]] bool temTamanho(VistaTexto linha) const noexcept {
         return linha.size() == static_cast<std::size_t>(registro->Tamanho());
