@@ -1,5 +1,6 @@
 #include "frontend/Trabalho.h"
 
+#include "returns/ConferenciaDeRetorno.h"
 #include "returns/modTrataTAV001.h"
 #include "returns/modTrataZUL708.h"
 
@@ -56,7 +57,9 @@ Resumo Trabalho::analisar(Rodada& rodada, const Pedido& pedido) {
 }
 
 ResumoCompleto Trabalho::conferirTudo(const Rodada& rodada, const Pedido& pedido, std::span<Relator* const> ouvintes) {
-    if (pedido.tipoArquivo != TipoArquivo::ZUL702) return {};
+    if (pedido.tipoArquivo != TipoArquivo::ZUL702)
+        return conferirRetorno(pedido.tipoArquivo, ambiente_, pedido.nomeArquivo, globais_, ouvintes, cancelado_,
+                               rodada.versaoDaEntrada());
     prepararDepurador(pedido);
     return depurador_->conferirTudo({.arquivo = pedido.nomeArquivo,
                                      .versao = rodada.versaoDaEntrada(),

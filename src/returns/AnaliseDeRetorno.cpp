@@ -1,6 +1,7 @@
 #include "returns/AnaliseDeRetorno.h"
 
 #include "common/Falha.h"
+#include "returns/TipoDoRetorno.h"
 
 #include <algorithm>
 
@@ -16,8 +17,8 @@ std::int64_t registrosEstimados(std::uint64_t bytes) noexcept {
 
 } // namespace
 
-AnaliseDeRetorno::AnaliseDeRetorno(Rodada& rodada, const modVariaveis& globais)
-    : rodada_(rodada), consultas_(globais.bancoDeDados) {}
+AnaliseDeRetorno::AnaliseDeRetorno(TipoArquivo tipo, Rodada& rodada, const modVariaveis& globais)
+    : tipo_(tipo), rodada_(rodada), consultas_(globais.bancoDeDados) {}
 
 std::optional<Texto> AnaliseDeRetorno::preparar() {
     Ambiente& ambiente = rodada_.ambiente();
@@ -48,8 +49,10 @@ Desfecho AnaliseDeRetorno::analisar() {
         }
         progresso.registroAtual = ++rodada_.resumo().totalRegistros;
         progresso.barra = std::min(progresso.registroAtual, progresso.totalRegistros);
-        if (linhaAtual() == 1)
-            if (const auto recusa = tratarHeader(*linha)) return recusar(*recusa);
+        if (linhaAtual() == 1) {
+            if (const auto recusa = recusaDoTipo(tipo_, *linha)) return recusar(*recusa);
+            tratarHeader(*linha);
+        }
         tratarLinha(*linha);
         rodada_.painel().avancar(progresso);
     }

@@ -16,19 +16,18 @@ namespace quilatador {
 /// last line of the log.
 class AnaliseDeRetorno : public Analise {
   public:
-    /// `rodada` and the code tables of `globais` must outlive this object. Without code tables each look-up raises
-    /// `Falha` 3420.
-    AnaliseDeRetorno(Rodada& rodada, const modVariaveis& globais);
+    /// `tipo` is the one that the file must have. `rodada` and the code tables of `globais` must outlive this object.
+    /// Without code tables each look-up raises `Falha` 3420.
+    AnaliseDeRetorno(TipoArquivo tipo, Rodada& rodada, const modVariaveis& globais);
 
     [[nodiscard]] std::optional<Texto> preparar() final;
     [[nodiscard]] Desfecho analisar() final;
     void fecharEntrada() noexcept final { leitor_.reset(); }
 
   protected:
-    /// Handles the first line as the header of the file. Returns the finding that says why it is none; otherwise writes
-    /// what the header says and returns nothing.
-    [[nodiscard]] virtual std::optional<Achado> tratarHeader(VistaTexto linha) = 0;
-    /// Handles one line. The first line comes here too, after `tratarHeader` has accepted it.
+    /// Writes what the first line says as the header of the file. A file of another type does not come so far.
+    virtual void tratarHeader(VistaTexto linha) = 0;
+    /// Handles one line. The first line comes here too, after `tratarHeader`.
     virtual void tratarLinha(VistaTexto linha) = 0;
     /// Called at the end of the file, unless the run was cancelled. Does nothing by default.
     virtual void escreverTotais() {}
@@ -43,6 +42,7 @@ class AnaliseDeRetorno : public Analise {
   private:
     [[nodiscard]] Desfecho recusar(const Achado& achado);
 
+    TipoArquivo tipo_;
     Rodada& rodada_;
     ConsultasDaRodada consultas_;
     std::optional<LeitorDeLinhas> leitor_;

@@ -2,24 +2,12 @@
 
 #include "common/Numero.h"
 
-#include <array>
-
 namespace quilatador {
 
 namespace {
 
 /// Ends the report on one record.
 constexpr VistaTexto separador = "\r\n\r\n----------------------------------------------\r\n\r\n"_t;
-
-/// A text that the first line must have, at a 1-based position.
-struct MarcaDoTipo {
-    VistaTexto campo;
-    std::size_t inicio;
-    VistaTexto valor;
-};
-
-constexpr std::array marcasDoTipo{MarcaDoTipo{"TipoReg"_t, 1, "A"_t}, MarcaDoTipo{"CodigoRemessa"_t, 2, "2"_t},
-                                  MarcaDoTipo{"VersaoLayout"_t, 80, "03"_t}};
 
 /// A line of any length. A field that goes beyond its end is cut, or empty.
 struct LinhaQualquer {
@@ -56,12 +44,12 @@ struct DataDaLinha {
 class RelatorioTAV001 final : public AnaliseDeRetorno {
   public:
     RelatorioTAV001(Rodada& rodada, const modVariaveis& globais)
-        : AnaliseDeRetorno(rodada, globais)
+        : AnaliseDeRetorno(TipoArquivo::TAV001, rodada, globais)
         , milhar_(rodada.ambiente().localidade.separadorDeMilhar())
         , decimal_(rodada.ambiente().localidade.separadorDecimal()) {}
 
   private:
-    [[nodiscard]] std::optional<Achado> tratarHeader(VistaTexto linha) override;
+    void tratarHeader(VistaTexto linha) override;
     void tratarLinha(VistaTexto linha) override;
 
     template <typename Linha>
@@ -79,19 +67,7 @@ class RelatorioTAV001 final : public AnaliseDeRetorno {
     Texto decimal_;
 };
 
-std::optional<Achado> RelatorioTAV001::tratarHeader(VistaTexto linha) {
-    for (const auto& [campo, inicio, valor] : marcasDoTipo) {
-        const VistaTexto encontrado = trecho(linha, inicio, valor.size());
-        if (encontrado == valor) continue;
-        return Achado{.id = "tav001.tipoInvalido"_t,
-                      .gravidade = Gravidade::Estrutural,
-                      .linha = linhaAtual(),
-                      .campo =
-                          CampoDoAchado{Texto(campo), static_cast<int>(inicio),
-                                        static_cast<int>(inicio + valor.size() - 1), Texto(encontrado), Texto(valor)},
-                      .mensagem = junta("Linha: "_t, trecho(linha, 235, 6),
-                                        " - O Arquivo não é do tipo TAV001 ou a versão é diferente de 03!"_t)};
-    }
+void RelatorioTAV001::tratarHeader(VistaTexto linha) {
     mostrar(Rotulo::Remessa, junta("Sequencial: "_t, trecho(linha, 74, 6)));
     mostrar(Rotulo::Empresa, junta("Empresa/Órgão: "_t, trecho(linha, 23, 20)));
     const DataDaLinha geracao(LinhaQualquer{linha}, 66);
@@ -104,7 +80,6 @@ std::optional<Achado> RelatorioTAV001::tratarHeader(VistaTexto linha) {
                   trecho(linha, 74, 6), "\r\n"_t, //
                   "Versão do Leiaute......: "_t, trecho(linha, 80, 2), separador);
     rodada().terminar(caneta);
-    return std::nullopt;
 }
 
 void RelatorioTAV001::tratarLinha(VistaTexto linha) {

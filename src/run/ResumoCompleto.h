@@ -29,11 +29,12 @@ struct LugarDaData {
 
 /// The result of a complete check in numbers. Errors are findings that make the file wrong, see `contaComoErro`.
 struct ResumoCompleto {
-    Desfecho desfecho = Desfecho::Concluida; ///< completed, cancelled, or `NaoRodou`: the file failed or has changed
-    Texto descricao;                         ///< why it did not run to its end; "" where it did or was cancelled
-    std::int64_t registros = 0;              ///< lines that were looked at
-    std::int64_t causas = 0;                 ///< errors that follow from no other
-    std::int64_t erros = 0;                  ///< all errors, consequences among them
+    /// Completed, cancelled, `NaoRodou` if the file failed or has changed, or `Falhou` if it is no return of its type.
+    Desfecho desfecho = Desfecho::Concluida;
+    Texto descricao;            ///< why it did not run to its end; "" where it did or was cancelled
+    std::int64_t registros = 0; ///< lines that were looked at
+    std::int64_t causas = 0;    ///< errors that follow from no other
+    std::int64_t erros = 0;     ///< all errors, consequences among them
     std::int64_t avisos = 0;
     std::int64_t discutidos = 0;
     std::int64_t ocorrencias = 0; ///< only of a print return

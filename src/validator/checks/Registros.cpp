@@ -63,7 +63,7 @@ void verificarDefinicao(Apontador& apontador, const RegistroRemessa& registro, c
 
 void guardarNaGuia(Apontador& apontador, const RegistroRemessa& registro, char letra, std::int64_t linha,
                    GuiaEmMaos& guia, const Definicao& definicao) {
-    constexpr std::array opcoes{Fundamento{.letra = 'L'}};
+    constexpr std::array fundamentos{Fundamento{.letra = 'L'}, Fundamento{.letra = 'Y', .campo = 1}}; // options, order
     switch (letra) {
     case 'X':
         if (!guia.guardarMensagem(registro))
@@ -76,7 +76,7 @@ void guardarNaGuia(Apontador& apontador, const RegistroRemessa& registro, char l
         if (!guia.guardarParcela(registro, definicao.parcelasPrevistas))
             apontador.apontar(erroDaLinha("y.quantidade.excedida"_t, letra, linha,
                                           "Foram informadas mais parcelas do que o previsto no segmento 'E'!"_t),
-                              opcoes);
+                              fundamentos);
         break;
     default:
         guia.guardar(letra, registro);

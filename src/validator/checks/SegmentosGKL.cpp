@@ -48,6 +48,7 @@ void verificarNumerada(const Numerada& regra, Apontador& apontador, const Regist
 
     c.passo([&] {
         const Valor numero = c.valor(regra.campo);
+        c.apoiar("IDRegistro"_t); // a record that is there twice has a wrong one as well
         // No two of those accepted are equal, so that a number is the duplicate of one at most.
         if (aceitas.contem({{regra.campo, numero}}))
             return c.erro(regra.duplicada, regra.mensagemDaDuplicada, regra.linha);
@@ -127,6 +128,7 @@ void verificarSegmentoL(Apontador& apontador, const RegistroRemessa& registro, D
     c.passo([&] {
         // The first option has nothing to be compared with, so that nobody needs its number here.
         RegistrosGuardados& opcoes = definicao.opcoesPagamento;
+        c.apoiar("IDRegistro"_t);
         if (!opcoes.vazia() && opcoes.contem({{"TipoPag"_t, c.valor("TipoPag"_t)}, {"NroPag"_t, c.valor("NroPag"_t)}}))
             return c.erro({"l.opcao.duplicada"_t, "NroPag"_t}, "Tipo e numero de parcela duplicados"_t);
 

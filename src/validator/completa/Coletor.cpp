@@ -38,7 +38,7 @@ std::int64_t Coletor::contar(Achado achado, std::int64_t causa) {
         achado.idGuia = idGuia_;
         guiaComErro_ = guiaComErro_ || contaComoErro(achado.gravidade, achado.discutido);
     }
-    if (achado.linha == 0) achado.linha = linhaDaGuia_;
+    if (achado.linha == 0) achado.linha = guia_ != 0 ? linhaDaGuia_ : linhaEmMaos_;
     somar(achado);
     for (Relator* const ouvinte : ouvintes_)
         ouvinte->achado(achado);
@@ -100,7 +100,7 @@ void Coletor::dizerQueFalta(const Fundamento& fundamento, std::int64_t causa) {
     if (!faltasDitas_.emplace(fundamento.letra, fundamento.campo).second) return;
     contar(Achado{.id = "completa.semDefinicao"_t,
                   .gravidade = Gravidade::Aviso,
-                  .linha = fundamento.linha == 0 ? linhaDaGuia_ : fundamento.linha,
+                  .linha = fundamento.linha,
                   .segmento = fundamento.letra,
                   .campo = std::nullopt,
                   .mensagem = junta("O que depende do segmento "_t, VistaTexto(&fundamento.letra, 1),

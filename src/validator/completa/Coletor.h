@@ -46,6 +46,8 @@ class Coletor final : public Apontador {
     /// The number of the finding from which faults of this part of the file follow; 0 if there is none.
     [[nodiscard]] std::int64_t causaDe(const Fundamento& onde) const noexcept;
 
+    /// The line (1-based) that is being looked at, for findings that have none of their own.
+    void irParaLinha(std::int64_t linha) noexcept { linhaEmMaos_ = linha; }
     /// Begins a slip: `idGuia` is its identification as it stands in the file, `linha` its first line (1-based).
     void iniciarGuia(std::int64_t ordinal, VistaTexto idGuia, std::int64_t linha);
     /// Leaves a record of the slip in hand out of the check, and so part of the slip.
@@ -79,6 +81,7 @@ class Coletor final : public Apontador {
     std::set<std::pair<char, std::int16_t>> faltasDitas_; ///< segment and field of what steps were left out for
     std::int64_t guia_ = 0;                               ///< ordinal of the slip in hand; 0 outside of slips
     std::int64_t linhaDaGuia_ = 0;
+    std::int64_t linhaEmMaos_ = 1;
     Texto idGuia_;
     std::set<char> naoConferidos_;
     bool guiaComErro_ = false;

@@ -11,6 +11,7 @@ namespace quilatador {
 
 namespace {
 
+constexpr std::int16_t lugarDaLetra = 1; ///< of "TipoReg", on which the order of the records rests
 constexpr VistaTexto letrasDaGuia = "TUVWXY"_t;
 /// The definitions that no remittance can do without.
 constexpr VistaTexto definicoesExigidas = "BCDEKL"_t;
@@ -79,20 +80,27 @@ bool PercursoCompleto::verificarHeader() {
         return false;
     }
     const bool inteiro = tipo->temTamanho(texto) && texto == tipo->registro->linha();
-    if (inteiro ? diferente(tipo->registro->getValorCampo("NomeArquivo"_t), "ZUL702"_t)
-                : texto.find("ZUL702"_t) == VistaTexto::npos) {
+    if (inteiro ? diferente(tipo->registro->getValorCampo("NomeArquivo"_t), "ZUL702"_t) : !dizOTipo(*linha)) {
         acusar(estrutural("sequencia.a.nomeArquivo"_t, 1, 'A', "Arquivo não é ZUL702!"_t), 0);
         return false;
     }
     ultimaLinha_ = 1;
-    if (inteiro)
+    if (inteiro) {
         verificarHeaderInteiro(*tipo, *linha);
-    else
-        acusarTamanho(*linha, *tipo);
-    if (!inteiro) coletor_.marcarAusente('A', daLinha_);
-    janela_.avancar();
+        janela_.avancar();
+    } else {
+        verificarLinhaTorta(*linha, tipo);
+        coletor_.marcarAusente('A', daLinha_);
+    }
     decidirConvenio(inteiro ? convenio_ : Texto());
     return true;
+}
+
+/// Whether a header that is not whole still names its type of file, perhaps behind a line end that does not belong
+/// there.
+bool PercursoCompleto::dizOTipo(const LinhaDoArquivo& linha) {
+    const LinhaDoArquivo* const proxima = janela_.olhar(1);
+    return junta(linha.texto, proxima ? VistaTexto(proxima->texto) : VistaTexto()).find("ZUL702"_t) != Texto::npos;
 }
 
 void PercursoCompleto::verificarHeaderInteiro(const TipoDeLinha& tipo, const LinhaDoArquivo& linha) {
@@ -134,6 +142,7 @@ void PercursoCompleto::verificarLinha(const LinhaDoArquivo& linha) {
     daAnterior_ = std::exchange(daLinha_, 0);
     perdaAqui_ = 0;
     ultimaLinha_ = linha.lugar;
+    coletor_.irParaLinha(linha.lugar);
     const TipoDeLinha* const tipo = tipos_.reconhecer(linha.texto, linha.lugar);
     if (tipo && tipo->temTamanho(linha.texto)) return verificarRegistro(linha, *tipo);
     verificarLinhaTorta(linha, tipo);
@@ -144,8 +153,9 @@ void PercursoCompleto::verificarRegistro(const LinhaDoArquivo& linha, const Tipo
     if (verificarNumero(linha, tipo) == Depois::LinhaTratada) return;
     conteudo_.verificarCaracteres(*tipo.registro, tipo.letra);
     verificarConvenio(tipo);
-    receber(tipo.letra, &tipo, linha.lugar);
-    perdaAntes_ = 0;
+    const char letra = tipo.letra;
+    perdaAntes_ = receber(letra, &tipo, linha.lugar) ? 0 : daLinha_;
+    ignorada_ = perdaAntes_ != 0 ? letra : '\0';
     anterior_.assign(linha.texto);
     janela_.avancar();
 }
@@ -336,16 +346,21 @@ void PercursoCompleto::verificarConvenio(const TipoDeLinha& tipo) {
 
 // --- The letter: definitions ----------------------------------------------------------------------------------------
 
-/// A record with this letter has come; `tipo` is null if its content cannot be looked at.
-void PercursoCompleto::receber(char letra, const TipoDeLinha* tipo, std::int64_t lugar) {
-    if (letra == 'S') return receberGuia(tipo, lugar);
-    if (letra == 'Z') return receberTrailer(tipo, lugar);
-    if (letra > 'S') return receberDaGuia(letra, tipo, lugar);
-    receberDefinicao(letra, tipo, lugar);
+/// A record with this letter has come; `tipo` is null if its content cannot be looked at. Returns false if it has no
+/// effect: what stands in a wrong place is missing in the right one.
+bool PercursoCompleto::receber(char letra, const TipoDeLinha* tipo, std::int64_t lugar) {
+    if (letra == 'A' && lugar == 1) return true; // the header itself, which is not whole
+    if (letra == 'S')
+        receberGuia(tipo, lugar);
+    else if (letra == 'Z')
+        receberTrailer(lugar);
+    else
+        return letra > 'S' ? receberDaGuia(letra, tipo, lugar) : receberDefinicao(letra, tipo, lugar);
+    return true;
 }
 
-void PercursoCompleto::receberDefinicao(char letra, const TipoDeLinha* tipo, std::int64_t lugar) {
-    if (!temLugarNaDefinicao(letra, lugar)) return;
+bool PercursoCompleto::receberDefinicao(char letra, const TipoDeLinha* tipo, std::int64_t lugar) {
+    if (!temLugarNaDefinicao(letra, lugar)) return false;
     marcarPerdidas(letra);
     if (tipo) verificarIDRegistro(letra, *tipo);
     if (!tipo) static_cast<void>(ordem_.idRegistro(letra)); // it is counted all the same
@@ -355,13 +370,14 @@ void PercursoCompleto::receberDefinicao(char letra, const TipoDeLinha* tipo, std
         conteudo_.definir(*tipo->registro, letra);
     else
         conteudo_.definirSemConteudo(letra, daLinha_);
+    return true;
 }
 
 /// Whether a definition has its effect. One in a wrong place, or there for the second time, has none.
 bool PercursoCompleto::temLugarNaDefinicao(char letra, std::int64_t lugar) {
     if (const Ordem::Quebra* const quebra = ordem_.foraDeOrdem(VistaTexto(&letra, 1))) {
         const std::int64_t dita = faltam_[indice(letra)];
-        acusar(*quebra, letra, lugar, dita != 0 ? dita : causaAqui());
+        coletor_.marcar({.letra = letra}, acusar(*quebra, letra, lugar, dita != 0 ? dita : causaAqui()));
         return false;
     }
     if (letra == 'A') { // no rule asks for a second header
@@ -405,9 +421,11 @@ void PercursoCompleto::verificarIDRegistro(char letra, const TipoDeLinha& tipo) 
         if (!diferente(valor, *certo)) return;
         const double diferenca = lerNumero(valor.texto()) - static_cast<double>(*certo);
         IDErrado& ultimo = ids_[indice(letra)];
-        const bool continua = ultimo.causa != 0 && ultimo.diferenca == diferenca;
+        const bool trocados = ultimo.linha + 1 == campo.linha && ultimo.diferenca == -diferenca;
+        const bool continua = ultimo.causa != 0 && (trocados || ultimo.diferenca == diferenca);
         const std::int64_t causa = causaAqui() != 0 ? causaAqui() : continua ? ultimo.causa : 0;
-        ultimo = {diferenca, coletor_.contar(achadoDoIDRegistro(*tipo.registro, letra, campo.linha, *certo), causa)};
+        ultimo = {campo.linha, diferenca,
+                  coletor_.contar(achadoDoIDRegistro(*tipo.registro, letra, campo.linha, *certo), causa)};
         coletor_.marcar(campo, ultimo.causa);
     } catch (const FalhaDeLeitura& falha) {
         coletor_.naoLido(falha, *tipo.registro, campo);
@@ -441,6 +459,10 @@ void PercursoCompleto::receberGuia(const TipoDeLinha* tipo, std::int64_t lugar) 
         conteudo_.iniciarGuia(*tipo->registro);
     else
         conteudo_.iniciarGuiaSemS(lugar);
+    if (ignorada_ > 'S') { // it stands in front of the S to which it belongs
+        faltamNaGuia_[indice(ignorada_)] = perdaAntes_;
+        coletor_.marcar({.letra = ignorada_}, perdaAntes_);
+    }
 }
 
 /// The slip in hand ends with the next S. The finding stands there, but is about this slip.
@@ -471,16 +493,17 @@ void PercursoCompleto::abrirGuiaSemS(std::int64_t linha) {
     ordem_.anotar('S');
 }
 
-void PercursoCompleto::receberDaGuia(char letra, const TipoDeLinha* tipo, std::int64_t lugar) {
+bool PercursoCompleto::receberDaGuia(char letra, const TipoDeLinha* tipo, std::int64_t lugar) {
     marcarPerdidas(letra);
     if (const Ordem::Quebra* const quebra = ordem_.quebra(letra); quebra && !temLugarNaGuia(*quebra, letra, lugar))
-        return;
+        return false;
     ordem_.anotar(letra);
     ultimaLetra_ = letra;
     if (tipo)
         conteudo_.guardar(*tipo->registro, letra);
     else
         conteudo_.guardarSemConteudo(letra);
+    return true;
 }
 
 /// Tells what is wrong with a record in the slip, and whether it is kept all the same.
@@ -493,7 +516,11 @@ bool PercursoCompleto::temLugarNaGuia(const Ordem::Quebra& quebra, char letra, s
     const std::int64_t atrasada = ordem_.temGuia() ? faltamNaGuia_[indice(letra)] : 0;
     const bool outraGuia = atrasada == 0 && abreOutraGuia(letra);
     if (outraGuia) abrirGuiaSemS(lugar);
-    const std::int64_t raiz = acusar(quebra, letra, lugar, atrasada != 0 ? atrasada : causaAqui());
+    const std::int64_t dita = atrasada != 0 || outraGuia ? atrasada : faltamNaGuia_[indice(quebra.exigida)];
+    const std::int64_t raiz = acusar(quebra, letra, lugar, dita != 0 ? dita : causaAqui());
+    coletor_.marcar({.letra = letra, .campo = 0, .linha = lugar}, raiz);
+    coletor_.marcar({.letra = letra, .campo = lugarDaLetra}, raiz);
+    if (!ordem_.temGuia()) return false;
     if (quebra.exigida == 0 || (!outraGuia && ordem_.naGuia(letra) && letra != 'X' && letra != 'Y')) return false;
     for (const char outra : letrasDaGuia)
         if (outra < letra && !ordem_.naGuia(outra) && faltamNaGuia_[indice(outra)] == 0) {
@@ -504,23 +531,15 @@ bool PercursoCompleto::temLugarNaGuia(const Ordem::Quebra& quebra, char letra, s
 }
 
 /// Whether a record that does not fit into the slip in hand begins another one, whose S is missing.
-bool PercursoCompleto::abreOutraGuia(char letra) const {
-    if (!ordem_.temGuia()) return true;
-    const bool completa = ordem_.naGuia('Y');
-    switch (letra) {
-    case 'T':
-        return completa || ordem_.naGuia('U');
-    case 'U':
-        return completa;
-    case 'V':
-    case 'W':
-        return completa && perda() != 0;
-    default:
-        return false;
-    }
+bool PercursoCompleto::abreOutraGuia(char letra) {
+    if (!ordem_.temGuia() && !ordem_.naDefinicao('L')) return false;
+    if (perda() != 0) return !ordem_.temGuia() || (ordem_.naGuia('Y') && letra < 'X');
+    const bool anteriorCompleta = !ordem_.temGuia() || ordem_.naGuia('U');
+    const LinhaDoArquivo* const proxima = janela_.olhar(1);
+    return letra == 'T' && anteriorCompleta && proxima && proxima->texto.starts_with('U');
 }
 
-void PercursoCompleto::receberTrailer(const TipoDeLinha* tipo, std::int64_t lugar) {
+void PercursoCompleto::receberTrailer(std::int64_t lugar) {
     marcarPerdidas('Z');
     if (const Ordem::Quebra* const quebra = ordem_.quebra('Z')) {
         const std::int64_t causa = coletor_.temGuia() ? coletor_.causaDe({.letra = 'Y'}) : 0;
@@ -528,7 +547,6 @@ void PercursoCompleto::receberTrailer(const TipoDeLinha* tipo, std::int64_t luga
     }
     conteudo_.encerrarGuia();
     ordem_.anotar('Z');
-    static_cast<void>(tipo);
 }
 
 // --- The end --------------------------------------------------------------------------------------------------------

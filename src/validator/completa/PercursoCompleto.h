@@ -36,7 +36,7 @@ class PercursoCompleto {
 
     [[nodiscard]] bool verificarHeader();
     void verificarHeaderInteiro(const TipoDeLinha& tipo, const LinhaDoArquivo& linha);
-    [[nodiscard]] bool headerTorto(const LinhaDoArquivo& linha);
+    [[nodiscard]] bool dizOTipo(const LinhaDoArquivo& linha);
     void decidirConvenio(VistaTexto doHeader);
 
     void verificarLinha(const LinhaDoArquivo& linha);
@@ -53,17 +53,17 @@ class PercursoCompleto {
     [[nodiscard]] bool linhaDeslocada(const TipoDeLinha& tipo);
     void verificarConvenio(const TipoDeLinha& tipo);
 
-    void receber(char letra, const TipoDeLinha* tipo, std::int64_t lugar);
-    void receberDefinicao(char letra, const TipoDeLinha* tipo, std::int64_t lugar);
+    bool receber(char letra, const TipoDeLinha* tipo, std::int64_t lugar);
+    [[nodiscard]] bool receberDefinicao(char letra, const TipoDeLinha* tipo, std::int64_t lugar);
     [[nodiscard]] bool temLugarNaDefinicao(char letra, std::int64_t lugar);
     void faltar(char exigida, const Ordem::Quebra& quebra, char letra, std::int64_t lugar);
     void verificarIDRegistro(char letra, const TipoDeLinha& tipo);
     void receberGuia(const TipoDeLinha* tipo, std::int64_t lugar);
-    void receberDaGuia(char letra, const TipoDeLinha* tipo, std::int64_t lugar);
+    [[nodiscard]] bool receberDaGuia(char letra, const TipoDeLinha* tipo, std::int64_t lugar);
     void abrirGuiaSemS(std::int64_t linha);
     [[nodiscard]] bool temLugarNaGuia(const Ordem::Quebra& quebra, char letra, std::int64_t lugar);
-    [[nodiscard]] bool abreOutraGuia(char letra) const;
-    void receberTrailer(const TipoDeLinha* tipo, std::int64_t lugar);
+    [[nodiscard]] bool abreOutraGuia(char letra);
+    void receberTrailer(std::int64_t lugar);
     void acusarFimDaGuia(std::int64_t lugar);
     void marcarQueFaltam(std::int64_t causa);
     void marcarPerdidas(char letra);
@@ -96,12 +96,14 @@ class PercursoCompleto {
     std::int64_t daLinha_ = 0;                     ///< finding about the structure of this line; 0 if there is none
     std::int64_t daAnterior_ = 0;                  ///< the same of the line before
     std::int64_t perdaAqui_ = 0;                   ///< finding that says that lines are missing in front of this one
-    std::int64_t perdaAntes_ = 0;                  ///< finding about the line before, which was of no known type
+    std::int64_t perdaAntes_ = 0;                  ///< finding about the line before, which has no effect; 0 if it has
+    char ignorada_ = '\0';                         ///< the letter of that line, if it is known
     char ultimaLetra_ = 'A';                       ///< of the last record that has its effect
     std::array<std::int64_t, 256> faltam_{};       ///< finding that says that a definition is missing, by letter
     std::array<std::int64_t, 256> faltamNaGuia_{}; ///< the same for the records of the slip in hand
     /// The last wrong "IDRegistro" of a letter: by how much, and the finding.
     struct IDErrado {
+        std::int64_t linha = 0;
         double diferenca = 0;
         std::int64_t causa = 0;
     };
