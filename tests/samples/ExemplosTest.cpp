@@ -18,29 +18,40 @@ std::vector<std::string> palavras(const std::string& texto) {
     return {std::istream_iterator<std::string>(fluxo), {}};
 }
 
-/// One folder of samples/: its input, the options in opcoes.txt (where there are any), the log and the JSON expected.
-class Exemplo : public testing::TestWithParam<fs::path> {};
-
 fs::path entradaDe(const fs::path& exemplo) {
     for (const auto& arquivo : fs::directory_iterator(exemplo))
         if (arquivo.path().extension() == ".rem" || arquivo.path().extension() == ".ret") return arquivo.path();
     throw std::runtime_error("no input in " + exemplo.string());
 }
 
-TEST_P(Exemplo, daOLogEOJsonEsperados) {
-    const fs::path entrada = entradaDe(GetParam());
-    fs::path analisado = "/exemplo" / entrada.filename();
-    BancadaDoPrograma bancada;
-    bancada.arquivos.conteudo[analisado] = lerTexto(entrada);
-    std::vector<std::string> argumentos = palavras(lerTudo(GetParam() / "opcoes.txt"));
-    argumentos.insert(argumentos.end(), {"--json", analisado.string()});
-    bancada.rodar(argumentos);
-    EXPECT_EQ(bancada.erros.str(), "");
-    const std::string log(bytesDoTexto(bancada.arquivos.conteudo[analisado.replace_extension("log")]));
-    for (const auto& [extensao, obtido] : {std::pair("log", log), std::pair("json", bancada.saida.str())}) {
-        const fs::path esperado = fs::path(entrada).replace_extension(extensao);
+/// One folder of samples/: its input, the options in opcoes.txt (where there are any), and what is expected: the log,
+/// the JSON, and what the complete check says in both forms.
+class Exemplo : public testing::TestWithParam<fs::path> {
+  protected:
+    /// Compares with an expected file, which has the input's name and this extension.
+    void comparar(const char* extensao, const std::string& obtido) const {
+        const fs::path esperado = fs::path(entrada_).replace_extension(extensao);
         if (std::getenv("QUILATADOR_REFAZER_EXEMPLOS")) std::ofstream(esperado, std::ios::binary) << obtido;
-        EXPECT_EQ(diferenca(obtido, lerTudo(esperado)), "");
+        EXPECT_EQ(diferenca(obtido, lerTudo(esperado)), "") << extensao;
+    }
+
+    fs::path entrada_ = entradaDe(GetParam());
+};
+
+TEST_P(Exemplo, daOLogEOsAchadosEsperados) {
+    const std::pair<const char*, std::vector<std::string>> formas[] = {
+        {"json", {"--json"}}, {"completa.txt", {"--completa"}}, {"completa.json", {"--completa", "--json"}}};
+    for (const auto& [extensao, opcoes] : formas) {
+        fs::path analisado = "/exemplo" / entrada_.filename();
+        BancadaDoPrograma bancada;
+        bancada.arquivos.conteudo[analisado] = lerTexto(entrada_);
+        std::vector<std::string> argumentos = palavras(lerTudo(GetParam() / "opcoes.txt"));
+        argumentos.insert(argumentos.end(), opcoes.begin(), opcoes.end());
+        argumentos.push_back(analisado.string());
+        bancada.rodar(argumentos);
+        EXPECT_EQ(bancada.erros.str(), "");
+        comparar(extensao, bancada.saida.str());
+        comparar("log", std::string(bytesDoTexto(bancada.arquivos.conteudo[analisado.replace_extension("log")])));
     }
 }
 

@@ -72,7 +72,8 @@ TEST(Gerador, dizerQuantosRegistrosOuGuiasBasta) {
         EXPECT_EQ(remessa(opcoes).size(), n * testes::bytesDaLinha);
     }
     EXPECT_EQ(analise({.guias = 1}), "/d/gerado: 0 erros; 1 guia lida");
-    EXPECT_EQ(analise({.guias = 77}), "/d/gerado: 0 erros; 77 guias lidas; só a última teve o conteúdo conferido");
+    EXPECT_EQ(analise({.guias = 77}),
+              "/d/gerado: 0 erros; 77 guias lidas; só a última teve o conteúdo conferido (--completa confere todas)");
     EXPECT_EQ(analise({.tipo = Tipo::TAV001, .registros = 0}), "/d/gerado: 2 registros lidos");
 }
 
