@@ -150,8 +150,10 @@ void Conferencia::aviso(const Assunto& assunto, VistaTexto mensagem) {
 
 void Conferencia::avisarSePassa(const Assunto& assunto, VistaTexto conteudo, VistaTexto lista) {
     if (completa_ && conteudo.size() != 1 && lista.find(conteudo) != VistaTexto::npos)
-        aviso(assunto,
-              junta("Conteúdo vazio ou mais comprido, que o log aceita por estar contido em \""_t, lista, "\""_t));
+        aviso(assunto, conteudo.empty()
+                           ? junta("Campo em branco, que o log aceita; esperado um destes caracteres: "_t, lista)
+                           : junta("Conteúdo que o log aceita por estar contido em \""_t, lista,
+                                   "\"; esperado um destes caracteres"_t));
 }
 
 void Conferencia::exigir(const Assunto& assunto, VistaTexto mensagem) {

@@ -77,7 +77,8 @@ void Coletor::naoLido(const FalhaDeLeitura& falha, const RegistroRemessa& emVeri
     achado.gravidade = Gravidade::Erro;
     achado.linha = campo.linha;
     achado.segmento = campo.letra;
-    anotar(campo, contar(std::move(achado), causa), Estado::Ilegivel);
+    const Texto nome = achado.campo ? achado.campo->nome : Texto();
+    anotar(campo, contar(std::move(achado), causa), Estado::Ilegivel, nome);
 }
 
 std::int64_t Coletor::acusarDeslize(const RegistroRemessa& registro, const Deslize& deslize) {
@@ -92,20 +93,23 @@ bool Coletor::falta(const Fundamento& fundamento) {
         faltas, [&](const Falta& f) { return f.estado != Estado::Errado && f.onde.toca(fundamento); });
     if (falta == faltas.end()) return false;
     guiaEmParte_ = true;
-    if (daDefinicao(fundamento.letra)) dizerQueFalta(fundamento, falta->causa);
+    if (daDefinicao(fundamento.letra)) dizerQueFalta(Falta(*falta));
     return true;
 }
 
-void Coletor::dizerQueFalta(const Fundamento& fundamento, std::int64_t causa) {
-    if (!faltasDitas_.emplace(fundamento.letra, fundamento.campo).second) return;
+/// Steps are left out without a word for each slip, so that it is said once.
+void Coletor::dizerQueFalta(const Falta& falta) {
+    const char letra = falta.onde.letra;
+    if (!faltasDitas_.emplace(letra, falta.onde.campo).second) return;
+    const Texto doCampo = falta.campo.empty() ? Texto() : junta("campo "_t, falta.campo, " do "_t);
     contar(Achado{.id = "completa.semDefinicao"_t,
                   .gravidade = Gravidade::Aviso,
-                  .linha = fundamento.linha,
-                  .segmento = fundamento.letra,
+                  .linha = falta.onde.linha,
+                  .segmento = letra,
                   .campo = std::nullopt,
-                  .mensagem = junta("O que depende do segmento "_t, VistaTexto(&fundamento.letra, 1),
-                                    " não pôde ser conferido nas guias"_t)},
-           causa);
+                  .mensagem = junta("O que depende do "_t, doCampo, "segmento "_t, VistaTexto(&letra, 1),
+                                    " não pôde ser conferido"_t)},
+           falta.causa);
 }
 
 bool Coletor::naoConferido(char letra) const noexcept {
@@ -118,14 +122,14 @@ std::int64_t Coletor::causaDe(const Fundamento& onde) const noexcept {
     return falta == faltas.end() ? 0 : falta->causa;
 }
 
-void Coletor::anotar(const Fundamento& onde, std::int64_t causa, Estado estado) {
+void Coletor::anotar(const Fundamento& onde, std::int64_t causa, Estado estado, VistaTexto campo) {
     auto& faltas = daDefinicao(onde.letra) ? daDefinicao_ : daGuia_;
     // The installments of a slip may be very many, and none has to do with another.
     if (onde.letra == 'Y' && onde.linha != 0)
         std::erase_if(faltas, [&](const Falta& f) {
             return f.onde.letra == 'Y' && f.onde.linha != 0 && f.onde.linha != onde.linha;
         });
-    if (faltas.size() < maisFaltas || estado == Estado::Ausente) faltas.push_back({onde, causa, estado});
+    if (faltas.size() < maisFaltas || estado == Estado::Ausente) faltas.push_back({onde, causa, estado, Texto(campo)});
 }
 
 void Coletor::iniciarGuia(std::int64_t ordinal, VistaTexto idGuia, std::int64_t linha) {

@@ -52,6 +52,8 @@ class Coletor final : public Apontador {
     void iniciarGuia(std::int64_t ordinal, VistaTexto idGuia, std::int64_t linha);
     /// Leaves a record of the slip in hand out of the check, and so part of the slip.
     void deixarDeConferir(char letra) { naoConferidos_.insert(letra); }
+    /// The slip in hand can be checked in part only.
+    void conferirEmParte() noexcept { guiaEmParte_ = true; }
     /// Ends the slip in hand and counts it. `conferida` tells whether its content was to be checked.
     void encerrarGuia(bool conferida);
     [[nodiscard]] bool temGuia() const noexcept { return guia_ != 0; }
@@ -65,11 +67,12 @@ class Coletor final : public Apontador {
         Fundamento onde;
         std::int64_t causa;
         Estado estado;
+        Texto campo{}; ///< the name of a field that cannot be read
     };
 
-    void anotar(const Fundamento& onde, std::int64_t causa, Estado estado);
+    void anotar(const Fundamento& onde, std::int64_t causa, Estado estado, VistaTexto campo = {});
     void somar(const Achado& achado);
-    void dizerQueFalta(const Fundamento& fundamento, std::int64_t causa);
+    void dizerQueFalta(const Falta& falta);
 
     const Data& hoje_;
     std::span<Relator* const> ouvintes_;

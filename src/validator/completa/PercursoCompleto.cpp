@@ -42,6 +42,13 @@ Texto contagemDeLinhas(std::int64_t linhas) {
     return junta(textoDe(linhas), linhas == 1 ? " linha"_t : " linhas"_t);
 }
 
+Texto linhaVazia(std::int64_t depois) {
+    if (depois == 0) return Texto("Linha vazia, que termina o arquivo"_t);
+    return junta("Linha vazia, que termina o arquivo: "_t,
+                 depois == 1 ? Texto("a linha depois dela não é lida"_t)
+                             : junta("as "_t, textoDe(depois), " linhas depois dela não são lidas"_t));
+}
+
 } // namespace
 
 PercursoCompleto::PercursoCompleto(JanelaDeLinhas& janela, TiposDeLinha& tipos, Coletor& coletor,
@@ -334,12 +341,14 @@ PercursoCompleto::Depois PercursoCompleto::tratarQuebraDoNumero(const LinhaDoArq
     } else if (proximo != certo + 1 && proximo == numero + 1) {
         const std::int64_t linhas = numero - certo;
         const VistaTexto id = linhas > 0 ? "estrutura.linhasPerdidas"_t : "estrutura.linhasAMais"_t;
-        const Texto quantas = contagemDeLinhas(std::abs(linhas));
-        const std::int64_t raiz = acusar(
-            estrutural(id, linha.lugar, letra,
-                       junta("O sequencial pula para "_t, textoDe(numero), " em vez de "_t, textoDe(certo),
-                             linhas > 0 ? ": antes desta linha faltam "_t : ": antes desta linha sobram "_t, quantas)),
-            0);
+        const std::int64_t quantas = std::abs(linhas);
+        const VistaTexto verbo =
+            linhas > 0 ? (quantas == 1 ? "falta "_t : "faltam "_t) : (quantas == 1 ? "sobra "_t : "sobram "_t);
+        const std::int64_t raiz =
+            acusar(estrutural(id, linha.lugar, letra,
+                              junta("O sequencial pula para "_t, textoDe(numero), " em vez de "_t, textoDe(certo),
+                                    ": antes desta linha "_t, verbo, contagemDeLinhas(quantas))),
+                   0);
         if (linhas > 0) perdaAqui_ = raiz;
         desvio_ += linhas;
     } else if (linhaDeslocada(tipo)) {
@@ -524,7 +533,7 @@ void PercursoCompleto::abrirGuiaSemS(std::int64_t linha) {
 bool PercursoCompleto::receberDaGuia(char letra, const TipoDeLinha* tipo, std::int64_t lugar) {
     marcarPerdidas(letra);
     if (const Ordem::Quebra* const quebra = ordem_.quebra(letra); quebra && !temLugarNaGuia(*quebra, letra, lugar))
-        return false;
+        return quebra->exigida == 0; // one too many is missing nowhere else
     ordem_.anotar(letra);
     ultimaLetra_ = letra;
     if (tipo)
@@ -599,20 +608,19 @@ PercursoCompleto::Resto PercursoCompleto::lerResto() {
 void PercursoCompleto::acusarResto(std::int64_t primeira, const Resto& resto) {
     daLinha_ = 0;
     const bool temTrailer = ordem_.naDefinicao('Z');
-    const Texto linhas = contagemDeLinhas(temTrailer ? resto.linhas : resto.linhas - 1);
-    Achado achado = temTrailer
-                        ? estrutural("estrutura.depoisDoTrailer"_t, primeira, '\0',
-                                     junta("Depois do trailer (segmento Z) o arquivo ainda tem "_t, linhas))
-                        : estrutural("estrutura.linhaVazia"_t, primeira, '\0',
-                                     junta("Linha vazia, que termina o arquivo: atrás dela não se lê mais "_t, linhas));
+    Achado achado =
+        temTrailer
+            ? estrutural("estrutura.depoisDoTrailer"_t, primeira, '\0',
+                         junta("Depois do trailer (segmento Z) o arquivo ainda tem "_t, contagemDeLinhas(resto.linhas)))
+            : estrutural("estrutura.linhaVazia"_t, primeira, '\0', linhaVazia(resto.linhas - 1));
     if (temTrailer && !resto.comEfeito) achado.gravidade = Gravidade::Aviso;
     fimForcado_ = acusar(std::move(achado), 0);
 }
 
 void PercursoCompleto::acusarCtrlZ() {
     const bool temTrailer = ordem_.naDefinicao('Z');
-    Achado achado =
-        estrutural("estrutura.ctrlZ"_t, ultimaLinha_, '\0', "Ctrl-Z (1A) no arquivo: atrás dele não se lê mais nada"_t);
+    Achado achado = estrutural("estrutura.ctrlZ"_t, ultimaLinha_, '\0',
+                               "Ctrl-Z (1A) no arquivo: o que vem depois dele não é lido"_t);
     if (temTrailer) achado.gravidade = Gravidade::Aviso;
     fimForcado_ = acusar(std::move(achado), fimForcado_);
 }
@@ -620,6 +628,7 @@ void PercursoCompleto::acusarCtrlZ() {
 void PercursoCompleto::terminarSemTrailer() {
     const Ordem::Quebra* const quebra = ordem_.semTrailer();
     if (!quebra) return;
+    coletor_.conferirEmParte();
     marcarQueFaltam(acusar(*quebra, '\0', ultimaLinha_, fimForcado_ != 0 ? fimForcado_ : perdaAntes_));
     conteudo_.encerrarGuia();
 }
