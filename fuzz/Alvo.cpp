@@ -38,6 +38,10 @@ void exigir(bool promessa, const char* qual) {
     std::abort();
 }
 
+void exigir(const std::string& desacordo) {
+    exigir(desacordo.empty(), desacordo.c_str());
+}
+
 Texto entrada(const std::uint8_t* dados, std::size_t tamanho) {
     return {reinterpret_cast<const char*>(dados), tamanho};
 }

@@ -5,11 +5,14 @@
 
 #include <cstdint>
 #include <span>
+#include <string>
 
 namespace quilatador::fuzz {
 
 /// Ends the process where a promise is broken, which is how the fuzzer learns of it.
 void exigir(bool promessa, const char* qual);
+/// The same for what says itself how the promise is broken, and is empty if it is kept.
+void exigir(const std::string& desacordo);
 
 [[nodiscard]] Texto entrada(const std::uint8_t* dados, std::size_t tamanho);
 

@@ -18,7 +18,7 @@ registro=$obra/$alvo.txt
 mkdir -p "$corpo" "$obra/achados"
 case $alvo in
 fuzzLeiaute) cp "$raiz/data/Arquivo_ZUL702.xml" "$corpo/" ;;
-fuzzRemessa)
+fuzzRemessa | fuzzCompleta)
     cp "$raiz/samples/remessa-valida/remessa.rem" "$corpo/valida"
     cp "$raiz/samples/remessa-com-erros/remessa.rem" "$corpo/erros"
     for semente in 2 3 4; do "$bin/gerarRemessa" --guias 1 --semente $semente "$corpo/g$semente" >/dev/null; done
