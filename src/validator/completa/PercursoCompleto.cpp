@@ -595,6 +595,7 @@ PercursoCompleto::Resto PercursoCompleto::lerResto() {
     bool acabou = false;
     for (; const LinhaDoArquivo* const linha = janela_.olhar(); janela_.avancar()) {
         ++resto.linhas;
+        ultimaLinha_ = linha->lugar;
         acabou = acabou || linha->texto.empty();
         if (acabou) continue;
         const TipoDeLinha* const tipo = tipos_.reconhecer(linha->texto, linha->lugar);
@@ -622,7 +623,7 @@ void PercursoCompleto::acusarCtrlZ() {
     Achado achado = estrutural("estrutura.ctrlZ"_t, ultimaLinha_, '\0',
                                "Ctrl-Z (1A) no arquivo: o que vem depois dele não é lido"_t);
     if (temTrailer) achado.gravidade = Gravidade::Aviso;
-    fimForcado_ = acusar(std::move(achado), fimForcado_);
+    fimForcado_ = acusar(std::move(achado), temTrailer ? 0 : fimForcado_);
 }
 
 void PercursoCompleto::terminarSemTrailer() {
