@@ -3,10 +3,9 @@
 #include "validator/completa/Coletor.h"
 #include "validator/completa/ConteudoCompleto.h"
 #include "validator/completa/JanelaDeLinhas.h"
+#include "validator/completa/OrdemCompleta.h"
 #include "validator/completa/TiposDeLinha.h"
-#include "validator/Ordem.h"
 
-#include <array>
 #include <functional>
 
 namespace quilatador {
@@ -54,21 +53,6 @@ class PercursoCompleto {
     void verificarConvenio(const TipoDeLinha& tipo);
     void avisarDatasTrocadas(const TipoDeLinha& tipo);
 
-    bool receber(char letra, const TipoDeLinha* tipo, std::int64_t lugar);
-    [[nodiscard]] bool receberDefinicao(char letra, const TipoDeLinha* tipo, std::int64_t lugar);
-    [[nodiscard]] bool temLugarNaDefinicao(char letra, std::int64_t lugar);
-    void faltar(char exigida, const Ordem::Quebra& quebra, char letra, std::int64_t lugar);
-    void verificarIDRegistro(char letra, const TipoDeLinha& tipo);
-    void receberGuia(const TipoDeLinha* tipo, std::int64_t lugar);
-    [[nodiscard]] bool receberDaGuia(char letra, const TipoDeLinha* tipo, std::int64_t lugar);
-    void abrirGuiaSemS(std::int64_t linha);
-    [[nodiscard]] bool temLugarNaGuia(const Ordem::Quebra& quebra, char letra, std::int64_t lugar);
-    [[nodiscard]] bool abreOutraGuia(char letra);
-    void receberTrailer(std::int64_t lugar);
-    void acusarFimDaGuia(std::int64_t lugar);
-    void marcarQueFaltam(std::int64_t causa);
-    void marcarPerdidas(char letra);
-
     /// What stands behind the end of the remittance.
     struct Resto {
         std::int64_t linhas = 0;
@@ -77,16 +61,6 @@ class PercursoCompleto {
     [[nodiscard]] Resto lerResto();
     void acusarResto(std::int64_t primeira, const Resto& resto);
     void acusarCtrlZ();
-    void terminarSemTrailer();
-
-    /// Tells a structural finding about the line at hand, due to `causa`; what breaks at the same place follows from
-    /// it.
-    std::int64_t acusar(Achado achado, std::int64_t causa);
-    std::int64_t acusar(const Ordem::Quebra& quebra, char letra, std::int64_t lugar, std::int64_t causa);
-    /// What a letter out of place here follows from: what is wrong with this line, or else with the one before.
-    [[nodiscard]] std::int64_t causaAqui() const noexcept { return daLinha_ != 0 ? daLinha_ : daAnterior_; }
-    /// The number of the finding that says that lines are missing right in front of this one; 0 if none does.
-    [[nodiscard]] std::int64_t perda() const noexcept { return perdaAqui_ != 0 ? perdaAqui_ : perdaAntes_; }
     [[nodiscard]] std::int64_t esperado(const LinhaDoArquivo& linha) const noexcept { return linha.lugar + desvio_; }
 
     JanelaDeLinhas& janela_;
@@ -94,28 +68,14 @@ class PercursoCompleto {
     Coletor& coletor_;
     ConteudoCompleto& conteudo_;
     TodosTem todosTem_;
-    Ordem ordem_;
+    FaltasDoLugar faltas_;
+    OrdemCompleta ordem_;
     Texto convenio_;
     Texto anterior_;                ///< the line before, to see one that stands twice
     std::int64_t desvio_ = 0;       ///< the number of a record less the number of its line
     std::size_t numerosVistos_ = 0; ///< so many lines from this one on have had their numbers checked
     std::int64_t ultimaLinha_ = 0;  ///< the last one that was looked at, 1-based
-    std::int64_t daLinha_ = 0;      ///< finding about the structure of this line; 0 if there is none
-    std::int64_t daAnterior_ = 0;   ///< the same of the line before
     std::int64_t fimForcado_ = 0;   ///< finding that says that the file ends where it should not; 0 if there is none
-    std::int64_t perdaAqui_ = 0;    ///< finding that says that lines are missing in front of this one
-    std::int64_t perdaAntes_ = 0;   ///< finding about the line before, which has no effect; 0 if it has
-    char ignorada_ = '\0';          ///< the letter of that line, if it is known
-    char ultimaLetra_ = 'A';        ///< of the last record that has its effect
-    std::array<std::int64_t, 256> faltam_{};       ///< finding that says that a definition is missing, by letter
-    std::array<std::int64_t, 256> faltamNaGuia_{}; ///< the same for the records of the slip in hand
-    /// The last wrong "IDRegistro" of a letter: by how much, and the finding.
-    struct IDErrado {
-        std::int64_t linha = 0;
-        double diferenca = 0;
-        std::int64_t causa = 0;
-    };
-    std::array<IDErrado, 256> ids_{};
 };
 
 } // namespace quilatador
