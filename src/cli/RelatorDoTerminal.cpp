@@ -95,7 +95,7 @@ void RelatorDoTerminal::escreverBloco(const Achado& achado) {
     const bool todos = sessao_.argumentos().todos;
     saida_ << '\n'
            << pintado(utf8DeTexto(classeDo(achado)), corDo(achado)) << ": "
-           << pintado(paraTerminal(achado.mensagem), cor::realce) << "\n  "
+           << pintado(paraTerminal(todos ? VistaTexto(achado.mensagem) : mensagemComum(achado)), cor::realce) << "\n  "
            << paraTerminal(enumerar(
                   {todos ? junta("achado "_t, textoDe(achado.n)) : Texto(), junta("regra "_t, achado.id),
                    textoDoLugar(achado.linha, achado.guia, achado.idGuia), segmentoDe(achado),

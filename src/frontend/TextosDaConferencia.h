@@ -16,6 +16,9 @@ namespace quilatador {
 
 /// The word for the gravity of a finding, capitalised; a disputed one has its own.
 [[nodiscard]] VistaTexto classeDo(const Achado& achado);
+/// What a finding says that stands for others like it, in other places: its message, but of an occurrence without the
+/// record that has it. A view of the finding.
+[[nodiscard]] VistaTexto mensagemComum(const Achado& achado);
 /// The field of a finding, with its positions.
 [[nodiscard]] Texto textoDoCampo(const CampoDoAchado& campo);
 /// The line and the slip of a finding, both 1-based and 0 where there is none; "" where there is neither. `idGuia` may
