@@ -51,10 +51,6 @@ Texto segmentoDe(const Achado& achado) {
     return achado.segmento == 0 ? Texto() : junta("segmento "_t, VistaTexto(&achado.segmento, 1));
 }
 
-std::string conteudo(VistaTexto texto) {
-    return texto.empty() ? "(nada)" : comBrancosVisiveis(texto);
-}
-
 /// Puts items behind each other, and in further lines where they do not fit.
 class Paragrafo {
   public:
@@ -102,8 +98,8 @@ void RelatorDoTerminal::escreverBloco(const Achado& achado) {
                    achado.campo ? textoDoCampo(*achado.campo) : Texto(),
                    todos && achado.causa > 0 ? junta("decorre do achado "_t, textoDe(achado.causa)) : Texto()}))
            << '\n';
-    if (achado.campo) saida_ << "  encontrado: " << conteudo(achado.campo->encontrado) << '\n';
-    if (achado.campo && achado.campo->esperado) saida_ << "  esperado:   " << conteudo(*achado.campo->esperado) << '\n';
+    if (achado.campo) saida_ << "  encontrado: " << ouNada(achado.campo->encontrado) << '\n';
+    if (achado.campo && achado.campo->esperado) saida_ << "  esperado:   " << ouNada(*achado.campo->esperado) << '\n';
     if (achado.discutido) saida_ << "  motivo:     " << paraTerminal(achado.motivo) << '\n';
 }
 

@@ -165,6 +165,13 @@ Texto textoDoLugar(std::int64_t linha, std::int64_t guia, VistaTexto idGuia) {
     return id.empty() ? texto : texto += junta(" (IdGuia "_t, id, ")"_t);
 }
 
+Texto textoDaCausa(std::int64_t linha, std::int64_t linhaDaCausa, VistaTexto mensagem) {
+    const Texto lugar = linhaDaCausa == linha ? Texto("e outro achado desta linha"_t)
+                        : linhaDaCausa == 0   ? Texto("e outro achado"_t)
+                                              : junta("o achado da linha "_t, textoDe(linhaDaCausa));
+    return junta("decorre d"_t, lugar, ": "_t, mensagem);
+}
+
 Texto formatoNaPosicao(VistaTexto formato, int posicao) {
     return junta(formato, " na posição "_t, textoDe(posicao));
 }

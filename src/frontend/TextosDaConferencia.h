@@ -25,6 +25,9 @@ namespace quilatador {
 /// be blank.
 [[nodiscard]] Texto textoDoLugar(std::int64_t linha, std::int64_t guia, VistaTexto idGuia = {});
 
+/// From what a finding about line `linha` (1-based) follows, given the line of the cause and its message.
+[[nodiscard]] Texto textoDaCausa(std::int64_t linha, std::int64_t linhaDaCausa, VistaTexto mensagem);
+
 /// A format and a position (1-based) of a date in the barcode.
 [[nodiscard]] Texto formatoNaPosicao(VistaTexto formato, int posicao);
 /// In how many installments such a date agrees.
