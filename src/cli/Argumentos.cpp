@@ -59,7 +59,7 @@ Exemplos:
   quilatador-cli --sugerir-data remessa.rem
 
 Situação ao terminar:
-  0    nada encontrado
+  0    nada encontrado; com --linha, a linha foi mostrada
   1    há erros, no log ou na conferência completa, ou o arquivo não é do tipo esperado; com
        --sugerir-data, nada confere em todas as parcelas
   2    não foi possível analisar (opção inválida, arquivo ou programa incompleto)

@@ -157,14 +157,16 @@ void escreverRegua(std::vector<PedacoDaRegua> regua, const AchadosDaLinha* confe
     desenhar(tabela, saida);
 }
 
-/// Checks the file of the line completely. Why it cannot be checked is told on standard error, and is no reason not to
-/// show the line.
-Desfecho conferir(Sessao& sessao, ArquivoRemessa& leiaute, PedidoCompleto pedido, AchadosDaLinha& achados) {
+/// Checks the file of the line completely. Why that tells nothing about the line is told on standard error, and is no
+/// reason not to show the line.
+Desfecho conferir(Sessao& sessao, ArquivoRemessa& leiaute, PedidoCompleto pedido, std::int64_t vaziaAntes,
+                  AchadosDaLinha& achados) {
     const Argumentos& argumentos = sessao.argumentos();
     const auto naoRodou = [&](VistaTexto motivo) {
         sessao.dizer(junta(nomeParaMensagem(pedido.arquivo), ": não foi possível conferir a linha: "_t, motivo));
         return Desfecho::NaoRodou;
     };
+    if (vaziaAntes > 0) return naoRodou(junta("a linha "_t, textoDe(vaziaAntes), ", vazia, termina o arquivo."_t));
     if (argumentos.comData) {
         if (const auto recusa = recusaDaData(argumentos.posicao, argumentos.formato)) return naoRodou(*recusa);
         pedido.PosicaoDataBarra = static_cast<std::int16_t>(argumentos.posicao);
@@ -193,7 +195,8 @@ int mostrarLinha(Sessao& sessao) {
         if (!encontrada) return std::nullopt;
         if (encontrada->tamanho == 0) return semResposta(sessao, motivoDaFalta(numero, encontrada->linhas));
         AchadosDaLinha achados(numero);
-        const Desfecho desfecho = conferir(sessao, leiaute, {.arquivo = arquivo, .versao = versao}, achados);
+        const Desfecho desfecho =
+            conferir(sessao, leiaute, {.arquivo = arquivo, .versao = versao}, encontrada->vaziaAntes, achados);
         if (desfecho == Desfecho::Cancelada) return std::nullopt;
         const AchadosDaLinha* const conferidos = desfecho == Desfecho::Concluida ? &achados : nullptr;
         sessao.limparTela();
