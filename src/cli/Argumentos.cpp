@@ -34,7 +34,8 @@ Opções:
   --todos                      mostra todos os achados, um por um (com --completa)
   --csv CAMINHO                grava os achados de todos os arquivos numa tabela (faz o mesmo que
                                --completa)
-  --linha N                    mostra a linha N, campo por campo (um ZUL702; sem log)
+  --linha N                    mostra a linha N, campo por campo, e o que a conferência completa
+                               encontra nela (um ZUL702; sem log)
   --sugerir-data               diz em que formato e posição o código de barras tem a data
                                de vencimento das parcelas (um ZUL702; sem log)
   --pasta PASTA                pasta do programa, com Arquivo_ZUL702.xml e TabelaErrosZUL.mdb
@@ -58,7 +59,7 @@ Exemplos:
   quilatador-cli --sugerir-data remessa.rem
 
 Situação ao terminar:
-  0    nada encontrado
+  0    nada encontrado; com --linha, a linha foi mostrada
   1    há erros, no log ou na conferência completa, ou o arquivo não é do tipo esperado; com
        --sugerir-data, nada confere em todas as parcelas
   2    não foi possível analisar (opção inválida, arquivo ou programa incompleto)

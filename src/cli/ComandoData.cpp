@@ -71,9 +71,8 @@ class Resposta {
     /// A choice that no analysis would accept is judged too: whoever made it wants to know the right one.
     void julgarEscolha() {
         const double posicao = argumentos_.posicao;
-        auto recusa = recusaDaPosicao(posicao);
-        if (!recusa) recusa = recusaDoFormato(posicao, argumentos_.formato);
-        if (recusa) return dizer(junta("A escolha atual não vale: "_t, *recusa));
+        if (const auto recusa = recusaDaData(posicao, argumentos_.formato))
+            return dizer(junta("A escolha atual não vale: "_t, *recusa));
         const int inteira = static_cast<int>(posicao);
         const std::int64_t acertos = lidas_.datas.acertos(argumentos_.formato, inteira);
         dizer(junta("A escolha atual, "_t, formatoNaPosicao(argumentos_.formato, inteira), ", confere em "_t,

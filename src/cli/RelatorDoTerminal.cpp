@@ -51,10 +51,6 @@ Texto segmentoDe(const Achado& achado) {
     return achado.segmento == 0 ? Texto() : junta("segmento "_t, VistaTexto(&achado.segmento, 1));
 }
 
-std::string conteudo(VistaTexto texto) {
-    return texto.empty() ? "(nada)" : comBrancosVisiveis(texto);
-}
-
 /// Puts items behind each other, and in further lines where they do not fit.
 class Paragrafo {
   public:
@@ -95,15 +91,15 @@ void RelatorDoTerminal::escreverBloco(const Achado& achado) {
     const bool todos = sessao_.argumentos().todos;
     saida_ << '\n'
            << pintado(utf8DeTexto(classeDo(achado)), corDo(achado)) << ": "
-           << pintado(paraTerminal(achado.mensagem), cor::realce) << "\n  "
+           << pintado(paraTerminal(todos ? VistaTexto(achado.mensagem) : mensagemComum(achado)), cor::realce) << "\n  "
            << paraTerminal(enumerar(
                   {todos ? junta("achado "_t, textoDe(achado.n)) : Texto(), junta("regra "_t, achado.id),
                    textoDoLugar(achado.linha, achado.guia, achado.idGuia), segmentoDe(achado),
                    achado.campo ? textoDoCampo(*achado.campo) : Texto(),
                    todos && achado.causa > 0 ? junta("decorre do achado "_t, textoDe(achado.causa)) : Texto()}))
            << '\n';
-    if (achado.campo) saida_ << "  encontrado: " << conteudo(achado.campo->encontrado) << '\n';
-    if (achado.campo && achado.campo->esperado) saida_ << "  esperado:   " << conteudo(*achado.campo->esperado) << '\n';
+    if (achado.campo) saida_ << "  encontrado: " << ouNada(achado.campo->encontrado) << '\n';
+    if (achado.campo && achado.campo->esperado) saida_ << "  esperado:   " << ouNada(*achado.campo->esperado) << '\n';
     if (achado.discutido) saida_ << "  motivo:     " << paraTerminal(achado.motivo) << '\n';
 }
 

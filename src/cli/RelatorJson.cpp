@@ -86,6 +86,10 @@ std::string membros(const Json& objeto) {
 
 } // namespace
 
+std::string jsonDo(const Achado& achado) {
+    return objetoCompletoDo(achado).dump();
+}
+
 void RelatorJson::iniciar(const Pedido& pedido, std::optional<double> primeiras, const std::filesystem::path& log) {
     const Json inicio{{"versao", versao},
                       {"arquivo", utf8DeTexto(textoDoCaminho(pedido.nomeArquivo))},
@@ -103,7 +107,7 @@ void RelatorJson::iniciar(const Pedido& pedido, std::optional<double> primeiras,
 }
 
 void RelatorJson::achado(const Achado& achado) {
-    saida_ << (primeiro_ ? "" : ",") << (completa_ ? objetoCompletoDo(achado) : objetoDo(achado)).dump();
+    saida_ << (primeiro_ ? "" : ",") << (completa_ ? jsonDo(achado) : objetoDo(achado).dump());
     primeiro_ = false;
 }
 

@@ -7,8 +7,12 @@
 #include <filesystem>
 #include <optional>
 #include <ostream>
+#include <string>
 
 namespace quilatador {
+
+/// The JSON object of a finding of a complete check.
+[[nodiscard]] std::string jsonDo(const Achado& achado);
 
 /// Writes one JSON object for each file, on a line of its own (NDJSON), in UTF-8; docs/json.md describes it. Findings
 /// are written as they come, so that a file full of them costs no memory.

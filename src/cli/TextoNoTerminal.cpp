@@ -36,6 +36,10 @@ std::string comBrancosVisiveis(VistaTexto texto) {
     return visivel;
 }
 
+std::string ouNada(VistaTexto texto) {
+    return texto.empty() ? "(nada)" : comBrancosVisiveis(texto);
+}
+
 std::size_t largura(std::string_view utf8) {
     return static_cast<std::size_t>(
         std::ranges::count_if(utf8, [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));

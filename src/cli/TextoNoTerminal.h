@@ -12,6 +12,8 @@ namespace quilatador {
 [[nodiscard]] std::string paraTerminal(VistaTexto texto);
 /// The same, with a mark for each blank; many in a row are counted.
 [[nodiscard]] std::string comBrancosVisiveis(VistaTexto texto);
+/// The same where an empty text would not be noticed: a word stands for it.
+[[nodiscard]] std::string ouNada(VistaTexto texto);
 /// The number of characters of a text in UTF-8.
 [[nodiscard]] std::size_t largura(std::string_view utf8);
 

@@ -15,13 +15,15 @@ Texto contarOcorrencias(std::int64_t registros) {
 }
 
 /// How many slips were read, and of which of them the content was checked: the last one alone, and not even that one
-/// where the trailer was not reached.
+/// where the trailer was not reached. Where a complete check follows, that is the log's part only.
 Texto guiasDe(const Resumo& resumo, bool completa) {
     const Texto lidas = contagem(resumo.guiasDepuradas, "guia lida"_t, "guias lidas"_t);
     const bool algumaConferida = resumo.guiasAceitas + resumo.guiasRejeitadas > 0;
-    if (!algumaConferida) return junta(lidas, "; nenhuma teve o conteúdo conferido"_t);
+    const VistaTexto peloLog = completa ? "pelo log, "_t : ""_t;
+    if (!algumaConferida) return junta(lidas, "; "_t, peloLog, "nenhuma teve o conteúdo conferido"_t);
     if (resumo.guiasDepuradas == 1) return lidas;
-    return junta(lidas, "; só a última teve o conteúdo conferido"_t, completa ? ""_t : " (--completa confere todas)"_t);
+    return junta(lidas, "; "_t, peloLog, "só a última teve o conteúdo conferido"_t,
+                 completa ? ""_t : " (--completa confere todas)"_t);
 }
 
 Texto achadosDe(TipoArquivo tipo, const Resumo& resumo, bool completa) {

@@ -14,6 +14,12 @@ int ordemDo(const GrupoDeAchados& grupo) {
     return grupo.deConsequencias() ? 1 : 0;
 }
 
+/// What findings of one rule have in common within a group. A view of the finding.
+VistaTexto assuntoDo(const Achado& achado) {
+    if (!achado.campo) return {};
+    return achado.gravidade == Gravidade::Ocorrencia ? achado.campo->encontrado : achado.campo->nome;
+}
+
 } // namespace
 
 GruposDeAchados::GruposDeAchados() : recentes_(numerosRecentes) {}
@@ -40,8 +46,7 @@ GrupoDeAchados* GruposDeAchados::causaDe(const Achado& achado) const {
 
 GrupoDeAchados& GruposDeAchados::grupoDe(const Achado& achado, GrupoDeAchados* causa) {
     const auto chaveDo = [causa](const Achado& seu) {
-        return Chave(seu.id, seu.campo ? VistaTexto(seu.campo->nome) : VistaTexto(), seu.gravidade, seu.discutido,
-                     seu.causa != 0, causa);
+        return Chave(seu.id, assuntoDo(seu), seu.gravidade, seu.discutido, seu.causa != 0, causa);
     };
     const auto existente = porChave_.find(chaveDo(achado));
     if (existente != porChave_.end()) return *existente->second;

@@ -22,6 +22,7 @@ struct LugarDoAchado {
 };
 
 /// All findings of one rule about one field that are of the same kind: causes, or consequences of one group of causes.
+/// Of occurrences it is one code, in whichever field of a record it stands.
 struct GrupoDeAchados {
     static constexpr std::size_t maisLugares = 25; ///< that a group keeps
 
@@ -38,8 +39,8 @@ struct GrupoDeAchados {
 
 /// Sums up the findings of a complete check by rule and field, and puts the consequences with their causes: a
 /// consequence of a consequence belongs to the cause of both. However many findings there are, this takes no more
-/// memory than the rules and fields ask for: of the causes themselves only the numbers of the first places of each
-/// group and of the latest few thousand are known. A cause that is known no more counts as another one.
+/// memory than the rules, fields and codes ask for: of the causes themselves only the numbers of the first places of
+/// each group and of the latest few thousand are known. A cause that is known no more counts as another one.
 class GruposDeAchados : public Relator {
   public:
     GruposDeAchados();
@@ -56,8 +57,8 @@ class GruposDeAchados : public Relator {
     void limpar();
 
   private:
-    /// Rule, field, gravity, whether disputed, whether of consequences, and the cause. The views are those of the
-    /// group's first finding.
+    /// Rule, field or code, gravity, whether disputed, whether of consequences, and the cause. The views are those of
+    /// the group's first finding.
     using Chave = std::tuple<VistaTexto, VistaTexto, Gravidade, bool, bool, const GrupoDeAchados*>;
     using Numerado = std::pair<std::int64_t, GrupoDeAchados*>; ///< number of a finding, and its group of causes
 

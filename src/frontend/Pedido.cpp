@@ -29,6 +29,11 @@ std::optional<Texto> recusaDoFormato(double posicao, VistaTexto formato) {
     return junta("Posição da data no código de barras para este formato não pode ser maior que "_t, textoDe(ultima));
 }
 
+std::optional<Texto> recusaDaData(double posicao, VistaTexto formato) {
+    const auto daPosicao = recusaDaPosicao(posicao);
+    return daPosicao ? daPosicao : recusaDoFormato(posicao, formato);
+}
+
 std::optional<TipoArquivo> reconhecerTipo(const std::filesystem::path& arquivo, Arquivos& arquivos) {
     constexpr int tentativas = 2; // a file that is locked for a moment must not be taken for one of another type
     for (int tentativa = 0; tentativa < tentativas; ++tentativa) {

@@ -36,6 +36,8 @@ struct Pedido {
 [[nodiscard]] std::optional<Texto> recusaDaPosicao(double posicao);
 /// The reason to refuse a date of this format at this position: it would go beyond position 43. Nothing if it fits.
 [[nodiscard]] std::optional<Texto> recusaDoFormato(double posicao, VistaTexto formato);
+/// The reason to refuse a date in the barcode for its position or its format. Nothing if both are accepted.
+[[nodiscard]] std::optional<Texto> recusaDaData(double posicao, VistaTexto formato);
 
 /// Recognises the type of a file by its first line: by the name at positions 12 to 17, or by "A2" at the start, which
 /// is that of a settlement return. Nothing if the line tells no type or cannot be read.

@@ -1,6 +1,7 @@
 #include "frontend/TextosDaConferencia.h"
 
 #include "common/Numero.h"
+#include "returns/Ocorrencias.h"
 
 namespace quilatador {
 
@@ -36,10 +37,11 @@ Texto titulo(const ResumoCompleto& completa, const Contador& contar) {
 }
 
 Texto achadosDe(const ResumoCompleto& completa, const Contador& contar) {
-    Texto texto = completa.erros == 0
-                      ? Texto("sem erros"_t)
-                      : junta(contar.causas(completa.causas), " ("_t, contar.erros(completa.erros), ")"_t);
-    if (completa.ocorrencias > 0) texto += junta(", "_t, contar.ocorrencias(completa.ocorrencias));
+    Texto texto;
+    if (completa.erros > 0) texto = junta(contar.causas(completa.causas), " ("_t, contar.erros(completa.erros), ")"_t);
+    if (completa.ocorrencias > 0)
+        texto += junta(texto.empty() ? ""_t : ", "_t, contar.ocorrencias(completa.ocorrencias));
+    if (texto.empty()) texto = "sem erros"_t;
     if (completa.avisos > 0) texto += junta(", "_t, contar.avisos(completa.avisos));
     if (completa.discutidos > 0) texto += junta(", "_t, contar(completa.discutidos, "discutido"_t, "discutidos"_t));
     return texto;
@@ -50,7 +52,9 @@ Texto naoConferidas(const ContagemDeGuias& guias, const Contador& contar) {
     return junta("; as outras "_t, contar.guias(guias.naoConferidas), " não foram conferidas"_t);
 }
 
-Texto guiasDe(const ContagemDeGuias& guias, const Contador& contar) {
+Texto guiasDe(const ResumoCompleto& completa, const Contador& contar) {
+    const ContagemDeGuias& guias = completa.guias;
+    const VistaTexto comErro = completa.ocorrencias > 0 ? "com ocorrência"_t : "com erro"_t;
     if (guias.lidas == 0) return {};
     Texto texto = junta("; "_t, contar.guias(guias.lidas), ": "_t);
     if (guias.naoConferidas == guias.lidas) return texto += "nenhuma conferida"_t;
@@ -61,7 +65,7 @@ Texto guiasDe(const ContagemDeGuias& guias, const Contador& contar) {
         separador = ", "_t;
     };
     somar(guias.certas, "certa"_t, "certas"_t);
-    somar(guias.comErro, "com erro"_t, "com erro"_t);
+    somar(guias.comErro, comErro, comErro);
     somar(guias.emParte, "conferida só em parte"_t, "conferidas só em parte"_t);
     if (guias.naoConferidas > 0) texto += naoConferidas(guias, contar);
     return texto;
@@ -94,7 +98,9 @@ Veredito daCompleta(const Resumo& resumo, const ResumoCompleto& completa, VistaT
     if (completa.erros > 0)
         return {Sinal::Ruim, junta("Com erros: "_t, contar.causas(completa.causas), " a corrigir"_t,
                                    emGuias(completa.guias, milhar))};
-    if (completa.ocorrencias > 0) return {Sinal::Ruim, junta("Com "_t, contar.ocorrencias(completa.ocorrencias))};
+    if (completa.ocorrencias > 0)
+        return {Sinal::Ruim,
+                junta("Com "_t, contar.ocorrencias(completa.ocorrencias), emGuias(completa.guias, milhar))};
     if (resumo.totalErros > 0)
         return {Sinal::Atencao, junta("Com "_t, contar.erros(resumo.totalErros),
                                       " no log que a conferência completa não confirma: vale conferir"_t)};
@@ -138,6 +144,11 @@ VistaTexto classeDo(const Achado& achado) {
     return {};
 }
 
+VistaTexto mensagemComum(const Achado& achado) {
+    return achado.gravidade == Gravidade::Ocorrencia ? Ocorrencias::semRegistro(achado.mensagem)
+                                                     : VistaTexto(achado.mensagem);
+}
+
 Texto textoDoCampo(const CampoDoAchado& campo) {
     const Texto posicoes = campo.inicio == campo.fim
                                ? junta(" (posição "_t, textoDe(campo.inicio))
@@ -152,6 +163,13 @@ Texto textoDoLugar(std::int64_t linha, std::int64_t guia, VistaTexto idGuia) {
     texto += junta(linha > 0 ? ", guia "_t : "guia "_t, textoDe(guia));
     const VistaTexto id = semBrancos(idGuia);
     return id.empty() ? texto : texto += junta(" (IdGuia "_t, id, ")"_t);
+}
+
+Texto textoDaCausa(std::int64_t linha, std::int64_t linhaDaCausa, VistaTexto mensagem) {
+    const Texto lugar = linhaDaCausa == linha ? Texto("e outro achado desta linha"_t)
+                        : linhaDaCausa == 0   ? Texto("e outro achado"_t)
+                                              : junta("o achado da linha "_t, textoDe(linhaDaCausa));
+    return junta("decorre d"_t, lugar, ": "_t, mensagem);
 }
 
 Texto formatoNaPosicao(VistaTexto formato, int posicao) {
@@ -173,7 +191,7 @@ Texto textoDasDatas(const ResumoCompleto& completa, VistaTexto milhar) {
 
 Texto textoDaConferencia(const ResumoCompleto& completa, VistaTexto milhar) {
     const Contador contar(milhar);
-    return junta(titulo(completa, contar), achadosDe(completa, contar), guiasDe(completa.guias, contar));
+    return junta(titulo(completa, contar), achadosDe(completa, contar), guiasDe(completa, contar));
 }
 
 Veredito veredito(const Resumo& resumo, const ResumoCompleto& completa, VistaTexto milhar) {

@@ -16,11 +16,17 @@ namespace quilatador {
 
 /// The word for the gravity of a finding, capitalised; a disputed one has its own.
 [[nodiscard]] VistaTexto classeDo(const Achado& achado);
+/// What a finding says that stands for others like it, in other places: its message, but of an occurrence without the
+/// record that has it. A view of the finding.
+[[nodiscard]] VistaTexto mensagemComum(const Achado& achado);
 /// The field of a finding, with its positions.
 [[nodiscard]] Texto textoDoCampo(const CampoDoAchado& campo);
 /// The line and the slip of a finding, both 1-based and 0 where there is none; "" where there is neither. `idGuia` may
 /// be blank.
 [[nodiscard]] Texto textoDoLugar(std::int64_t linha, std::int64_t guia, VistaTexto idGuia = {});
+
+/// From what a finding about line `linha` (1-based) follows, given the line of the cause and its message.
+[[nodiscard]] Texto textoDaCausa(std::int64_t linha, std::int64_t linhaDaCausa, VistaTexto mensagem);
 
 /// A format and a position (1-based) of a date in the barcode.
 [[nodiscard]] Texto formatoNaPosicao(VistaTexto formato, int posicao);

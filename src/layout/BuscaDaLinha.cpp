@@ -28,6 +28,7 @@ std::optional<LinhaEncontrada> buscarLinha(const Ambiente& ambiente, ArquivoReme
         const std::optional<VistaTexto> linha = percurso.proxima();
         if (!linha) break;
         falta = percurso.lidas() != numero || linha->empty();
+        if (linha->empty() && encontrada.vaziaAntes == 0) encontrada.vaziaAntes = percurso.lidas();
         if (!falta) descrever(encontrada, *linha, leiaute);
     }
     encontrada.linhas = percurso.lidas();

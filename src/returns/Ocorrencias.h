@@ -28,6 +28,8 @@ class Ocorrencias {
     /// The finding "zul708.ocorrencia" for the code at a place that has one. `numero` is the number of the line
     /// (1-based). Raises the failures of `ConsultasDaRodada`.
     [[nodiscard]] Achado achado(std::size_t lugar, std::int64_t numero, ConsultasDaRodada& consultas) const;
+    /// What the message of such a finding says whatever its record is: the code, and its text if that is known.
+    [[nodiscard]] static VistaTexto semRegistro(VistaTexto mensagem) noexcept;
 
   private:
     static constexpr std::size_t inicio = 229; ///< 1-based

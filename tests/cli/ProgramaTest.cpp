@@ -58,6 +58,11 @@ TEST(Programa, linhasDeComando) {
         arquivos["/d/torta.rem"] = junta(boa.substr(0, testes::bytesDaLinha), "\r\n?\x1b     12  3"_t, Texto(60, 'x'),
                                          "\r\n"_t, parcela, "12\n"_t, Texto(parcela).replace(14, 8, "20280229"_t));
         arquivos["/d/convenio.rem"] = testes::comCampo(boa, 3, {'C', "FormatoData", 23, 1}, Texto("2"_t));
+        const Texto duas = remessa({.guias = 2});
+        const std::size_t primeiraU = testes::letrasDe(duas).find('U') + 1;
+        arquivos["/d/primeira.rem"] = testes::comCampo(duas, primeiraU, {'U', "ValorRec9", 156, 13}, Texto(13, '1'));
+        arquivos["/d/total.ret"] = arquivos["/d/liquidacao"];
+        arquivos["/d/total.ret"].replace(arquivos["/d/total.ret"].rfind('Z') + 1, 6, "000006"_t);
         bancada.arquivos.ligacoes = {{"/d/elo.log", "/d/ruim.rem"}, {"/d/boa.elo", "/d/boa.rem"}};
         const auto antes = arquivos;
         const int situacao = bancada.rodar(separar(argumentos));
@@ -95,8 +100,26 @@ TEST(Programa, interrompidaParaComOLogEmOrdem) {
     }
 }
 
+TEST(Programa, interrompidaNaConferenciaCompletaDeixaOLogInteiroENenhumaTabela) {
+    Bancada inteira;
+    inteira.rodar({"/d/boa.rem"});
+    int canceladas = 0;
+    for (int perguntas = 1, situacao = 130; situacao == 130; ++perguntas) {
+        Bancada bancada;
+        bancada.interrompido = [restam = perguntas]() mutable { return --restam < 0; };
+        situacao = bancada.rodar({"--csv", "/x.csv", "--json", "/d/boa.rem"});
+        const std::string saida = bancada.saida.str();
+        if (saida.find(R"("parcial":true,"situacao":130})") == std::string::npos) continue;
+        EXPECT_FALSE(bancada.arquivos.existe("/x.csv"));
+        if (saida.find(R"("desfecho":"concluida")") == std::string::npos) continue;
+        EXPECT_TRUE(bancada.arquivos.conteudo["/d/boa.log"] == inteira.arquivos.conteudo["/d/boa.log"]);
+        ++canceladas;
+    }
+    EXPECT_GE(canceladas, 16); // at each of the lines
+}
+
 TEST(Programa, perguntaInterrompidaOuDeArquivoAlteradoNaoTemResposta) {
-    for (const std::string pergunta : {"--linha=16", "--sugerir-data"}) {
+    for (const std::string pergunta : {"--linha=16", "--linha=2", "--sugerir-data"}) {
         Bancada bancada;
         int linhas = 0;
         bancada.interrompido = [&] { return ++linhas > 15; };

@@ -7,7 +7,8 @@
 namespace quilatador {
 namespace {
 
-/// A finding written as rule, ".field", "?" for a warning, "!" for one that is disputed, and "<" with its cause.
+/// A finding written as rule, ".field", "=code" of an occurrence in that field, "?" for a warning, "!" for one that is
+/// disputed, and "<" with its cause.
 Achado ler(const std::string& escrito, std::int64_t n) {
     static constexpr VistaTexto ids = "abcde"_t;
     Achado achado;
@@ -15,6 +16,10 @@ Achado ler(const std::string& escrito, std::int64_t n) {
     achado.n = n;
     achado.linha = n;
     if (escrito.find('.') != std::string::npos) achado.campo = CampoDoAchado{Texto(1, escrito[2]), 1, 1, {}, {}};
+    if (const auto codigo = escrito.find('='); codigo != std::string::npos) {
+        achado.gravidade = Gravidade::Ocorrencia;
+        achado.campo->encontrado = Texto(1, escrito[codigo + 1]);
+    }
     if (escrito.find('?') != std::string::npos) achado.gravidade = Gravidade::Aviso;
     achado.discutido = escrito.find('!') != std::string::npos;
     if (const auto causa = escrito.find('<'); causa != std::string::npos)
@@ -54,6 +59,7 @@ TEST(GruposDeAchados, porRegraECampoComAsConsequenciasNaCausa) {
         {"a b<1 c<2 b<3 c?<1", "a,1 (<b,2,4) (<c,3) (<c,5)"},
         {"a b a c<2 c<3 c<1", "a,1,3 (<c,5,6); b,2 (<c,4)"},
         {"a b b<1", "a,1 (<b,3); b,2"},
+        {"a.x=1 a.x=2 a.y=1", "a.x,1,3; a.x,2"},
         {"a<8 b<1", "<a,1; <b,2"},
     };
     GruposDeAchados grupos;
