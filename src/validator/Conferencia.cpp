@@ -1,6 +1,7 @@
 #include "validator/Conferencia.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace quilatador {
 
@@ -136,7 +137,8 @@ Achado Conferencia::achadoDe(const Assunto& assunto, VistaTexto mensagem, std::i
 void Conferencia::erro(const Assunto& assunto, VistaTexto mensagem, std::optional<std::int64_t> linha) {
     const std::int64_t numero = completa_ ? registro_.lugar() : linha ? *linha : linhaDoRegistro();
     aprovada_ = false;
-    apontador_.apontar(achadoDe(assunto, mensagem, numero), fundamentos_);
+    Achado achado = achadoDe(assunto, mensagem, numero); // before what the step rests on is looked at, which it adds to
+    apontador_.apontar(std::move(achado), fundamentos_);
 }
 
 void Conferencia::aviso(const Assunto& assunto, VistaTexto mensagem) {
