@@ -19,6 +19,7 @@ RegistroRemessa& RegistroRemessa::operator=(RegistroRemessa&& outro) noexcept {
     linha_ = std::move(outro.linha_);
     lugar_ = outro.lugar_;
     campos_ = std::move(outro.campos_);
+    nomes_ = std::move(outro.nomes_);
     identificador_ = std::move(outro.identificador_);
     relogio_ = outro.relogio_;
     arquivo_ = outro.arquivo_;
@@ -47,7 +48,9 @@ CampoRemessa& RegistroRemessa::add(CampoRemessa campo) {
     if (indiceDoCampo(campo.nome()))
         throw Falha(numeroDeFalha::chaveDuplicada, "RegistroRemessa"_t,
                     junta("Campo em duplicidade: "_t, campo.nome()));
-    return *campos_.emplace_back(std::make_unique<CampoRemessa>(std::move(campo)));
+    CampoRemessa& guardado = *campos_.emplace_back(std::make_unique<CampoRemessa>(std::move(campo)));
+    nomes_.incluir(guardado.nome());
+    return guardado;
 }
 
 bool RegistroRemessa::isRegistroTipo(VistaTexto linha) const {
@@ -110,10 +113,20 @@ std::int16_t RegistroRemessa::obterPosicaoCampo(VistaTexto) const noexcept {
 }
 
 std::optional<std::size_t> RegistroRemessa::indiceDoCampo(VistaTexto nomeCampo) const noexcept {
-    const auto achado =
-        std::ranges::find_if(campos_, [&](const auto& campo) { return iguaisSemCaixa(campo->nome(), nomeCampo); });
+    const auto confere = [&](const auto& campo) { return iguaisSemCaixa(campo->nome(), nomeCampo); };
+    // Nearly always the name is written as in the layout, which is the shorter comparison.
+    const std::size_t lugar =
+        nomes_.achar(nomeCampo, [&](std::size_t i) { return campos_[i]->nome() == nomeCampo || confere(campos_[i]); });
+    if (lugar != IndiceDeNomes::naoAchado) return lugar;
+    // A field may have been given another name since.
+    const auto achado = std::ranges::find_if(campos_, confere);
     if (achado == campos_.end()) return std::nullopt;
     return static_cast<std::size_t>(achado - campos_.begin());
+}
+
+const CampoRemessa* RegistroRemessa::procurarCampo(VistaTexto nomeCampo) const noexcept {
+    const auto indice = indiceDoCampo(nomeCampo);
+    return indice ? campos_[*indice].get() : nullptr;
 }
 
 CampoRemessa& RegistroRemessa::campo(VistaTexto nomeCampo) const {

@@ -149,7 +149,8 @@ class Conferencia {
     template <typename Leitura>
     [[nodiscard]] auto ler(const RegistroRemessa& registro, VistaTexto nomeCampo, Leitura leitura)
         -> decltype(leitura());
-    void anotar(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo);
+    const CampoRemessa* anotar(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo);
+    [[nodiscard]] bool apoiarEm(const RegistroRemessa& registro, char letra, const CampoRemessa* campo);
     [[nodiscard]] bool deixar(const FalhaDeLeitura& falha);
     [[nodiscard]] Achado achadoDe(const Assunto& assunto, VistaTexto mensagem, std::int64_t linha);
     [[nodiscard]] std::int64_t linhaDoRegistro() const;
