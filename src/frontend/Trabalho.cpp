@@ -58,10 +58,17 @@ Resumo Trabalho::analisar(Rodada& rodada, const Pedido& pedido) {
 ResumoCompleto Trabalho::conferirTudo(const Rodada& rodada, const Pedido& pedido, std::span<Relator* const> ouvintes) {
     if (pedido.tipoArquivo != TipoArquivo::ZUL702) return {};
     prepararDepurador(pedido);
-    return depurador_->conferirTudo({.arquivo = pedido.nomeArquivo,
-                                     .versao = rodada.versaoDaEntrada(),
-                                     .primeiras = ambiente_.painel.primeirasGuias()},
-                                    ouvintes);
+    const auto soma = ambiente_.arquivos.somar(pedido.nomeArquivo); // beside the check
+    ResumoCompleto completa = depurador_->conferirTudo({.arquivo = pedido.nomeArquivo,
+                                                        .versao = rodada.versaoDaEntrada(),
+                                                        .primeiras = ambiente_.painel.primeirasGuias()},
+                                                       ouvintes);
+    if (completa.desfecho == Desfecho::Concluida)
+        completa.sha256 = soma->hexadecimal([this] {
+            ambiente_.painel.processarEventos();
+            return cancelado_.load(std::memory_order_relaxed);
+        });
+    return completa;
 }
 
 /// Creates the validator for the first remittance, and gives it the choices of this one.

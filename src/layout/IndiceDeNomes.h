@@ -38,7 +38,7 @@ class IndiceDeNomes {
         if (nome.empty()) return 0;
         constexpr std::size_t semCaixa = 0x20; // the bit in which upper and lower case of a letter differ
         const auto codigo = [](char c) { return static_cast<unsigned char>(c) | semCaixa; };
-        return nome.size() * 3 + codigo(nome.front()) * 11 + codigo(nome.back()) * 5;
+        return nome.size() * 3 + codigo(nome.front()) * 19 + codigo(nome.back()) * 27;
     }
     void por(std::uint32_t lugar);
 

@@ -112,25 +112,30 @@ std::int16_t RegistroRemessa::obterPosicaoCampo(VistaTexto) const noexcept {
     return 0;
 }
 
-std::optional<std::size_t> RegistroRemessa::indiceDoCampo(VistaTexto nomeCampo) const noexcept {
-    const auto confere = [&](const auto& campo) { return iguaisSemCaixa(campo->nome(), nomeCampo); };
-    // Nearly always the name is written as in the layout, which is the shorter comparison.
-    const std::size_t lugar =
-        nomes_.achar(nomeCampo, [&](std::size_t i) { return campos_[i]->nome() == nomeCampo || confere(campos_[i]); });
+std::size_t RegistroRemessa::lugarDoCampo(VistaTexto nomeCampo) const noexcept {
+    const auto confere = [nomeCampo](const auto& campo) { return iguaisSemCaixa(campo->nome(), nomeCampo); };
+    const std::size_t lugar = nomes_.achar(nomeCampo, [&](std::size_t i) {
+        const VistaTexto nome = campos_[i]->nome();
+        if (nome.size() != nomeCampo.size()) return false;
+        return nome == nomeCampo || confere(campos_[i]); // nearly always it is written as in the layout
+    });
     if (lugar != IndiceDeNomes::naoAchado) return lugar;
     // A field may have been given another name since.
-    const auto achado = std::ranges::find_if(campos_, confere);
-    if (achado == campos_.end()) return std::nullopt;
-    return static_cast<std::size_t>(achado - campos_.begin());
+    return static_cast<std::size_t>(std::ranges::find_if(campos_, confere) - campos_.begin());
+}
+
+std::optional<std::size_t> RegistroRemessa::indiceDoCampo(VistaTexto nomeCampo) const noexcept {
+    const std::size_t lugar = lugarDoCampo(nomeCampo);
+    return lugar < campos_.size() ? std::optional(lugar) : std::nullopt;
 }
 
 const CampoRemessa* RegistroRemessa::procurarCampo(VistaTexto nomeCampo) const noexcept {
-    const auto indice = indiceDoCampo(nomeCampo);
-    return indice ? campos_[*indice].get() : nullptr;
+    const std::size_t lugar = lugarDoCampo(nomeCampo);
+    return lugar < campos_.size() ? campos_[lugar].get() : nullptr;
 }
 
 CampoRemessa& RegistroRemessa::campo(VistaTexto nomeCampo) const {
-    if (const auto indice = indiceDoCampo(nomeCampo)) return *campos_[*indice];
+    if (const std::size_t lugar = lugarDoCampo(nomeCampo); lugar < campos_.size()) return *campos_[lugar];
     throw Falha(numeroDeFalha::argumentoInvalido, "RegistroRemessa"_t,
                 junta("Campo inexistente no leiaute: "_t, nomeCampo));
 }

@@ -116,6 +116,7 @@ class RegistroRemessa {
         if (campo.inicio() < 1 || tamanho < 1) return {};
         return trecho(linha, static_cast<std::size_t>(campo.inicio()), static_cast<std::size_t>(tamanho));
     }
+    [[nodiscard]] std::size_t lugarDoCampo(VistaTexto nomeCampo) const noexcept;
     [[nodiscard]] CampoRemessa& campo(VistaTexto nomeCampo) const;
     void adotarCampos() noexcept;
 

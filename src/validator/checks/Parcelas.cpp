@@ -21,6 +21,9 @@ constexpr std::size_t parcelasPorAtendimento = 64;
 constexpr std::array partesDaBarra{"Parte1"_t, "Parte2"_t, "Parte3"_t, "Parte4"_t};
 constexpr std::array digitosDaBarra{"DV1"_t, "DV2"_t, "DV3"_t, "DV4"_t};
 
+/// The usual length of a barcode.
+constexpr std::size_t tamanhoDaBarra = 44;
+
 /// The barcode of an installment, in the places that the layout gives to its parts. Positions are 1-based.
 struct Barra {
     Texto texto;                                          ///< the parts that are numeric, one behind the other
@@ -126,6 +129,7 @@ bool avisarSeIlegivel(Conferencia& c, VistaTexto campo, VistaTexto numeroDaParte
 /// numeric.
 Barra verificarPartes(Conferencia& c, const Definicao& definicao) {
     Barra barra;
+    barra.texto.reserve(tamanhoDaBarra);
     for (std::size_t i = 0; i < partesDaBarra.size(); ++i) {
         const VistaTexto k = ultimos(partesDaBarra[i], 1);
         const VistaTexto campoDoDigito = digitosDaBarra[i];
@@ -223,6 +227,11 @@ EmpresaNaBarra empresaEsperada(Conferencia& c, const Definicao& definicao) {
             "Identifcador da Febraban informado no segmento 'C' difere da identificação da empresa na barra"_t};
 }
 
+/// Whether `lerNumero` reads 0, which nearly all texts tell by their digits.
+bool valeZero(VistaTexto texto) {
+    return soDigitos(texto) ? texto.find_first_not_of('0') == VistaTexto::npos : lerNumero(texto) == 0;
+}
+
 /// Checks the identification of the company and the free field after it.
 void verificarEmpresaNaBarra(Conferencia& c, const Barra& barra, const Definicao& definicao) {
     constexpr std::size_t inicioDaEmpresa = 16;
@@ -233,7 +242,7 @@ void verificarEmpresaNaBarra(Conferencia& c, const Barra& barra, const Definicao
         if (trecho(barra.texto, inicioDaEmpresa, empresa.largura) != empresa.identificacao)
             c.erro({empresa.id, barra.parteDa(inicioDaEmpresa), barra.esperado(campoLivre - 1, empresa.identificacao)},
                    empresa.mensagem);
-        if (lerNumero(trecho(barra.texto, campoLivre)) == 0)
+        if (valeZero(trecho(barra.texto, campoLivre)))
             c.erro({"y.barra.campoLivre"_t, barra.parteDa(campoLivre)},
                    "Campo livre não pode estar preenchido somente por zeros"_t);
     });
