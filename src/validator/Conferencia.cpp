@@ -21,6 +21,12 @@ std::optional<CampoDoAchado> campoDoAchado(const RegistroRemessa& registro, Vist
                          .esperado = esperado};
 }
 
+/// The text of a field that may have been looked up before, which a lazy record has in its line.
+Texto textoDoCampo(const RegistroRemessa& registro, VistaTexto nome, const CampoRemessa* campo) {
+    return campo && !registro.linha().empty() ? Texto(registro.textoNaLinha(*campo))
+                                              : registro.getValorCampoString(nome);
+}
+
 } // namespace
 
 FalhaDeLeitura numeroNaoLido(const RegistroRemessa& registro, VistaTexto nomeCampo, const Falha& causa) {
@@ -41,15 +47,12 @@ Conferencia::Conferencia(Apontador& apontador, const RegistroRemessa& registro, 
 /// record that the file lacks ends the step.
 const CampoRemessa* Conferencia::anotar(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo) {
     const CampoRemessa* const campo = registro.procurarCampo(nomeCampo);
-    if (completa_ && !apoiarEm(registro, letra, campo)) throw SemBase();
+    if (!temBase(registro, letra, campo)) throw SemBase();
     return campo;
 }
 
-bool Conferencia::temBase(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo) {
-    return !completa_ || apoiarEm(registro, letra, registro.procurarCampo(nomeCampo));
-}
-
-bool Conferencia::apoiarEm(const RegistroRemessa& registro, char letra, const CampoRemessa* campo) {
+bool Conferencia::temBase(const RegistroRemessa& registro, char letra, const CampoRemessa* campo) {
+    if (!completa_) return true;
     fundamentos_.push_back({letra, campo ? campo->inicio() : std::int16_t{0}, registro.lugar()});
     if (&registro == &registro_) return true;
     if (registro.linha().empty()) {
@@ -107,8 +110,8 @@ auto Conferencia::ler(const RegistroRemessa& registro, VistaTexto nomeCampo, Lei
 }
 
 Texto Conferencia::texto(VistaTexto nomeCampo) {
-    anotar(registro_, segmento_, nomeCampo);
-    return ler(registro_, nomeCampo, [&] { return registro_.getValorCampoString(nomeCampo); });
+    const CampoRemessa* const campo = anotar(registro_, segmento_, nomeCampo);
+    return ler(registro_, nomeCampo, [&] { return textoDoCampo(registro_, nomeCampo, campo); });
 }
 
 Valor Conferencia::valorEm(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo) {
@@ -118,8 +121,8 @@ Valor Conferencia::valorEm(const RegistroRemessa& registro, char letra, VistaTex
 }
 
 Texto Conferencia::textoEm(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo) {
-    anotar(registro, letra, nomeCampo);
-    return registro.getValorCampoString(nomeCampo);
+    const CampoRemessa* const campo = anotar(registro, letra, nomeCampo);
+    return textoDoCampo(registro, nomeCampo, campo);
 }
 
 VistaTexto Conferencia::campoNaoLido(VistaTexto nomeCampo) const {
