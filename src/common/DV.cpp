@@ -3,6 +3,7 @@
 #include "common/Falha.h"
 #include "common/modDepuracao.h"
 
+#include <array>
 #include <limits>
 
 namespace quilatador {
@@ -88,14 +89,14 @@ Texto DV::CalculaMod11Barra(VistaTexto digitos) {
 }
 
 Texto DV::CalcularMod10(VistaTexto digitos) {
-    int soma = 0;
-    int peso = 2;
-    for (std::size_t i = digitos.size(); i-- > 0;) {
-        const int produto = digitoOuZero(digitos[i]) * peso;
-        soma = (soma + produto / 10 + produto % 10) % 10;
-        peso = 3 - peso;
+    constexpr std::array<int, 10> vezesDois{0, 2, 4, 6, 8, 1, 3, 5, 7, 9}; // the digits of each product added
+    long long soma = 0;
+    bool peso2 = true;
+    for (std::size_t i = digitos.size(); i-- > 0; peso2 = !peso2) {
+        const int digito = digitoOuZero(digitos[i]);
+        soma += peso2 ? vezesDois[static_cast<std::size_t>(digito)] : digito;
     }
-    return umDigito((10 - soma) % 10);
+    return umDigito((10 - soma % 10) % 10);
 }
 
 Texto DV::CalcularCNPJ(VistaTexto digitos) {

@@ -16,8 +16,8 @@ constexpr int viradaDoSeculo = 30;
 
 /// The number of one part of a date, or nothing when the part is not all digits or has too many of them.
 std::optional<int> lerParte(VistaTexto parte) {
-    if (!soDigitos(parte) || parte.size() > 9) return std::nullopt;
-    return static_cast<int>(lerNumero(parte));
+    const auto numero = parte.size() > 9 ? std::nullopt : numeroDeDigitos(parte);
+    return numero ? std::optional(static_cast<int>(*numero)) : std::nullopt;
 }
 
 std::optional<int> lerAno(VistaTexto parte) {
@@ -64,12 +64,17 @@ std::optional<Data> lerData(VistaTexto texto) {
     const std::size_t primeira = texto.find('/');
     const std::size_t segunda = primeira == VistaTexto::npos ? primeira : texto.find('/', primeira + 1);
     if (segunda == VistaTexto::npos) return std::nullopt;
-    const std::optional<int> dia = lerParte(texto.substr(0, primeira));
-    const std::optional<int> mes = lerParte(texto.substr(primeira + 1, segunda - primeira - 1));
-    const std::optional<int> ano = lerAno(texto.substr(segunda + 1));
-    if (!dia || !mes || !ano) return std::nullopt;
-    if (const auto diaPrimeiro = dataValida(*ano, *mes, *dia)) return diaPrimeiro;
-    return dataValida(*ano, *dia, *mes);
+    return lerData(texto.substr(0, primeira), texto.substr(primeira + 1, segunda - primeira - 1),
+                   texto.substr(segunda + 1));
+}
+
+std::optional<Data> lerData(VistaTexto dia, VistaTexto mes, VistaTexto ano) {
+    const std::optional<int> d = lerParte(dia);
+    const std::optional<int> m = lerParte(mes);
+    const std::optional<int> a = lerAno(ano);
+    if (!d || !m || !a) return std::nullopt;
+    if (const auto diaPrimeiro = dataValida(*a, *m, *d)) return diaPrimeiro;
+    return dataValida(*a, *d, *m);
 }
 
 Texto formatarData(const Data& data, VistaTexto formato) {

@@ -25,6 +25,8 @@ using Data = std::chrono::year_month_day;
 /// two digits mean 2000 to 2029 (00 to 29) or 1930 to 1999 (30 to 99); longer ones must lie in 100 to 9999. A date that
 /// is only possible as "month/day/year" is read that way.
 [[nodiscard]] std::optional<Data> lerData(VistaTexto texto);
+/// The same for a date whose parts are known.
+[[nodiscard]] std::optional<Data> lerData(VistaTexto dia, VistaTexto mes, VistaTexto ano);
 
 /// Writes a date by a format of the symbols "YYYY", "YY", "MM" and "DD", in upper or lower case. All other characters
 /// of the format are copied.

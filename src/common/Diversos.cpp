@@ -124,9 +124,15 @@ Texto Diversos::textoDeData(VistaTexto texto, VistaTexto formato) {
     return {};
 }
 
+std::optional<Data> Diversos::lerDataDoFormato(VistaTexto texto, VistaTexto formato) {
+    // Nearly all dates have this form, of which no text need be made.
+    if (formato == "AAAAMMDD"_t) return lerData(ultimos(texto, 2), trecho(texto, 5, 2), trecho(texto, 1, 4));
+    return lerData(textoDeData(texto, formato));
+}
+
 std::optional<Data> Diversos::String2Data(VistaTexto texto, VistaTexto formato, int anoCorrente) {
     const std::optional<Texto> juliano = textoJuliano(texto, formato);
-    if (!juliano) return lerData(textoDeData(texto, formato));
+    if (!juliano) return lerDataDoFormato(texto, formato);
     try {
         return Juliana2Data(*juliano, anoCorrente);
     } catch (const Falha&) {

@@ -47,6 +47,8 @@ class Diversos {
     /// Rearranges a text in one of the four formats without a day of the year into "day/month/year", as `lerData`
     /// expects it. Any other format gives "".
     [[nodiscard]] static Texto textoDeData(VistaTexto texto, VistaTexto formato);
+    /// The date that `lerData` reads in that text; nothing if it is none.
+    [[nodiscard]] static std::optional<Data> lerDataDoFormato(VistaTexto texto, VistaTexto formato);
 
     /// Converts a line for output to upper case without accents; its length does not change. Despite the name, the
     /// result is not EBCDIC.

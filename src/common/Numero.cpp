@@ -74,6 +74,7 @@ bool soDigitos(VistaTexto texto) noexcept {
 }
 
 bool ehNumerico(VistaTexto texto) noexcept {
+    if (soDigitos(texto)) return true;
     texto = semBrancos(texto);
     if (!texto.empty() && (texto.front() == '+' || texto.front() == '-')) texto.remove_prefix(1);
     std::size_t digitos = 0;

@@ -19,14 +19,14 @@ namespace quilatador {
 [[nodiscard]] constexpr std::optional<double> numeroDeDigitos(VistaTexto texto) noexcept {
     constexpr std::size_t digitosExatos = 15; // a double holds this many digits exactly
     if (texto.empty() || texto.size() > digitosExatos) return std::nullopt;
-    std::int64_t numero = 0;
+    std::uint64_t numero = 0;
     bool digitos = true;
-    for (const char c : texto) {
-        const int digito = c - '0';
-        digitos = digitos && digito >= 0 && digito <= 9;
+    for (const char c : texto) { // without a branch, since nearly all fields are digits to their end
+        const unsigned digito = static_cast<unsigned char>(c) - unsigned{'0'};
+        digitos &= digito <= 9;
         numero = numero * 10 + digito;
     }
-    return digitos ? std::optional(static_cast<double>(numero)) : std::nullopt;
+    return digitos ? std::optional(static_cast<double>(static_cast<std::int64_t>(numero))) : std::nullopt;
 }
 
 /// Reads the number at the start of a text. Blanks are skipped, "." is the decimal point, and reading stops at the

@@ -23,6 +23,7 @@ double Valor::paraDuplo() const {
     if (const Data* data = comoData()) return numeroDeSerie(*data);
     if (vazio()) return 0;
     if (nulo()) throw Falha(numeroDeFalha::usoDeNulo, "Valor"_t, "Uso de Null inválido"_t);
+    if (const auto digitos = numeroDeDigitos(*comoTexto())) return *digitos;
     if (!ehNumerico(*comoTexto())) throw Falha::conversao("Valor"_t);
     return lerNumero(*comoTexto());
 }
@@ -45,8 +46,8 @@ std::partial_ordering comparar(const Valor& a, const Valor& b) {
     const Texto* textoA = a.comoTexto();
     const Texto* textoB = b.comoTexto();
     if ((textoA || a.vazio()) && (textoB || b.vazio())) {
-        const int ordem = VistaTexto(textoA ? *textoA : Texto()).compare(textoB ? *textoB : Texto());
-        return ordem <=> 0;
+        const auto vista = [](const Texto* texto) { return texto ? VistaTexto(*texto) : VistaTexto(); };
+        return vista(textoA).compare(vista(textoB)) <=> 0;
     }
     if (textoA && !ehNumerico(*textoA)) return std::partial_ordering::greater;
     if (textoB && !ehNumerico(*textoB)) return std::partial_ordering::less;
@@ -63,17 +64,20 @@ bool maior(const Valor& a, const Valor& b) {
     return comparar(a, b) == std::partial_ordering::greater;
 }
 bool diferente(const Valor& a, const Valor& b) {
-    return menor(a, b) || maior(a, b);
+    const std::partial_ordering ordem = comparar(a, b);
+    return std::is_lt(ordem) || std::is_gt(ordem);
 }
 
 bool foraDe(const Valor& valor, VistaTexto lista) {
+    if (const Texto* texto = valor.comoTexto()) return lista.find(*texto) == VistaTexto::npos;
     return !valor.nulo() && lista.find(valor.texto()) == VistaTexto::npos;
 }
 bool semConteudo(const Valor& valor) {
-    return valor.comprimento() == std::size_t{0};
+    const Texto* texto = valor.comoTexto();
+    return texto ? texto->empty() : valor.vazio();
 }
 bool comConteudo(const Valor& valor) {
-    return valor.comprimento().value_or(0) > 0;
+    return !valor.nulo() && !semConteudo(valor); // numbers and dates always have characters
 }
 
 } // namespace quilatador

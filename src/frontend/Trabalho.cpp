@@ -61,10 +61,17 @@ ResumoCompleto Trabalho::conferirTudo(const Rodada& rodada, const Pedido& pedido
         return conferirRetorno(pedido.tipoArquivo, ambiente_, pedido.nomeArquivo, globais_, ouvintes, cancelado_,
                                rodada.versaoDaEntrada());
     prepararDepurador(pedido);
-    return depurador_->conferirTudo({.arquivo = pedido.nomeArquivo,
-                                     .versao = rodada.versaoDaEntrada(),
-                                     .primeiras = ambiente_.painel.primeirasGuias()},
-                                    ouvintes);
+    const auto soma = ambiente_.arquivos.somar(pedido.nomeArquivo); // beside the check
+    ResumoCompleto completa = depurador_->conferirTudo({.arquivo = pedido.nomeArquivo,
+                                                        .versao = rodada.versaoDaEntrada(),
+                                                        .primeiras = ambiente_.painel.primeirasGuias()},
+                                                       ouvintes);
+    if (completa.desfecho == Desfecho::Concluida)
+        completa.sha256 = soma->hexadecimal([this] {
+            ambiente_.painel.processarEventos();
+            return cancelado_.load(std::memory_order_relaxed);
+        });
+    return completa;
 }
 
 /// Creates the validator for the first remittance, and gives it the choices of this one.

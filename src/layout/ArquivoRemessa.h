@@ -69,8 +69,8 @@ class ArquivoRemessa {
     /// every record shows in a large file.
     const RegistroRemessa& avancar(bool lerCampos);
     /// The lazy record of a line that the caller has read by itself, or null if the line is of no known type. It is one
-    /// of the record types, valid until the next call, whatever `criarCopias` says, and gets `lugar` as its place in the
-    /// file. Nothing is counted.
+    /// of the record types, valid until the next call, whatever `criarCopias` says, and gets `lugar` as its place in
+    /// the file. Nothing is counted.
     [[nodiscard]] const RegistroRemessa* adotarLinha(VistaTexto linha, std::int64_t lugar = 0);
     /// The record that was read last. Before the first call it has no name and no line.
     [[nodiscard]] const RegistroRemessa& registroEmMaos() const noexcept { return *emMaos_; }

@@ -57,7 +57,7 @@ Valor CampoRemessa::interpretarData(VistaTexto texto) const {
     if (zerada || semBrancos(texto).empty()) return Valor::Nulo();
     std::optional<Data> data;
     if (formato_ != "ADDD"_t) {
-        data = lerData(Diversos::textoDeData(texto, formato_));
+        data = Diversos::lerDataDoFormato(texto, formato_);
     } else if (const auto juliana =
                    Diversos::String2Data(texto, formato_, registroPai_ ? registroPai_->anoCorrente() : 0)) {
         // The date is written month first and read day first, so that day and month are swapped up to the 12th. Kept on

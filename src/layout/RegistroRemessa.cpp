@@ -19,6 +19,7 @@ RegistroRemessa& RegistroRemessa::operator=(RegistroRemessa&& outro) noexcept {
     linha_ = std::move(outro.linha_);
     lugar_ = outro.lugar_;
     campos_ = std::move(outro.campos_);
+    nomes_ = std::move(outro.nomes_);
     identificador_ = std::move(outro.identificador_);
     relogio_ = outro.relogio_;
     arquivo_ = outro.arquivo_;
@@ -47,7 +48,9 @@ CampoRemessa& RegistroRemessa::add(CampoRemessa campo) {
     if (indiceDoCampo(campo.nome()))
         throw Falha(numeroDeFalha::chaveDuplicada, "RegistroRemessa"_t,
                     junta("Campo em duplicidade: "_t, campo.nome()));
-    return *campos_.emplace_back(std::make_unique<CampoRemessa>(std::move(campo)));
+    CampoRemessa& guardado = *campos_.emplace_back(std::make_unique<CampoRemessa>(std::move(campo)));
+    nomes_.incluir(guardado.nome());
+    return guardado;
 }
 
 bool RegistroRemessa::isRegistroTipo(VistaTexto linha) const {
@@ -109,15 +112,30 @@ std::int16_t RegistroRemessa::obterPosicaoCampo(VistaTexto) const noexcept {
     return 0;
 }
 
+std::size_t RegistroRemessa::lugarDoCampo(VistaTexto nomeCampo) const noexcept {
+    const auto confere = [nomeCampo](const auto& campo) { return iguaisSemCaixa(campo->nome(), nomeCampo); };
+    const std::size_t lugar = nomes_.achar(nomeCampo, [&](std::size_t i) {
+        const VistaTexto nome = campos_[i]->nome();
+        if (nome.size() != nomeCampo.size()) return false;
+        return nome == nomeCampo || confere(campos_[i]); // nearly always it is written as in the layout
+    });
+    if (lugar != IndiceDeNomes::naoAchado) return lugar;
+    // A field may have been given another name since.
+    return static_cast<std::size_t>(std::ranges::find_if(campos_, confere) - campos_.begin());
+}
+
 std::optional<std::size_t> RegistroRemessa::indiceDoCampo(VistaTexto nomeCampo) const noexcept {
-    const auto achado =
-        std::ranges::find_if(campos_, [&](const auto& campo) { return iguaisSemCaixa(campo->nome(), nomeCampo); });
-    if (achado == campos_.end()) return std::nullopt;
-    return static_cast<std::size_t>(achado - campos_.begin());
+    const std::size_t lugar = lugarDoCampo(nomeCampo);
+    return lugar < campos_.size() ? std::optional(lugar) : std::nullopt;
+}
+
+const CampoRemessa* RegistroRemessa::procurarCampo(VistaTexto nomeCampo) const noexcept {
+    const std::size_t lugar = lugarDoCampo(nomeCampo);
+    return lugar < campos_.size() ? campos_[lugar].get() : nullptr;
 }
 
 CampoRemessa& RegistroRemessa::campo(VistaTexto nomeCampo) const {
-    if (const auto indice = indiceDoCampo(nomeCampo)) return *campos_[*indice];
+    if (const std::size_t lugar = lugarDoCampo(nomeCampo); lugar < campos_.size()) return *campos_[lugar];
     throw Falha(numeroDeFalha::argumentoInvalido, "RegistroRemessa"_t,
                 junta("Campo inexistente no leiaute: "_t, nomeCampo));
 }

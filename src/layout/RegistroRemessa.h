@@ -1,6 +1,7 @@
 #pragma once
 
 #include "layout/CampoRemessa.h"
+#include "layout/IndiceDeNomes.h"
 
 #include <cstdint>
 #include <memory>
@@ -89,7 +90,9 @@ class RegistroRemessa {
     /// The 0-based index of a field in `campos`, or nothing when the record has no such field. It lets code that runs
     /// for every line look a field up only once.
     [[nodiscard]] std::optional<std::size_t> indiceDoCampo(VistaTexto nomeCampo) const noexcept;
-    /// The value of a field that was looked up before; otherwise like the function that takes a name.
+    /// The field with this name, or null when the record has no such field.
+    [[nodiscard]] const CampoRemessa* procurarCampo(VistaTexto nomeCampo) const noexcept;
+    /// The value and the text of a field that was looked up before; otherwise like the functions that take a name.
     [[nodiscard]] Valor getValorCampo(const CampoRemessa& campo) const;
     /// The text of a field in the line of a lazy record.
     [[nodiscard]] VistaTexto textoNaLinha(const CampoRemessa& campo) const noexcept {
@@ -103,8 +106,8 @@ class RegistroRemessa {
 
     /// A copy that shares nothing with this record.
     [[nodiscard]] RegistroRemessa copia() const;
-    /// Copies the content to `destino`: the line of a lazy record and its place, or all values of an eager one. Raises `Falha` 5 when
-    /// the destination lacks a field.
+    /// Copies the content to `destino`: the line of a lazy record and its place, or all values of an eager one. Raises
+    /// `Falha` 5 when the destination lacks a field.
     void copiar(RegistroRemessa& destino) const;
 
   private:
@@ -113,12 +116,14 @@ class RegistroRemessa {
         if (campo.inicio() < 1 || tamanho < 1) return {};
         return trecho(linha, static_cast<std::size_t>(campo.inicio()), static_cast<std::size_t>(tamanho));
     }
+    [[nodiscard]] std::size_t lugarDoCampo(VistaTexto nomeCampo) const noexcept;
     [[nodiscard]] CampoRemessa& campo(VistaTexto nomeCampo) const;
     void adotarCampos() noexcept;
 
     Texto linha_;
     std::int64_t lugar_ = 0;
     std::vector<std::unique_ptr<CampoRemessa>> campos_;
+    IndiceDeNomes nomes_; ///< of the fields
     Texto identificador_;
     const Relogio* relogio_ = nullptr;
     const quilatador::ArquivoRemessa* arquivo_ = nullptr;

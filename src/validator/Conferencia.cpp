@@ -7,16 +7,24 @@ namespace quilatador {
 
 namespace {
 
+/// A step rests on few fields, so that the memory for them is taken once.
+constexpr std::size_t fundamentosUsuais = 16;
+
 std::optional<CampoDoAchado> campoDoAchado(const RegistroRemessa& registro, VistaTexto nome,
                                            const std::optional<Texto>& esperado = {}) {
-    const auto indice = registro.indiceDoCampo(nome);
-    if (!indice) return std::nullopt;
-    const CampoRemessa& campo = *registro.campos()[*indice];
-    return CampoDoAchado{.nome = campo.nome(),
-                         .inicio = campo.inicio(),
-                         .fim = campo.Fim(),
+    const CampoRemessa* const campo = registro.procurarCampo(nome);
+    if (!campo) return std::nullopt;
+    return CampoDoAchado{.nome = campo->nome(),
+                         .inicio = campo->inicio(),
+                         .fim = campo->Fim(),
                          .encontrado = registro.getValorCampoString(nome),
                          .esperado = esperado};
+}
+
+/// The text of a field that may have been looked up before, which a lazy record has in its line.
+Texto textoDoCampo(const RegistroRemessa& registro, VistaTexto nome, const CampoRemessa* campo) {
+    return campo && !registro.linha().empty() ? Texto(registro.textoNaLinha(*campo))
+                                              : registro.getValorCampoString(nome);
 }
 
 } // namespace
@@ -31,18 +39,21 @@ Conferencia::Conferencia(Apontador& apontador, const RegistroRemessa& registro, 
     , registro_(registro)
     , segmento_(segmento)
     , aoFalhar_(aoFalhar)
-    , completa_(apontador.completo()) {}
-
-/// Notes in a complete check that the current step reads a field. A record that the file lacks ends the step.
-void Conferencia::anotar(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo) {
-    if (completa_ && !temBase(registro, letra, nomeCampo)) throw SemBase();
+    , completa_(apontador.completo()) {
+    if (completa_) fundamentos_.reserve(fundamentosUsuais);
 }
 
-bool Conferencia::temBase(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo) {
+/// Notes in a complete check that the current step reads a field, and returns the field, null if there is none. A
+/// record that the file lacks ends the step.
+const CampoRemessa* Conferencia::anotar(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo) {
+    const CampoRemessa* const campo = registro.procurarCampo(nomeCampo);
+    if (!temBase(registro, letra, campo)) throw SemBase();
+    return campo;
+}
+
+bool Conferencia::temBase(const RegistroRemessa& registro, char letra, const CampoRemessa* campo) {
     if (!completa_) return true;
-    const auto indice = registro.indiceDoCampo(nomeCampo);
-    const std::int16_t inicio = indice ? registro.campos()[*indice]->inicio() : std::int16_t{0};
-    fundamentos_.push_back({letra, inicio, registro.lugar()});
+    fundamentos_.push_back({letra, campo ? campo->inicio() : std::int16_t{0}, registro.lugar()});
     if (&registro == &registro_) return true;
     if (registro.linha().empty()) {
         static_cast<void>(apontador_.falta({.letra = letra}));
@@ -63,9 +74,9 @@ bool Conferencia::temBase(char letra, const RegistrosGuardados& aceitos,
     if (!aceitos.temTipo()) return temBase(letra);
     bool tem = true;
     const auto apoiarEm = [&](VistaTexto nome) {
-        const auto indice = aceitos.tipo().indiceDoCampo(nome);
-        if (!indice) return;
-        fundamentos_.push_back({.letra = letra, .campo = aceitos.tipo().campos()[*indice]->inicio()});
+        const CampoRemessa* const campo = aceitos.tipo().procurarCampo(nome);
+        if (!campo) return;
+        fundamentos_.push_back({.letra = letra, .campo = campo->inicio()});
         tem = tem && !apontador_.falta(fundamentos_.back());
     };
     std::ranges::for_each(nomesDosCampos, apoiarEm);
@@ -99,18 +110,19 @@ auto Conferencia::ler(const RegistroRemessa& registro, VistaTexto nomeCampo, Lei
 }
 
 Texto Conferencia::texto(VistaTexto nomeCampo) {
-    anotar(registro_, segmento_, nomeCampo);
-    return ler(registro_, nomeCampo, [&] { return registro_.getValorCampoString(nomeCampo); });
+    const CampoRemessa* const campo = anotar(registro_, segmento_, nomeCampo);
+    return ler(registro_, nomeCampo, [&] { return textoDoCampo(registro_, nomeCampo, campo); });
 }
 
 Valor Conferencia::valorEm(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo) {
-    anotar(registro, letra, nomeCampo);
-    return ler(registro, nomeCampo, [&] { return registro.getValorCampo(nomeCampo); });
+    const CampoRemessa* const campo = anotar(registro, letra, nomeCampo);
+    return ler(registro, nomeCampo,
+               [&] { return campo ? registro.getValorCampo(*campo) : registro.getValorCampo(nomeCampo); });
 }
 
 Texto Conferencia::textoEm(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo) {
-    anotar(registro, letra, nomeCampo);
-    return registro.getValorCampoString(nomeCampo);
+    const CampoRemessa* const campo = anotar(registro, letra, nomeCampo);
+    return textoDoCampo(registro, nomeCampo, campo);
 }
 
 VistaTexto Conferencia::campoNaoLido(VistaTexto nomeCampo) const {

@@ -28,13 +28,18 @@ struct Assunto {
 /// `FalhaDeLeitura`, with number and text of the conversion's failure; so does a field that cannot be read.
 template <typename Numero>
 [[nodiscard]] Numero numeroDoCampo(const RegistroRemessa& registro, Numero (Valor::*conversao)() const,
-                                   VistaTexto nomeCampo) {
-    const Valor valor = registro.getValorCampo(nomeCampo);
+                                   const CampoRemessa& campo) {
+    const Valor valor = registro.getValorCampo(campo);
     try {
         return (valor.*conversao)();
     } catch (const Falha& falha) {
-        throw numeroNaoLido(registro, nomeCampo, falha);
+        throw numeroNaoLido(registro, campo.nome(), falha);
     }
+}
+template <typename Numero>
+[[nodiscard]] Numero numeroDoCampo(const RegistroRemessa& registro, Numero (Valor::*conversao)() const,
+                                   VistaTexto nomeCampo) {
+    return numeroDoCampo(registro, conversao, registro.obterCampo(nomeCampo));
 }
 
 /// Checks one record: it reads the fields, and writes echoes and findings about the record with the right line number.
@@ -74,8 +79,8 @@ class Conferencia {
     template <typename Numero>
     [[nodiscard]] Numero numeroEm(const RegistroRemessa& registro, char letra, Numero (Valor::*conversao)() const,
                                   VistaTexto nomeCampo) {
-        anotar(registro, letra, nomeCampo);
-        return numeroDoCampo(registro, conversao, nomeCampo);
+        const CampoRemessa* const campo = anotar(registro, letra, nomeCampo);
+        return campo ? numeroDoCampo(registro, conversao, *campo) : numeroDoCampo(registro, conversao, nomeCampo);
     }
     /// Whether any field could not be read so far. Only `Prosseguir` sets it.
     [[nodiscard]] bool falhou() const noexcept { return falhou_; }
@@ -86,12 +91,17 @@ class Conferencia {
     /// Notes that the current step rests on something that it does not read through this object: a field of this or of
     /// another record, or all records of a segment. Returns false if a complete check has to leave the step out,
     /// because that is missing or could not be read; the run of a log never does.
-    bool temBase(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo);
+    bool temBase(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo) {
+        return !completa_ || temBase(registro, letra, registro.procurarCampo(nomeCampo));
+    }
     bool temBase(char letra);
+    /// The same for a field that was looked up before; null if the record lacks it.
+    bool temBase(const RegistroRemessa& registro, char letra, const CampoRemessa* campo);
     /// The same for what tells the records of a segment apart, so that one of them may be missing: these fields of the
     /// accepted ones, and their "IDRegistro".
     bool temBase(char letra, const RegistrosGuardados& aceitos, std::initializer_list<VistaTexto> nomesDosCampos);
     void apoiar(VistaTexto nomeCampo) { static_cast<void>(temBase(registro_, segmento_, nomeCampo)); }
+    void apoiar(const CampoRemessa* campo) { static_cast<void>(temBase(registro_, segmento_, campo)); }
     /// Notes that the step rests on all fields of this record.
     void apoiarNoRegistro();
 
@@ -149,7 +159,7 @@ class Conferencia {
     template <typename Leitura>
     [[nodiscard]] auto ler(const RegistroRemessa& registro, VistaTexto nomeCampo, Leitura leitura)
         -> decltype(leitura());
-    void anotar(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo);
+    const CampoRemessa* anotar(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo);
     [[nodiscard]] bool deixar(const FalhaDeLeitura& falha);
     [[nodiscard]] Achado achadoDe(const Assunto& assunto, VistaTexto mensagem, std::int64_t linha);
     [[nodiscard]] std::int64_t linhaDoRegistro() const;

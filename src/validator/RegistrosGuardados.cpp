@@ -1,10 +1,13 @@
 #include "validator/RegistrosGuardados.h"
 
 #include <algorithm>
+#include <array>
+#include <cassert>
 
 namespace quilatador {
 
 void RegistrosGuardados::guardar(const RegistroRemessa& registro) {
+    colunas_.clear();
     if (quantos_ == guardados_.size()) guardados_.emplace_back();
     guardados_[quantos_].linha = registro.linha();
     guardados_[quantos_++].lugar = registro.lugar();
@@ -18,18 +21,32 @@ const RegistroRemessa& RegistrosGuardados::operator[](std::size_t lugar) const {
 
 bool RegistrosGuardados::contem(std::initializer_list<Procurado> procurados) const {
     if (vazia()) return false;
+    assert(procurados.size() <= maisProcurados);
     // The fields are looked up once, because this runs for every installment over all options.
-    std::vector<const CampoRemessa*> campos;
-    for (const Procurado& procurado : procurados)
-        campos.push_back(&modelo_.obterCampo(procurado.campo));
+    std::array<std::size_t, maisProcurados> quais{};
+    std::ranges::transform(procurados, quais.begin(), [&](const Procurado& p) { return colunaDe(p.campo); });
     for (std::size_t i = 0; i < quantos_; ++i) {
-        const RegistroRemessa& registro = (*this)[i];
-        const auto confere = [&, campo = campos.begin()](const Procurado& procurado) mutable {
-            return igual(registro.getValorCampo(**campo++), procurado.valor);
+        const auto confere = [&, qual = quais.begin()](const Procurado& procurado) mutable {
+            return igual(valorNa(colunas_[*qual++], i), procurado.valor);
         };
         if (std::ranges::all_of(procurados, confere)) return true;
     }
     return false;
+}
+
+std::size_t RegistrosGuardados::colunaDe(VistaTexto nomeCampo) const {
+    const CampoRemessa* const campo = &modelo_.obterCampo(nomeCampo);
+    const auto coluna = std::ranges::find(colunas_, campo, &Coluna::campo);
+    if (coluna != colunas_.end()) return static_cast<std::size_t>(coluna - colunas_.begin());
+    colunas_.push_back({campo, std::vector<std::optional<Valor>>(quantos_)});
+    return colunas_.size() - 1;
+}
+
+/// A value that cannot be read is not remembered, so that it fails every time.
+const Valor& RegistrosGuardados::valorNa(Coluna& coluna, std::size_t lugar) const {
+    std::optional<Valor>& valor = coluna.valores[lugar];
+    if (!valor) valor = (*this)[lugar].getValorCampo(*coluna.campo);
+    return *valor;
 }
 
 } // namespace quilatador

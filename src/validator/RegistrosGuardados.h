@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
+#include <optional>
 #include <vector>
 
 namespace quilatador {
@@ -18,6 +19,8 @@ class RegistrosGuardados {
         VistaTexto campo;
         const Valor& valor;
     };
+
+    static constexpr std::size_t maisProcurados = 4;
 
     /// Keeps nothing, and has no type: give it one before the first record.
     RegistrosGuardados() = default;
@@ -33,23 +36,37 @@ class RegistrosGuardados {
     /// Keeps a record, whose line is not empty.
     void guardar(const RegistroRemessa& registro);
     /// Forgets the records, but not their type. The next ones use the same memory again.
-    void esvaziar() noexcept { quantos_ = 0; }
+    void esvaziar() noexcept {
+        quantos_ = 0;
+        colunas_.clear();
+    }
 
     /// The record at a place (0-based). It is valid until the next call of this function or of `contem`, which read
     /// another line into the same object; so not even reading may be done by two threads at once.
     [[nodiscard]] const RegistroRemessa& operator[](std::size_t lugar) const;
     /// Whether some record has all these values (see `igual`). The record's fields are read in the given order, as far
-    /// as they match. `Falha` 5 if the type lacks a field, 1 if one cannot be read; neither while nothing is kept.
+    /// as they match; there may be `maisProcurados` of them. `Falha` 5 if the type lacks a field, 1 if one cannot be
+    /// read; neither while nothing is kept.
     [[nodiscard]] bool contem(std::initializer_list<Procurado> procurados) const;
 
   private:
-    mutable RegistroRemessa modelo_;
     /// A line and its place.
     struct Guardado {
         Texto linha;
         std::int64_t lugar = 0;
     };
-    std::vector<Guardado> guardados_; ///< the first `quantos_` are kept; the others are memory for later ones
+    /// The values of one field in all records, as far as they were read.
+    struct Coluna {
+        const CampoRemessa* campo;
+        std::vector<std::optional<Valor>> valores;
+    };
+
+    [[nodiscard]] std::size_t colunaDe(VistaTexto nomeCampo) const;
+    [[nodiscard]] const Valor& valorNa(Coluna& coluna, std::size_t lugar) const;
+
+    mutable RegistroRemessa modelo_;
+    mutable std::vector<Coluna> colunas_; ///< of the fields that were asked for, because every slip asks for them again
+    std::vector<Guardado> guardados_;     ///< the first `quantos_` are kept; the others are memory for later ones
     std::size_t quantos_ = 0;
 };
 

@@ -4,6 +4,7 @@
 #include "common/Numero.h"
 #include "validator/checks/Parcelas.h"
 
+#include <array>
 #include <cmath>
 
 namespace quilatador {
@@ -12,6 +13,17 @@ namespace {
 
 /// Revenues and characteristics are numbered from 1 to 9.
 constexpr int maiorNumero = 9;
+constexpr std::array camposDoValor{"ValorRec1"_t, "ValorRec2"_t, "ValorRec3"_t, "ValorRec4"_t, "ValorRec5"_t,
+                                   "ValorRec6"_t, "ValorRec7"_t, "ValorRec8"_t, "ValorRec9"_t};
+constexpr std::array camposDaAliquota{"Aliquota1"_t, "Aliquota2"_t, "Aliquota3"_t, "Aliquota4"_t, "Aliquota5"_t,
+                                      "Aliquota6"_t, "Aliquota7"_t, "Aliquota8"_t, "Aliquota9"_t};
+constexpr std::array camposDaCaracteristica{"Caract1"_t, "Caract2"_t, "Caract3"_t, "Caract4"_t, "Caract5"_t,
+                                            "Caract6"_t, "Caract7"_t, "Caract8"_t, "Caract9"_t};
+
+constexpr std::size_t indiceDe(int numero) noexcept {
+    return static_cast<std::size_t>(numero) - 1;
+}
+
 /// The largest accepted difference between the sum of the revenues and the slip's total, in the unit of the layout's
 /// amounts.
 constexpr double toleranciaDaSoma = 1;
@@ -23,8 +35,9 @@ std::optional<std::int64_t> linhaDaGuia(const Conferencia& c, const RegistroReme
     return numeroDoCampo(registroS, &Valor::paraContagem, "Sequencial"_t);
 }
 
-void verificarValorDaReceita(Conferencia& c, const Texto& numero, int qual, const Definicao& definicao) {
-    const Texto campo = junta("ValorRec"_t, numero);
+void verificarValorDaReceita(Conferencia& c, int qual, const Definicao& definicao) {
+    const VistaTexto campo = camposDoValor[indiceDe(qual)];
+    const VistaTexto numero = ultimos(campo, 1);
     const Valor valor = c.valor(campo);
     if (menor(valor, 0))
         c.erro({"u.valorRec.negativo"_t, campo}, junta("Campo Valor da Receita "_t, numero, " inválido"_t));
@@ -36,9 +49,10 @@ void verificarValorDaReceita(Conferencia& c, const Texto& numero, int qual, cons
 
 /// Checks the rate of a revenue, and returns what the revenue adds to the slip's amount: 0 if the rate is wrong.
 /// `FormaCalculo` is read only for a rate, so that one that cannot be read does not hide what stands before it.
-double verificarAliquota(Conferencia& c, const Texto& numero, const Definicao& definicao) {
-    const Texto campoDoValor = junta("ValorRec"_t, numero);
-    const Texto campo = junta("Aliquota"_t, numero);
+double verificarAliquota(Conferencia& c, int qual, const Definicao& definicao) {
+    const VistaTexto campoDoValor = camposDoValor[indiceDe(qual)];
+    const VistaTexto campo = camposDaAliquota[indiceDe(qual)];
+    const VistaTexto numero = ultimos(campo, 1);
     const Valor aliquota = c.valor(campo);
     if (igual(aliquota, 0)) return c.numero(&Valor::paraDuplo, campoDoValor);
     if (menor(aliquota, 0)) {
@@ -150,9 +164,8 @@ bool verificarSegmentoU(Apontador& apontador, const RegistroRemessa& registroU, 
     double soma = 0;
     bool somada = true; // unless a complete check had to leave out a revenue
     for (int i = 1; i <= maiorNumero; ++i) {
-        const Texto numero = textoDe(i);
-        c.passo([&] { verificarValorDaReceita(c, numero, i, definicao); });
-        somada = c.passo([&] { soma += verificarAliquota(c, numero, definicao); }) && somada;
+        c.passo([&] { verificarValorDaReceita(c, i, definicao); });
+        somada = c.passo([&] { soma += verificarAliquota(c, i, definicao); }) && somada;
     }
     if (!somada) return false;
     c.passo([&] {
@@ -206,12 +219,11 @@ bool verificarSegmentoW(Apontador& apontador, const RegistroRemessa& registroW, 
     }
     for (int i = 1; i <= maiorNumero; ++i) {
         c.passo([&] {
-            const Texto numero = textoDe(i);
-            const Texto campo = junta("Caract"_t, numero);
+            const VistaTexto campo = camposDaCaracteristica[indiceDe(i)];
             if (comConteudo(c.valor(campo)) && c.temBase('G', caracteristicas, {"Codigo"_t}) &&
                 !caracteristicas.contem({{"Codigo"_t, i}}))
                 c.erro({"w.caract.naoDefinida"_t, campo},
-                       junta("Campo Conteúdo da característica "_t, numero,
+                       junta("Campo Conteúdo da característica "_t, ultimos(campo, 1),
                              " informado mas característica não informada no segmento G"_t));
         });
     }

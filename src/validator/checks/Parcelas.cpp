@@ -21,8 +21,28 @@ constexpr std::size_t parcelasPorAtendimento = 64;
 constexpr std::array partesDaBarra{"Parte1"_t, "Parte2"_t, "Parte3"_t, "Parte4"_t};
 constexpr std::array digitosDaBarra{"DV1"_t, "DV2"_t, "DV3"_t, "DV4"_t};
 
+/// The usual length of a barcode.
+constexpr std::size_t tamanhoDaBarra = 44;
+
+/// The fields that the steps about the barcode rest on, looked up once for all installments of a slip; null for those
+/// that the layout lacks.
+struct CamposDaBarra {
+    std::array<const CampoRemessa*, partesDaBarra.size()> partes{};
+    std::array<const CampoRemessa*, partesDaBarra.size()> digitos{};
+    const CampoRemessa* moeda; ///< of record C
+
+    CamposDaBarra(const RegistroRemessa& tipoY, const Definicao& definicao)
+        : moeda(definicao.registroC.procurarCampo("Moeda"_t)) {
+        for (std::size_t i = 0; i < partesDaBarra.size(); ++i) {
+            partes[i] = tipoY.procurarCampo(partesDaBarra[i]);
+            digitos[i] = tipoY.procurarCampo(digitosDaBarra[i]);
+        }
+    }
+};
+
 /// The barcode of an installment, in the places that the layout gives to its parts. Positions are 1-based.
 struct Barra {
+    const CamposDaBarra& campos;
     Texto texto;                                          ///< the parts that are numeric, one behind the other
     std::size_t certas = 0;                               ///< positions before the first part that is not numeric
     std::array<std::size_t, partesDaBarra.size()> fins{}; ///< the last position of each part
@@ -51,8 +71,8 @@ struct Barra {
             const std::size_t inicio = i == 0 ? 1 : fins[i - 1] + 1;
             const bool deslocada = ate > certas && fins[i] > certas && inicio <= ate;
             if (!deslocada && (fins[i] < de || inicio > ate)) continue;
-            c.apoiar(partesDaBarra[i]);
-            c.apoiar(digitosDaBarra[i]);
+            c.apoiar(campos.partes[i]);
+            c.apoiar(campos.digitos[i]);
         }
     }
 };
@@ -73,8 +93,8 @@ Texto digitoDaBarra(VistaTexto digitos, const Definicao& definicao) {
 }
 
 /// Whether check digits can be computed: not in a complete check if the currency of the agreement could not be read.
-bool temModulo(Conferencia& c, const Definicao& definicao) {
-    return c.temBase(definicao.registroC, 'C', "Moeda"_t);
+bool temModulo(Conferencia& c, const Definicao& definicao, const CamposDaBarra& campos) {
+    return c.temBase(definicao.registroC, 'C', campos.moeda);
 }
 
 /// Checks the installment itself, against the payment options.
@@ -124,8 +144,9 @@ bool avisarSeIlegivel(Conferencia& c, VistaTexto campo, VistaTexto numeroDaParte
 
 /// Checks the four parts of the barcode, each with its check digit. Returns the barcode, without the parts that are not
 /// numeric.
-Barra verificarPartes(Conferencia& c, const Definicao& definicao) {
-    Barra barra;
+Barra verificarPartes(Conferencia& c, const Definicao& definicao, const CamposDaBarra& campos) {
+    Barra barra{.campos = campos, .texto = {}};
+    barra.texto.reserve(tamanhoDaBarra);
     for (std::size_t i = 0; i < partesDaBarra.size(); ++i) {
         const VistaTexto k = ultimos(partesDaBarra[i], 1);
         const VistaTexto campoDoDigito = digitosDaBarra[i];
@@ -138,7 +159,7 @@ Barra verificarPartes(Conferencia& c, const Definicao& definicao) {
             if (ehNumerico(parte)) {
                 if (barra.certas == inicio) barra.certas = barra.fins[i];
                 barra.texto += parte;
-                if (temModulo(c, definicao)) digito = digitoDaBarra(parte, definicao);
+                if (temModulo(c, definicao, campos)) digito = digitoDaBarra(parte, definicao);
             } else {
                 c.erro({"y.parte.naoNumerica"_t, partesDaBarra[i]},
                        junta("Valor não numérico no código de barras - Parte "_t, k), 0);
@@ -146,8 +167,8 @@ Barra verificarPartes(Conferencia& c, const Definicao& definicao) {
         });
         c.passo([&] {
             if (!digito || avisarSeIlegivel(c, campoDoDigito, k)) return;
-            c.apoiar(partesDaBarra[i]);
-            static_cast<void>(temModulo(c, definicao));
+            c.apoiar(campos.partes[i]);
+            static_cast<void>(temModulo(c, definicao, campos));
             // The text has two blanks before the number: kept on purpose, the sample y-dv-incorreto holds it.
             if (diferente(c.valor(campoDoDigito), *digito))
                 c.erro({"y.dv.incorreto"_t, campoDoDigito, digito},
@@ -168,7 +189,7 @@ void avisarDoDigitoGeral(Conferencia& c, const Barra& barra) {
 void verificarBarra(Conferencia& c, const Barra& barra, const Definicao& definicao) {
     const VistaTexto texto = barra.texto;
     c.passo([&] {
-        if (!versaoComIndicadores(definicao) || !definicao.checarValor) return;
+        if (!definicao.checarValor || !versaoComIndicadores(definicao)) return;
         barra.apoiar(c, 5, 15);
         const Texto centavos = junta(trecho(c.texto("Parte1"_t), 5, 7), trecho(c.texto("Parte2"_t), 1, 4));
         if (lerNumero(c.texto("ValorPag"_t)) != lerNumero(centavos))
@@ -179,7 +200,7 @@ void verificarBarra(Conferencia& c, const Barra& barra, const Definicao& definic
         barra.apoiar(c, 1, barra.fins.back());
         const VistaTexto informado = trecho(texto, 4, 1);
         if (!soDigitos(informado)) return avisarDoDigitoGeral(c, barra);
-        if (!temModulo(c, definicao)) return;
+        if (!temModulo(c, definicao, barra.campos)) return;
         const Texto calculado = digitoDaBarra(junta(trecho(texto, 1, 3), trecho(texto, 5)), definicao);
         if (informado != calculado)
             c.erro({"y.barra.digitoGeral"_t, barra.parteDa(4), barra.esperado(barra.fins.back(), calculado)},
@@ -223,6 +244,11 @@ EmpresaNaBarra empresaEsperada(Conferencia& c, const Definicao& definicao) {
             "Identifcador da Febraban informado no segmento 'C' difere da identificação da empresa na barra"_t};
 }
 
+/// Whether `lerNumero` reads 0, which nearly all texts tell by their digits.
+bool valeZero(VistaTexto texto) {
+    return soDigitos(texto) ? texto.find_first_not_of('0') == VistaTexto::npos : lerNumero(texto) == 0;
+}
+
 /// Checks the identification of the company and the free field after it.
 void verificarEmpresaNaBarra(Conferencia& c, const Barra& barra, const Definicao& definicao) {
     constexpr std::size_t inicioDaEmpresa = 16;
@@ -233,7 +259,7 @@ void verificarEmpresaNaBarra(Conferencia& c, const Barra& barra, const Definicao
         if (trecho(barra.texto, inicioDaEmpresa, empresa.largura) != empresa.identificacao)
             c.erro({empresa.id, barra.parteDa(inicioDaEmpresa), barra.esperado(campoLivre - 1, empresa.identificacao)},
                    empresa.mensagem);
-        if (lerNumero(trecho(barra.texto, campoLivre)) == 0)
+        if (valeZero(trecho(barra.texto, campoLivre)))
             c.erro({"y.barra.campoLivre"_t, barra.parteDa(campoLivre)},
                    "Campo livre não pode estar preenchido somente por zeros"_t);
     });
@@ -251,7 +277,7 @@ void verificarDataNaBarra(Conferencia& c, const Barra& barra, const Definicao& d
             c.erro({"y.barra.dataInvalida"_t, barra.parteDa(posicao)}, "Data no código de barras inválida"_t);
             return;
         }
-        if (versaoComIndicadores(definicao) && !definicao.checarData) return;
+        if (!definicao.checarData && versaoComIndicadores(definicao)) return;
         if (diferente(c.valor("DataVenc"_t), *data))
             c.erro({"y.barra.dataDiferente"_t, barra.culpado(posicao + texto.size() - 1, "DataVenc"_t)},
                    "Data no código de barras difere da data no campo Y12"_t);
@@ -273,12 +299,13 @@ bool verificarSegmentoY(Apontador& apontador, const RegistrosGuardados& parcelas
                           fundamentos);
         return false;
     }
+    const CamposDaBarra campos(parcelasY.tipo(), definicao);
     bool aceitas = true;
     for (std::size_t i = 0; i < parcelasY.tamanho(); ++i) {
         if ((i + 1) % parcelasPorAtendimento == 0 && apontador.canceladaAgora()) break;
         Conferencia c(apontador, parcelasY[i], 'Y', Conferencia::AoFalhar::PularPasso);
         verificarParcela(c, definicao);
-        const Barra barra = verificarPartes(c, definicao);
+        const Barra barra = verificarPartes(c, definicao, campos);
         verificarBarra(c, barra, definicao);
         verificarEmpresaNaBarra(c, barra, definicao);
         verificarDataNaBarra(c, barra, definicao);
