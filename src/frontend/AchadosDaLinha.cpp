@@ -49,7 +49,8 @@ const AchadosDaLinha::Causa* AchadosDaLinha::lembrada(std::int64_t n) const {
 std::vector<PedacoMarcado> marcar(std::vector<PedacoDaRegua> regua, std::span<const Achado> achados) {
     std::vector<PedacoMarcado> marcados;
     for (PedacoDaRegua& pedaco : regua) {
-        PedacoMarcado& marcado = marcados.emplace_back(std::move(pedaco), std::vector<const Achado*>());
+        PedacoMarcado& marcado = marcados.emplace_back();
+        marcado.pedaco = std::move(pedaco);
         for (const Achado& achado : achados)
             if (achado.campo && achado.campo->inicio <= marcado.pedaco.fim &&
                 achado.campo->fim >= marcado.pedaco.inicio)
