@@ -52,7 +52,8 @@ void PercursoCompleto::percorrer(const std::function<bool()>& cancelada) {
     if (cancelada()) return;
     if (linha) acusarResto(primeira, resto);
     if (janela_.terminouEmCtrlZ()) acusarCtrlZ();
-    ordem_.terminar(ultimaLinha_, fimForcado_);
+    const std::int64_t corte = ultimaTorta_ ? faltas_.daLinha() : 0; // the file may have been cut in its last line
+    ordem_.terminar(ultimaLinha_, fimForcado_ != 0 ? fimForcado_ : corte);
 }
 
 bool PercursoCompleto::verificarHeader() {
@@ -140,7 +141,8 @@ void PercursoCompleto::verificarLinha(const LinhaDoArquivo& linha) {
     ultimaLinha_ = linha.lugar;
     coletor_.irParaLinha(linha.lugar);
     const TipoDeLinha* const tipo = tipos_.reconhecer(linha.texto, linha.lugar);
-    if (tipo && tipo->temTamanho(linha.texto)) return verificarRegistro(linha, *tipo);
+    ultimaTorta_ = !tipo || !tipo->temTamanho(linha.texto);
+    if (!ultimaTorta_) return verificarRegistro(linha, *tipo);
     verificarLinhaTorta(linha, tipo);
     numerosVistos_ -= std::min<std::size_t>(numerosVistos_, 1);
 }

@@ -75,6 +75,7 @@ class PercursoCompleto {
     std::int64_t desvio_ = 0;       ///< the number of a record less the number of its line
     std::size_t numerosVistos_ = 0; ///< so many lines from this one on have had their numbers checked
     std::int64_t ultimaLinha_ = 0;  ///< the last one that was looked at, 1-based
+    bool ultimaTorta_ = false;      ///< whether that line has the wrong length or no known type
     std::int64_t fimForcado_ = 0;   ///< finding that says that the file ends where it should not; 0 if there is none
 };
 
