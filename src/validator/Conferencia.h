@@ -21,6 +21,16 @@ struct Assunto {
     VistaTexto motivo = {};
 };
 
+/// A field of a record type, looked up once by whoever reads it in many records of the type. `campo` is null where the
+/// type lacks the field; whoever reads it then gets the `Falha` of `RegistroRemessa` for its name.
+struct CampoBuscado {
+    VistaTexto nome; ///< view of a text that outlives this object
+    const CampoRemessa* campo;
+
+    CampoBuscado(const RegistroRemessa& tipo, VistaTexto nomeCampo)
+        : nome(nomeCampo), campo(tipo.procurarCampo(nomeCampo)) {}
+};
+
 /// The failure for a value that is no number of the kind that is needed.
 [[nodiscard]] FalhaDeLeitura numeroNaoLido(const RegistroRemessa& registro, VistaTexto nomeCampo, const Falha& causa);
 
@@ -64,13 +74,21 @@ class Conferencia {
                 AoFalhar aoFalhar = AoFalhar::Propagar);
 
     /// The text of a field and its converted value. `AoFalhar` says what happens if the field cannot be read.
-    [[nodiscard]] Texto texto(VistaTexto nomeCampo);
+    [[nodiscard]] Texto texto(VistaTexto nomeCampo) { return texto(CampoBuscado(registro_, nomeCampo)); }
+    [[nodiscard]] Texto texto(const CampoBuscado& campo);
     [[nodiscard]] Valor valor(VistaTexto nomeCampo) { return valorEm(registro_, segmento_, nomeCampo); }
+    [[nodiscard]] Valor valor(const CampoBuscado& campo) { return valorEm(registro_, segmento_, campo); }
     /// The value of a field of another record, with the letter of its segment. A field that cannot be read has the same
     /// consequences as in `valor`.
-    [[nodiscard]] Valor valorEm(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo);
+    [[nodiscard]] Valor valorEm(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo) {
+        return valorEm(registro, letra, CampoBuscado(registro, nomeCampo));
+    }
+    [[nodiscard]] Valor valorEm(const RegistroRemessa& registro, char letra, const CampoBuscado& campo);
     /// The raw text of a field of another record.
-    [[nodiscard]] Texto textoEm(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo);
+    [[nodiscard]] Texto textoEm(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo) {
+        return textoEm(registro, letra, CampoBuscado(registro, nomeCampo));
+    }
+    [[nodiscard]] Texto textoEm(const RegistroRemessa& registro, char letra, const CampoBuscado& campo);
     /// The value of a field as one of the numbers of `Valor`; see `numeroDoCampo`, whose failures it raises.
     template <typename Numero>
     [[nodiscard]] Numero numero(Numero (Valor::*conversao)() const, VistaTexto nomeCampo) {
@@ -79,8 +97,10 @@ class Conferencia {
     template <typename Numero>
     [[nodiscard]] Numero numeroEm(const RegistroRemessa& registro, char letra, Numero (Valor::*conversao)() const,
                                   VistaTexto nomeCampo) {
-        const CampoRemessa* const campo = anotar(registro, letra, nomeCampo);
-        return campo ? numeroDoCampo(registro, conversao, *campo) : numeroDoCampo(registro, conversao, nomeCampo);
+        const CampoBuscado buscado(registro, nomeCampo);
+        anotar(registro, letra, buscado);
+        return buscado.campo ? numeroDoCampo(registro, conversao, *buscado.campo)
+                             : numeroDoCampo(registro, conversao, nomeCampo);
     }
     /// Whether any field could not be read so far. Only `Prosseguir` sets it.
     [[nodiscard]] bool falhou() const noexcept { return falhou_; }
@@ -159,7 +179,7 @@ class Conferencia {
     template <typename Leitura>
     [[nodiscard]] auto ler(const RegistroRemessa& registro, VistaTexto nomeCampo, Leitura leitura)
         -> decltype(leitura());
-    const CampoRemessa* anotar(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo);
+    void anotar(const RegistroRemessa& registro, char letra, const CampoBuscado& campo);
     [[nodiscard]] bool deixar(const FalhaDeLeitura& falha);
     [[nodiscard]] Achado achadoDe(const Assunto& assunto, VistaTexto mensagem, std::int64_t linha);
     [[nodiscard]] std::int64_t linhaDoRegistro() const;
