@@ -47,17 +47,10 @@ Conferencia::Conferencia(Apontador& apontador, const RegistroRemessa& registro, 
     if (completa_) fundamentos_.reserve(fundamentosUsuais);
 }
 
-/// Notes in a complete check that the current step reads a field. A record that the file lacks ends the step.
-void Conferencia::anotar(const RegistroRemessa& registro, char letra, const CampoBuscado& campo) {
-    if (!temBase(registro, letra, campo.campo)) throw SemBase();
-}
-
-bool Conferencia::temBase(const RegistroRemessa& registro, char letra, const CampoRemessa* campo) {
-    if (!completa_) return true;
-    fundamentos_.push_back({letra, campo ? campo->inicio() : std::int16_t{0}, registro.lugar()});
-    if (&registro == &registro_) return true;
+/// Whether another record, in which the step rests on what was noted last, is there and could be read.
+bool Conferencia::temOutro(const RegistroRemessa& registro) {
     if (registro.linha().empty()) {
-        static_cast<void>(apontador_.falta({.letra = letra}));
+        static_cast<void>(apontador_.falta({.letra = fundamentos_.back().letra}));
         return false;
     }
     return !apontador_.falta(fundamentos_.back());

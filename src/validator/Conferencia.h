@@ -92,16 +92,21 @@ class Conferencia {
     /// The value of a field as one of the numbers of `Valor`; see `numeroDoCampo`, whose failures it raises.
     template <typename Numero>
     [[nodiscard]] Numero numero(Numero (Valor::*conversao)() const, VistaTexto nomeCampo) {
-        return numeroEm(registro_, segmento_, conversao, nomeCampo);
+        return numeroEm(registro_, segmento_, conversao, CampoBuscado(registro_, nomeCampo));
+    }
+    template <typename Numero>
+    [[nodiscard]] Numero numero(Numero (Valor::*conversao)() const, const CampoBuscado& campo) {
+        return numeroEm(registro_, segmento_, conversao, campo);
     }
     template <typename Numero>
     [[nodiscard]] Numero numeroEm(const RegistroRemessa& registro, char letra, Numero (Valor::*conversao)() const,
-                                  VistaTexto nomeCampo) {
-        const CampoBuscado buscado(registro, nomeCampo);
-        anotar(registro, letra, buscado);
-        return buscado.campo ? numeroDoCampo(registro, conversao, *buscado.campo)
-                             : numeroDoCampo(registro, conversao, nomeCampo);
+                                  const CampoBuscado& campo) {
+        anotar(registro, letra, campo);
+        return campo.campo ? numeroDoCampo(registro, conversao, *campo.campo)
+                           : numeroDoCampo(registro, conversao, campo.nome);
     }
+    /// The record under check.
+    [[nodiscard]] const RegistroRemessa& registro() const noexcept { return registro_; }
     /// Whether any field could not be read so far. Only `Prosseguir` sets it.
     [[nodiscard]] bool falhou() const noexcept { return falhou_; }
     /// The field to name in a finding that is due to a field that could not be read: `nomeCampo` if that is one of
@@ -116,7 +121,11 @@ class Conferencia {
     }
     bool temBase(char letra);
     /// The same for a field that was looked up before; null if the record lacks it.
-    bool temBase(const RegistroRemessa& registro, char letra, const CampoRemessa* campo);
+    bool temBase(const RegistroRemessa& registro, char letra, const CampoRemessa* campo) {
+        if (!completa_) return true;
+        fundamentos_.push_back({letra, campo ? campo->inicio() : std::int16_t{0}, registro.lugar()});
+        return &registro == &registro_ || temOutro(registro);
+    }
     /// The same for what tells the records of a segment apart, so that one of them may be missing: these fields of the
     /// accepted ones, and their "IDRegistro".
     bool temBase(char letra, const RegistrosGuardados& aceitos, std::initializer_list<VistaTexto> nomesDosCampos);
@@ -179,7 +188,11 @@ class Conferencia {
     template <typename Leitura>
     [[nodiscard]] auto ler(const RegistroRemessa& registro, VistaTexto nomeCampo, Leitura leitura)
         -> decltype(leitura());
-    void anotar(const RegistroRemessa& registro, char letra, const CampoBuscado& campo);
+    /// Notes in a complete check that the current step reads a field. A record that the file lacks ends the step.
+    void anotar(const RegistroRemessa& registro, char letra, const CampoBuscado& campo) {
+        if (!temBase(registro, letra, campo.campo)) throw SemBase();
+    }
+    [[nodiscard]] bool temOutro(const RegistroRemessa& registro);
     [[nodiscard]] bool deixar(const FalhaDeLeitura& falha);
     [[nodiscard]] Achado achadoDe(const Assunto& assunto, VistaTexto mensagem, std::int64_t linha);
     [[nodiscard]] std::int64_t linhaDoRegistro() const;
