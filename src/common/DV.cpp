@@ -91,11 +91,10 @@ Texto DV::CalculaMod11Barra(VistaTexto digitos) {
 Texto DV::CalcularMod10(VistaTexto digitos) {
     constexpr std::array<int, 10> vezesDois{0, 2, 4, 6, 8, 1, 3, 5, 7, 9}; // the digits of each product added
     long long soma = 0;
-    bool peso2 = true;
-    for (std::size_t i = digitos.size(); i-- > 0; peso2 = !peso2) {
-        const int digito = digitoOuZero(digitos[i]);
-        soma += peso2 ? vezesDois[static_cast<std::size_t>(digito)] : digito;
-    }
+    std::size_t i = digitos.size();
+    for (; i >= 2; i -= 2)
+        soma += vezesDois[static_cast<std::size_t>(digitoOuZero(digitos[i - 1]))] + digitoOuZero(digitos[i - 2]);
+    if (i == 1) soma += vezesDois[static_cast<std::size_t>(digitoOuZero(digitos[0]))];
     return umDigito((10 - soma % 10) % 10);
 }
 

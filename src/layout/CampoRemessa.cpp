@@ -36,6 +36,7 @@ Valor CampoRemessa::interpretar(VistaTexto texto) const {
         return alinhamento_ == 1 ? semBrancosAEsquerda(texto) : semBrancosADireita(texto);
     case Tipo::DeNumero:
     case Tipo::DeContador:
+        if (const auto digitos = numeroDeDigitos(texto)) return comDecimais(*digitos);
         return interpretarNumero(texto);
     case Tipo::DeData:
         return interpretarData(texto);
@@ -46,10 +47,12 @@ Valor CampoRemessa::interpretar(VistaTexto texto) const {
 }
 
 Valor CampoRemessa::interpretarNumero(VistaTexto texto) const {
-    const std::optional<double> digitos = numeroDeDigitos(texto);
-    if (!digitos && !ehNumerico(texto)) throw naoLido("leitura.numero"_t, texto, "Campo numérico inválido"_t);
-    const double numero = digitos ? *digitos : lerNumero(texto);
-    return numeroDecimais_ == 0 ? numero : numero / potenciaDeDez(numeroDecimais_);
+    if (!ehNumerico(texto)) throw naoLido("leitura.numero"_t, texto, "Campo numérico inválido"_t);
+    return comDecimais(lerNumero(texto));
+}
+
+double CampoRemessa::comDecimais(double digitos) const noexcept {
+    return numeroDecimais_ == 0 ? digitos : digitos / potenciaDeDez(numeroDecimais_);
 }
 
 Valor CampoRemessa::interpretarData(VistaTexto texto) const {

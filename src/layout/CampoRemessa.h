@@ -65,6 +65,7 @@ class CampoRemessa {
     enum class Tipo : std::uint8_t { DeTexto, DeNumero, DeData, DeContador, SemConversao };
 
     [[nodiscard]] quilatador::Valor interpretarNumero(VistaTexto texto) const;
+    [[nodiscard]] double comDecimais(double digitos) const noexcept;
     [[nodiscard]] quilatador::Valor interpretarData(VistaTexto texto) const;
     [[nodiscard]] FalhaDeLeitura naoLido(VistaTexto id, VistaTexto texto, VistaTexto motivo) const;
     [[nodiscard]] Texto gerarNumero();

@@ -9,10 +9,12 @@
 namespace quilatador {
 
 /// Finds things that somebody else owns by their names, in which upper and lower case of the letters A to Z do not
-/// matter. It holds no names, only where each may be; who asks compares. So it stays small, and is never wrong when a
-/// name changes: at worst a name is not found.
+/// matter. It holds no names, only where each may be; who asks compares. So it is never wrong when a name changes: at
+/// worst a name is not found.
 class IndiceDeNomes {
   public:
+    static constexpr std::size_t naoAchado = static_cast<std::size_t>(-1);
+
     /// Adds the next name: the first one gets place 0.
     void incluir(VistaTexto nome);
 
@@ -21,29 +23,32 @@ class IndiceDeNomes {
     template <typename Confere>
     [[nodiscard]] std::size_t achar(VistaTexto nome, Confere confere) const {
         if (casas_.empty()) return naoAchado;
+        const std::uint32_t resumo = resumir(nome);
         const std::size_t ultima = casas_.size() - 1;
-        for (std::size_t casa = dispersar(nome) & ultima; casas_[casa] != livre; casa = (casa + 1) & ultima)
-            if (confere(casas_[casa])) return casas_[casa];
+        for (std::size_t i = resumo & ultima; casas_[i].lugar != livre; i = (i + 1) & ultima)
+            if (casas_[i].resumo == resumo && confere(casas_[i].lugar)) return casas_[i].lugar;
         return naoAchado;
     }
 
-    static constexpr std::size_t naoAchado = static_cast<std::size_t>(-1);
-
   private:
     static constexpr std::uint32_t livre = static_cast<std::uint32_t>(-1);
+    struct Casa {
+        std::uint32_t resumo = 0; ///< of the name, see `resumir`
+        std::uint32_t lugar = livre;
+    };
 
-    /// Names of one layout differ in their length, first or last character nearly always, so that more of them need not
-    /// be read.
-    [[nodiscard]] static std::size_t dispersar(VistaTexto nome) noexcept {
+    /// A number that names have in common only seldom if they differ. Those of one record type nearly always differ in
+    /// their length, first or last character, so that the others need not be read.
+    [[nodiscard]] static std::uint32_t resumir(VistaTexto nome) noexcept {
         if (nome.empty()) return 0;
-        constexpr std::size_t semCaixa = 0x20; // the bit in which upper and lower case of a letter differ
+        constexpr std::uint32_t semCaixa = 0x20; // the bit in which upper and lower case of a letter differ
         const auto codigo = [](char c) { return static_cast<unsigned char>(c) | semCaixa; };
-        return nome.size() * 3 + codigo(nome.front()) * 19 + codigo(nome.back()) * 27;
+        return static_cast<std::uint32_t>(nome.size()) * 3 + codigo(nome.front()) * 19 + codigo(nome.back()) * 27;
     }
-    void por(std::uint32_t lugar);
+    void por(Casa nova);
 
-    std::vector<std::size_t> dispersos_; ///< the hash of each name, by its place
-    std::vector<std::uint32_t> casas_; ///< places of names, at most a quarter of it in use; its size is a power of two
+    std::vector<Casa> casas_; ///< at most a quarter of them in use; their number is a power of two
+    std::uint32_t quantos_ = 0;
 };
 
 } // namespace quilatador

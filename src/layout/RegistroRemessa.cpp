@@ -112,30 +112,30 @@ std::int16_t RegistroRemessa::obterPosicaoCampo(VistaTexto) const noexcept {
     return 0;
 }
 
-std::size_t RegistroRemessa::lugarDoCampo(VistaTexto nomeCampo) const noexcept {
-    const auto confere = [nomeCampo](const auto& campo) { return iguaisSemCaixa(campo->nome(), nomeCampo); };
-    const std::size_t lugar = nomes_.achar(nomeCampo, [&](std::size_t i) {
-        const VistaTexto nome = campos_[i]->nome();
-        if (nome.size() != nomeCampo.size()) return false;
-        return nome == nomeCampo || confere(campos_[i]); // nearly always it is written as in the layout
-    });
-    if (lugar != IndiceDeNomes::naoAchado) return lugar;
-    // A field may have been given another name since.
-    return static_cast<std::size_t>(std::ranges::find_if(campos_, confere) - campos_.begin());
-}
-
 std::optional<std::size_t> RegistroRemessa::indiceDoCampo(VistaTexto nomeCampo) const noexcept {
-    const std::size_t lugar = lugarDoCampo(nomeCampo);
-    return lugar < campos_.size() ? std::optional(lugar) : std::nullopt;
+    const CampoRemessa* const procurado = procurarCampo(nomeCampo);
+    const auto campo = std::ranges::find(campos_, procurado, &std::unique_ptr<CampoRemessa>::get);
+    if (!procurado || campo == campos_.end()) return std::nullopt;
+    return static_cast<std::size_t>(campo - campos_.begin());
 }
 
-const CampoRemessa* RegistroRemessa::procurarCampo(VistaTexto nomeCampo) const noexcept {
-    const std::size_t lugar = lugarDoCampo(nomeCampo);
-    return lugar < campos_.size() ? campos_[lugar].get() : nullptr;
+CampoRemessa* RegistroRemessa::procurar(VistaTexto nomeCampo) const noexcept {
+    // Nearly always the name is written as in the layout.
+    const std::size_t lugar = nomes_.achar(nomeCampo, [&](std::size_t i) { return campos_[i]->nome() == nomeCampo; });
+    return lugar == IndiceDeNomes::naoAchado ? procurarSemCaixa(nomeCampo) : campos_[lugar].get();
+}
+
+/// Goes through all fields if it must, since one may have been given another name.
+CampoRemessa* RegistroRemessa::procurarSemCaixa(VistaTexto nomeCampo) const noexcept {
+    const auto confere = [nomeCampo](const auto& campo) { return iguaisSemCaixa(campo->nome(), nomeCampo); };
+    const std::size_t lugar = nomes_.achar(nomeCampo, [&](std::size_t i) { return confere(campos_[i]); });
+    if (lugar != IndiceDeNomes::naoAchado) return campos_[lugar].get();
+    const auto campo = std::ranges::find_if(campos_, confere);
+    return campo == campos_.end() ? nullptr : campo->get();
 }
 
 CampoRemessa& RegistroRemessa::campo(VistaTexto nomeCampo) const {
-    if (const std::size_t lugar = lugarDoCampo(nomeCampo); lugar < campos_.size()) return *campos_[lugar];
+    if (CampoRemessa* const procurado = procurar(nomeCampo)) return *procurado;
     throw Falha(numeroDeFalha::argumentoInvalido, "RegistroRemessa"_t,
                 junta("Campo inexistente no leiaute: "_t, nomeCampo));
 }

@@ -91,7 +91,7 @@ class RegistroRemessa {
     /// for every line look a field up only once.
     [[nodiscard]] std::optional<std::size_t> indiceDoCampo(VistaTexto nomeCampo) const noexcept;
     /// The field with this name, or null when the record has no such field.
-    [[nodiscard]] const CampoRemessa* procurarCampo(VistaTexto nomeCampo) const noexcept;
+    [[nodiscard]] const CampoRemessa* procurarCampo(VistaTexto nomeCampo) const noexcept { return procurar(nomeCampo); }
     /// The value and the text of a field that was looked up before; otherwise like the functions that take a name.
     [[nodiscard]] Valor getValorCampo(const CampoRemessa& campo) const;
     /// The text of a field in the line of a lazy record.
@@ -116,7 +116,8 @@ class RegistroRemessa {
         if (campo.inicio() < 1 || tamanho < 1) return {};
         return trecho(linha, static_cast<std::size_t>(campo.inicio()), static_cast<std::size_t>(tamanho));
     }
-    [[nodiscard]] std::size_t lugarDoCampo(VistaTexto nomeCampo) const noexcept;
+    [[nodiscard]] CampoRemessa* procurar(VistaTexto nomeCampo) const noexcept;
+    [[nodiscard]] CampoRemessa* procurarSemCaixa(VistaTexto nomeCampo) const noexcept;
     [[nodiscard]] CampoRemessa& campo(VistaTexto nomeCampo) const;
     void adotarCampos() noexcept;
 

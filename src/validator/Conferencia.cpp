@@ -21,10 +21,14 @@ std::optional<CampoDoAchado> campoDoAchado(const RegistroRemessa& registro, Vist
                          .esperado = esperado};
 }
 
-/// The text of a field that may have been looked up before, which a lazy record has in its line.
-Texto textoDoCampo(const RegistroRemessa& registro, VistaTexto nome, const CampoRemessa* campo) {
-    return campo && !registro.linha().empty() ? Texto(registro.textoNaLinha(*campo))
-                                              : registro.getValorCampoString(nome);
+/// The text of a field, which a lazy record has in its line.
+Texto textoDo(const RegistroRemessa& registro, const CampoBuscado& buscado) {
+    return buscado.campo && !registro.linha().empty() ? Texto(registro.textoNaLinha(*buscado.campo))
+                                                      : registro.getValorCampoString(buscado.nome);
+}
+
+Valor valorDo(const RegistroRemessa& registro, const CampoBuscado& buscado) {
+    return buscado.campo ? registro.getValorCampo(*buscado.campo) : registro.getValorCampo(buscado.nome);
 }
 
 } // namespace
@@ -43,20 +47,10 @@ Conferencia::Conferencia(Apontador& apontador, const RegistroRemessa& registro, 
     if (completa_) fundamentos_.reserve(fundamentosUsuais);
 }
 
-/// Notes in a complete check that the current step reads a field, and returns the field, null if there is none. A
-/// record that the file lacks ends the step.
-const CampoRemessa* Conferencia::anotar(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo) {
-    const CampoRemessa* const campo = registro.procurarCampo(nomeCampo);
-    if (!temBase(registro, letra, campo)) throw SemBase();
-    return campo;
-}
-
-bool Conferencia::temBase(const RegistroRemessa& registro, char letra, const CampoRemessa* campo) {
-    if (!completa_) return true;
-    fundamentos_.push_back({letra, campo ? campo->inicio() : std::int16_t{0}, registro.lugar()});
-    if (&registro == &registro_) return true;
+/// Whether another record, in which the step rests on what was noted last, is there and could be read.
+bool Conferencia::temOutro(const RegistroRemessa& registro) {
     if (registro.linha().empty()) {
-        static_cast<void>(apontador_.falta({.letra = letra}));
+        static_cast<void>(apontador_.falta({.letra = fundamentos_.back().letra}));
         return false;
     }
     return !apontador_.falta(fundamentos_.back());
@@ -109,20 +103,19 @@ auto Conferencia::ler(const RegistroRemessa& registro, VistaTexto nomeCampo, Lei
     }
 }
 
-Texto Conferencia::texto(VistaTexto nomeCampo) {
-    const CampoRemessa* const campo = anotar(registro_, segmento_, nomeCampo);
-    return ler(registro_, nomeCampo, [&] { return textoDoCampo(registro_, nomeCampo, campo); });
+Texto Conferencia::texto(const CampoBuscado& campo) {
+    anotar(registro_, segmento_, campo);
+    return ler(registro_, campo.nome, [&] { return textoDo(registro_, campo); });
 }
 
-Valor Conferencia::valorEm(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo) {
-    const CampoRemessa* const campo = anotar(registro, letra, nomeCampo);
-    return ler(registro, nomeCampo,
-               [&] { return campo ? registro.getValorCampo(*campo) : registro.getValorCampo(nomeCampo); });
+Valor Conferencia::valorEm(const RegistroRemessa& registro, char letra, const CampoBuscado& campo) {
+    anotar(registro, letra, campo);
+    return ler(registro, campo.nome, [&] { return valorDo(registro, campo); });
 }
 
-Texto Conferencia::textoEm(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo) {
-    const CampoRemessa* const campo = anotar(registro, letra, nomeCampo);
-    return textoDoCampo(registro, nomeCampo, campo);
+Texto Conferencia::textoEm(const RegistroRemessa& registro, char letra, const CampoBuscado& campo) {
+    anotar(registro, letra, campo);
+    return textoDo(registro, campo);
 }
 
 VistaTexto Conferencia::campoNaoLido(VistaTexto nomeCampo) const {

@@ -21,6 +21,16 @@ struct Assunto {
     VistaTexto motivo = {};
 };
 
+/// A field of a record type, looked up once by whoever reads it in many records of the type. `campo` is null where the
+/// type lacks the field; whoever reads it then gets the `Falha` of `RegistroRemessa` for its name.
+struct CampoBuscado {
+    VistaTexto nome; ///< view of a text that outlives this object
+    const CampoRemessa* campo;
+
+    CampoBuscado(const RegistroRemessa& tipo, VistaTexto nomeCampo)
+        : nome(nomeCampo), campo(tipo.procurarCampo(nomeCampo)) {}
+};
+
 /// The failure for a value that is no number of the kind that is needed.
 [[nodiscard]] FalhaDeLeitura numeroNaoLido(const RegistroRemessa& registro, VistaTexto nomeCampo, const Falha& causa);
 
@@ -64,24 +74,39 @@ class Conferencia {
                 AoFalhar aoFalhar = AoFalhar::Propagar);
 
     /// The text of a field and its converted value. `AoFalhar` says what happens if the field cannot be read.
-    [[nodiscard]] Texto texto(VistaTexto nomeCampo);
+    [[nodiscard]] Texto texto(VistaTexto nomeCampo) { return texto(CampoBuscado(registro_, nomeCampo)); }
+    [[nodiscard]] Texto texto(const CampoBuscado& campo);
     [[nodiscard]] Valor valor(VistaTexto nomeCampo) { return valorEm(registro_, segmento_, nomeCampo); }
+    [[nodiscard]] Valor valor(const CampoBuscado& campo) { return valorEm(registro_, segmento_, campo); }
     /// The value of a field of another record, with the letter of its segment. A field that cannot be read has the same
     /// consequences as in `valor`.
-    [[nodiscard]] Valor valorEm(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo);
+    [[nodiscard]] Valor valorEm(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo) {
+        return valorEm(registro, letra, CampoBuscado(registro, nomeCampo));
+    }
+    [[nodiscard]] Valor valorEm(const RegistroRemessa& registro, char letra, const CampoBuscado& campo);
     /// The raw text of a field of another record.
-    [[nodiscard]] Texto textoEm(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo);
+    [[nodiscard]] Texto textoEm(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo) {
+        return textoEm(registro, letra, CampoBuscado(registro, nomeCampo));
+    }
+    [[nodiscard]] Texto textoEm(const RegistroRemessa& registro, char letra, const CampoBuscado& campo);
     /// The value of a field as one of the numbers of `Valor`; see `numeroDoCampo`, whose failures it raises.
     template <typename Numero>
     [[nodiscard]] Numero numero(Numero (Valor::*conversao)() const, VistaTexto nomeCampo) {
-        return numeroEm(registro_, segmento_, conversao, nomeCampo);
+        return numeroEm(registro_, segmento_, conversao, CampoBuscado(registro_, nomeCampo));
+    }
+    template <typename Numero>
+    [[nodiscard]] Numero numero(Numero (Valor::*conversao)() const, const CampoBuscado& campo) {
+        return numeroEm(registro_, segmento_, conversao, campo);
     }
     template <typename Numero>
     [[nodiscard]] Numero numeroEm(const RegistroRemessa& registro, char letra, Numero (Valor::*conversao)() const,
-                                  VistaTexto nomeCampo) {
-        const CampoRemessa* const campo = anotar(registro, letra, nomeCampo);
-        return campo ? numeroDoCampo(registro, conversao, *campo) : numeroDoCampo(registro, conversao, nomeCampo);
+                                  const CampoBuscado& campo) {
+        anotar(registro, letra, campo);
+        return campo.campo ? numeroDoCampo(registro, conversao, *campo.campo)
+                           : numeroDoCampo(registro, conversao, campo.nome);
     }
+    /// The record under check.
+    [[nodiscard]] const RegistroRemessa& registro() const noexcept { return registro_; }
     /// Whether any field could not be read so far. Only `Prosseguir` sets it.
     [[nodiscard]] bool falhou() const noexcept { return falhou_; }
     /// The field to name in a finding that is due to a field that could not be read: `nomeCampo` if that is one of
@@ -96,7 +121,11 @@ class Conferencia {
     }
     bool temBase(char letra);
     /// The same for a field that was looked up before; null if the record lacks it.
-    bool temBase(const RegistroRemessa& registro, char letra, const CampoRemessa* campo);
+    bool temBase(const RegistroRemessa& registro, char letra, const CampoRemessa* campo) {
+        if (!completa_) return true;
+        fundamentos_.push_back({letra, campo ? campo->inicio() : std::int16_t{0}, registro.lugar()});
+        return &registro == &registro_ || temOutro(registro);
+    }
     /// The same for what tells the records of a segment apart, so that one of them may be missing: these fields of the
     /// accepted ones, and their "IDRegistro".
     bool temBase(char letra, const RegistrosGuardados& aceitos, std::initializer_list<VistaTexto> nomesDosCampos);
@@ -159,7 +188,11 @@ class Conferencia {
     template <typename Leitura>
     [[nodiscard]] auto ler(const RegistroRemessa& registro, VistaTexto nomeCampo, Leitura leitura)
         -> decltype(leitura());
-    const CampoRemessa* anotar(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo);
+    /// Notes in a complete check that the current step reads a field. A record that the file lacks ends the step.
+    void anotar(const RegistroRemessa& registro, char letra, const CampoBuscado& campo) {
+        if (!temBase(registro, letra, campo.campo)) throw SemBase();
+    }
+    [[nodiscard]] bool temOutro(const RegistroRemessa& registro);
     [[nodiscard]] bool deixar(const FalhaDeLeitura& falha);
     [[nodiscard]] Achado achadoDe(const Assunto& assunto, VistaTexto mensagem, std::int64_t linha);
     [[nodiscard]] std::int64_t linhaDoRegistro() const;

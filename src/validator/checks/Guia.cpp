@@ -35,10 +35,10 @@ std::optional<std::int64_t> linhaDaGuia(const Conferencia& c, const RegistroReme
     return numeroDoCampo(registroS, &Valor::paraContagem, "Sequencial"_t);
 }
 
-void verificarValorDaReceita(Conferencia& c, int qual, const Definicao& definicao) {
-    const VistaTexto campo = camposDoValor[indiceDe(qual)];
+void verificarValorDaReceita(Conferencia& c, const CampoBuscado& buscado, int qual, const Definicao& definicao) {
+    const VistaTexto campo = buscado.nome;
     const VistaTexto numero = ultimos(campo, 1);
-    const Valor valor = c.valor(campo);
+    const Valor valor = c.valor(buscado);
     if (menor(valor, 0))
         c.erro({"u.valorRec.negativo"_t, campo}, junta("Campo Valor da Receita "_t, numero, " inválido"_t));
     else if (maior(valor, 0) && c.temBase('K', definicao.receitas, {"Numero"_t}) &&
@@ -49,11 +49,11 @@ void verificarValorDaReceita(Conferencia& c, int qual, const Definicao& definica
 
 /// Checks the rate of a revenue, and returns what the revenue adds to the slip's amount: 0 if the rate is wrong.
 /// `FormaCalculo` is read only for a rate, so that one that cannot be read does not hide what stands before it.
-double verificarAliquota(Conferencia& c, int qual, const Definicao& definicao) {
-    const VistaTexto campoDoValor = camposDoValor[indiceDe(qual)];
-    const VistaTexto campo = camposDaAliquota[indiceDe(qual)];
+double verificarAliquota(Conferencia& c, const CampoBuscado& campoDoValor, int qual, const Definicao& definicao) {
+    const CampoBuscado buscado(c.registro(), camposDaAliquota[indiceDe(qual)]);
+    const VistaTexto campo = buscado.nome;
     const VistaTexto numero = ultimos(campo, 1);
-    const Valor aliquota = c.valor(campo);
+    const Valor aliquota = c.valor(buscado);
     if (igual(aliquota, 0)) return c.numero(&Valor::paraDuplo, campoDoValor);
     if (menor(aliquota, 0)) {
         c.erro({"u.aliquota.negativa"_t, campo}, junta("Campo Aliquota da Receita "_t, numero, " inválido"_t));
@@ -65,7 +65,7 @@ double verificarAliquota(Conferencia& c, int qual, const Definicao& definicao) {
                junta("Campo Aliquota da Receita "_t, numero, " não pode ser informado para cálculo por valor total"_t));
         return 0;
     }
-    return c.numero(&Valor::paraDuplo, campoDoValor) * c.numero(&Valor::paraDuplo, campo) / 100;
+    return c.numero(&Valor::paraDuplo, campoDoValor) * c.numero(&Valor::paraDuplo, buscado) / 100;
 }
 
 /// Why the rule is disputed that every slip has a record W: "" if it is not.
@@ -164,12 +164,13 @@ bool verificarSegmentoU(Apontador& apontador, const RegistroRemessa& registroU, 
     double soma = 0;
     bool somada = true; // unless a complete check had to leave out a revenue
     for (int i = 1; i <= maiorNumero; ++i) {
-        c.passo([&] { verificarValorDaReceita(c, i, definicao); });
-        somada = c.passo([&] { soma += verificarAliquota(c, i, definicao); }) && somada;
+        const CampoBuscado valor(registroU, camposDoValor[indiceDe(i)]);
+        c.passo([&] { verificarValorDaReceita(c, valor, i, definicao); });
+        somada = c.passo([&] { soma += verificarAliquota(c, valor, i, definicao); }) && somada;
     }
     if (!somada) return false;
     c.passo([&] {
-        const double total = c.numeroEm(registroS, 'S', &Valor::paraDuplo, "ValorTotal"_t);
+        const double total = c.numeroEm(registroS, 'S', &Valor::paraDuplo, CampoBuscado(registroS, "ValorTotal"_t));
         c.apoiarNoRegistro();
         if (std::fabs(soma - total) > toleranciaDaSoma)
             c.erro({"u.soma.diferente"_t, "ValorRec1"_t},

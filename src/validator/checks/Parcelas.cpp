@@ -24,25 +24,39 @@ constexpr std::array digitosDaBarra{"DV1"_t, "DV2"_t, "DV3"_t, "DV4"_t};
 /// The usual length of a barcode.
 constexpr std::size_t tamanhoDaBarra = 44;
 
-/// The fields that the steps about the barcode rest on, looked up once for all installments of a slip; null for those
-/// that the layout lacks.
-struct CamposDaBarra {
-    std::array<const CampoRemessa*, partesDaBarra.size()> partes{};
-    std::array<const CampoRemessa*, partesDaBarra.size()> digitos{};
-    const CampoRemessa* moeda; ///< of record C
+/// The fields that the check of an installment reads, looked up once for all of a slip.
+struct CamposDaParcela {
+    CampoBuscado tipoPag;
+    CampoBuscado nroPag;
+    CampoBuscado dataVenc;
+    CampoBuscado valorPag;
+    std::array<CampoBuscado, partesDaBarra.size()> partes;
+    std::array<CampoBuscado, partesDaBarra.size()> digitos;
+    CampoBuscado moeda; ///< of record C, as the next one
+    CampoBuscado segFebraban;
 
-    CamposDaBarra(const RegistroRemessa& tipoY, const Definicao& definicao)
-        : moeda(definicao.registroC.procurarCampo("Moeda"_t)) {
-        for (std::size_t i = 0; i < partesDaBarra.size(); ++i) {
-            partes[i] = tipoY.procurarCampo(partesDaBarra[i]);
-            digitos[i] = tipoY.procurarCampo(digitosDaBarra[i]);
-        }
+    CamposDaParcela(const RegistroRemessa& tipoY, const RegistroRemessa& registroC)
+        : tipoPag(tipoY, "TipoPag"_t)
+        , nroPag(tipoY, "NroPag"_t)
+        , dataVenc(tipoY, "DataVenc"_t)
+        , valorPag(tipoY, "ValorPag"_t)
+        , partes(buscar(tipoY, partesDaBarra))
+        , digitos(buscar(tipoY, digitosDaBarra))
+        , moeda(registroC, "Moeda"_t)
+        , segFebraban(registroC, "SegFebraban"_t) {}
+
+  private:
+    using Nomes = std::array<VistaTexto, partesDaBarra.size()>;
+
+    static std::array<CampoBuscado, partesDaBarra.size()> buscar(const RegistroRemessa& tipo, const Nomes& nomes) {
+        const auto um = [&](std::size_t i) { return CampoBuscado(tipo, nomes[i]); };
+        return {um(0), um(1), um(2), um(3)};
     }
 };
 
 /// The barcode of an installment, in the places that the layout gives to its parts. Positions are 1-based.
 struct Barra {
-    const CamposDaBarra& campos;
+    const CamposDaParcela& campos;
     Texto texto;                                          ///< the parts that are numeric, one behind the other
     std::size_t certas = 0;                               ///< positions before the first part that is not numeric
     std::array<std::size_t, partesDaBarra.size()> fins{}; ///< the last position of each part
@@ -71,8 +85,8 @@ struct Barra {
             const std::size_t inicio = i == 0 ? 1 : fins[i - 1] + 1;
             const bool deslocada = ate > certas && fins[i] > certas && inicio <= ate;
             if (!deslocada && (fins[i] < de || inicio > ate)) continue;
-            c.apoiar(campos.partes[i]);
-            c.apoiar(campos.digitos[i]);
+            c.apoiar(campos.partes[i].campo);
+            c.apoiar(campos.digitos[i].campo);
         }
     }
 };
@@ -93,22 +107,22 @@ Texto digitoDaBarra(VistaTexto digitos, const Definicao& definicao) {
 }
 
 /// Whether check digits can be computed: not in a complete check if the currency of the agreement could not be read.
-bool temModulo(Conferencia& c, const Definicao& definicao, const CamposDaBarra& campos) {
-    return c.temBase(definicao.registroC, 'C', campos.moeda);
+bool temModulo(Conferencia& c, const Definicao& definicao, const CamposDaParcela& campos) {
+    return c.temBase(definicao.registroC, 'C', campos.moeda.campo);
 }
 
 /// Checks the installment itself, against the payment options.
-void verificarParcela(Conferencia& c, const Definicao& definicao) {
+void verificarParcela(Conferencia& c, const Definicao& definicao, const CamposDaParcela& campos) {
     constexpr VistaTexto tiposDePagamento = "ACP"_t;
     c.passo([&] {
-        const Valor tipo = c.valor("TipoPag"_t);
+        const Valor tipo = c.valor(campos.tipoPag);
         if (foraDe(tipo, tiposDePagamento))
             c.erro({"y.tipoPag.invalido"_t, "TipoPag"_t}, "Tipo de pagamento inválido"_t);
         if (c.completa()) c.avisarSePassa({"y.tipoPag.naoConferido"_t, "TipoPag"_t}, tipo.texto(), tiposDePagamento);
     });
     c.passo([&] {
-        if (igual(c.valor("TipoPag"_t), "C"_t)) {
-            if (c.texto("NroPag"_t) != "00"_t)
+        if (igual(c.valor(campos.tipoPag), "C"_t)) {
+            if (c.texto(campos.nroPag) != "00"_t)
                 c.erro({"y.nroPag.cotaUnica"_t, "NroPag"_t, Texto("00"_t)},
                        "Tipo de pagamento cota unica exige numero de pagamento 0"_t);
         } else {
@@ -116,45 +130,45 @@ void verificarParcela(Conferencia& c, const Definicao& definicao) {
         }
     });
     c.passo([&] {
-        if (!Diversos::String2Data(c.texto("DataVenc"_t), "AAAAMMDD"_t, anoDe(c.hoje())))
+        if (!Diversos::String2Data(c.texto(campos.dataVenc), "AAAAMMDD"_t, anoDe(c.hoje())))
             c.erro({"y.dataVenc.invalida"_t, "DataVenc"_t}, "Data de vencimento inválida"_t);
-        else if (menor(c.valor("DataVenc"_t), c.hoje()))
+        else if (menor(c.valor(campos.dataVenc), c.hoje()))
             c.erro({"y.dataVenc.vencida"_t, "DataVenc"_t}, "Data de vencimento inferior a data atual"_t);
     });
     c.passo([&] {
-        const Valor tipo = c.valor("TipoPag"_t);
-        const Valor numero = c.valor("NroPag"_t);
+        const Valor tipo = c.valor(campos.tipoPag);
+        const Valor numero = c.valor(campos.nroPag);
         if (c.temBase('L', definicao.opcoesPagamento, {"TipoPag"_t, "NroPag"_t}) &&
             !definicao.opcoesPagamento.contem({{"TipoPag"_t, tipo}, {"NroPag"_t, numero}}))
             c.erro({"y.opcao.naoDefinida"_t, "NroPag"_t}, "Tipo e número de parcela não informadas em segmento L"_t);
     });
     c.passo([&] {
-        if (menor(c.valor("ValorPag"_t), 0))
+        if (menor(c.valor(campos.valorPag), 0))
             c.erro({"y.valorPag.negativo"_t, "ValorPag"_t}, "Valor da parcela inválido"_t);
     });
 }
 
 /// Whether a check digit cannot be read, which is no error. A complete check takes notice of it.
-bool avisarSeIlegivel(Conferencia& c, VistaTexto campo, VistaTexto numeroDaParte) {
+bool avisarSeIlegivel(Conferencia& c, const CampoBuscado& campo, VistaTexto numeroDaParte) {
     if (!c.completa() || ehNumerico(c.texto(campo))) return false;
-    c.aviso({"y.dv.naoConferido"_t, campo},
+    c.aviso({"y.dv.naoConferido"_t, campo.nome},
             junta("Dígito verificador "_t, numeroDaParte, " em branco ou ilegível, que o log não confere"_t));
     return true;
 }
 
 /// Checks the four parts of the barcode, each with its check digit. Returns the barcode, without the parts that are not
 /// numeric.
-Barra verificarPartes(Conferencia& c, const Definicao& definicao, const CamposDaBarra& campos) {
+Barra verificarPartes(Conferencia& c, const Definicao& definicao, const CamposDaParcela& campos) {
     Barra barra{.campos = campos, .texto = {}};
     barra.texto.reserve(tamanhoDaBarra);
     for (std::size_t i = 0; i < partesDaBarra.size(); ++i) {
         const VistaTexto k = ultimos(partesDaBarra[i], 1);
-        const VistaTexto campoDoDigito = digitosDaBarra[i];
+        const CampoBuscado& campoDoDigito = campos.digitos[i];
         std::optional<Texto> digito;
         const std::size_t inicio = i == 0 ? 0 : barra.fins[i - 1];
         barra.fins[i] = inicio;
         c.passo([&] {
-            const Texto parte = c.texto(partesDaBarra[i]);
+            const Texto parte = c.texto(campos.partes[i]);
             barra.fins[i] = inicio + parte.size();
             if (ehNumerico(parte)) {
                 if (barra.certas == inicio) barra.certas = barra.fins[i];
@@ -167,11 +181,11 @@ Barra verificarPartes(Conferencia& c, const Definicao& definicao, const CamposDa
         });
         c.passo([&] {
             if (!digito || avisarSeIlegivel(c, campoDoDigito, k)) return;
-            c.apoiar(campos.partes[i]);
+            c.apoiar(campos.partes[i].campo);
             static_cast<void>(temModulo(c, definicao, campos));
             // The text has two blanks before the number: kept on purpose, the sample y-dv-incorreto holds it.
             if (diferente(c.valor(campoDoDigito), *digito))
-                c.erro({"y.dv.incorreto"_t, campoDoDigito, digito},
+                c.erro({"y.dv.incorreto"_t, campoDoDigito.nome, digito},
                        junta("Dígito verificador  "_t, k, " incorreto!"_t));
         });
     }
@@ -191,8 +205,9 @@ void verificarBarra(Conferencia& c, const Barra& barra, const Definicao& definic
     c.passo([&] {
         if (!definicao.checarValor || !versaoComIndicadores(definicao)) return;
         barra.apoiar(c, 5, 15);
-        const Texto centavos = junta(trecho(c.texto("Parte1"_t), 5, 7), trecho(c.texto("Parte2"_t), 1, 4));
-        if (lerNumero(c.texto("ValorPag"_t)) != lerNumero(centavos))
+        const Texto centavos =
+            junta(trecho(c.texto(barra.campos.partes[0]), 5, 7), trecho(c.texto(barra.campos.partes[1]), 1, 4));
+        if (lerNumero(c.texto(barra.campos.valorPag)) != lerNumero(centavos))
             c.erro({"y.barra.valor"_t, barra.culpado(15, "ValorPag"_t), barra.esperado(15, centavos)},
                    "Valor no código de barras difere do valor no campo Y3"_t);
     });
@@ -214,7 +229,7 @@ void verificarBarra(Conferencia& c, const Barra& barra, const Definicao& definic
     });
     c.passo([&] {
         barra.apoiar(c, 2, 2);
-        const Texto segmento = c.textoEm(definicao.registroC, 'C', "SegFebraban"_t);
+        const Texto segmento = c.textoEm(definicao.registroC, 'C', barra.campos.segFebraban);
         if (trecho(texto, 2, 1) != segmento)
             c.erro({"y.barra.segmento"_t, barra.parteDa(2), barra.esperado(2, segmento)},
                    "Identificação do segmento difere do informado no segmento 'C'"_t);
@@ -231,8 +246,8 @@ void verificarBarra(Conferencia& c, const Barra& barra, const Definicao& definic
 }
 
 /// The identification that the barcode must have. It depends on the Febraban segment.
-EmpresaNaBarra empresaEsperada(Conferencia& c, const Definicao& definicao) {
-    const Valor segmento = c.valorEm(definicao.registroC, 'C', "SegFebraban"_t);
+EmpresaNaBarra empresaEsperada(Conferencia& c, const Definicao& definicao, const CamposDaParcela& campos) {
+    const Valor segmento = c.valorEm(definicao.registroC, 'C', campos.segFebraban);
     if (igual(segmento, "9"_t))
         return {
             "y.barra.convenio"_t, junta("000101"_t, definicao.convenio), 12,
@@ -253,7 +268,7 @@ bool valeZero(VistaTexto texto) {
 void verificarEmpresaNaBarra(Conferencia& c, const Barra& barra, const Definicao& definicao) {
     constexpr std::size_t inicioDaEmpresa = 16;
     c.passo([&] {
-        const EmpresaNaBarra empresa = empresaEsperada(c, definicao);
+        const EmpresaNaBarra empresa = empresaEsperada(c, definicao, barra.campos);
         const std::size_t campoLivre = inicioDaEmpresa + empresa.largura;
         barra.apoiar(c, inicioDaEmpresa, barra.fins.back());
         if (trecho(barra.texto, inicioDaEmpresa, empresa.largura) != empresa.identificacao)
@@ -278,7 +293,7 @@ void verificarDataNaBarra(Conferencia& c, const Barra& barra, const Definicao& d
             return;
         }
         if (!definicao.checarData && versaoComIndicadores(definicao)) return;
-        if (diferente(c.valor("DataVenc"_t), *data))
+        if (diferente(c.valor(barra.campos.dataVenc), *data))
             c.erro({"y.barra.dataDiferente"_t, barra.culpado(posicao + texto.size() - 1, "DataVenc"_t)},
                    "Data no código de barras difere da data no campo Y12"_t);
     });
@@ -299,12 +314,12 @@ bool verificarSegmentoY(Apontador& apontador, const RegistrosGuardados& parcelas
                           fundamentos);
         return false;
     }
-    const CamposDaBarra campos(parcelasY.tipo(), definicao);
+    const CamposDaParcela campos(parcelasY.tipo(), definicao.registroC);
     bool aceitas = true;
     for (std::size_t i = 0; i < parcelasY.tamanho(); ++i) {
         if ((i + 1) % parcelasPorAtendimento == 0 && apontador.canceladaAgora()) break;
         Conferencia c(apontador, parcelasY[i], 'Y', Conferencia::AoFalhar::PularPasso);
-        verificarParcela(c, definicao);
+        verificarParcela(c, definicao, campos);
         const Barra barra = verificarPartes(c, definicao, campos);
         verificarBarra(c, barra, definicao);
         verificarEmpresaNaBarra(c, barra, definicao);
