@@ -35,10 +35,9 @@ bool RegistrosGuardados::contem(std::initializer_list<Procurado> procurados) con
 }
 
 std::size_t RegistrosGuardados::colunaDe(VistaTexto nomeCampo) const {
-    const CampoRemessa* const campo = &modelo_.obterCampo(nomeCampo);
-    const auto coluna = std::ranges::find(colunas_, campo, &Coluna::campo);
+    const auto coluna = std::ranges::find(colunas_, nomeCampo, [](const Coluna& c) -> VistaTexto { return c.nome; });
     if (coluna != colunas_.end()) return static_cast<std::size_t>(coluna - colunas_.begin());
-    colunas_.push_back({campo, std::vector<std::optional<Valor>>(quantos_)});
+    colunas_.push_back({Texto(nomeCampo), &modelo_.obterCampo(nomeCampo), std::vector<std::optional<Valor>>(quantos_)});
     return colunas_.size() - 1;
 }
 

@@ -57,6 +57,7 @@ class RegistrosGuardados {
     };
     /// The values of one field in all records, as far as they were read.
     struct Coluna {
+        Texto nome; ///< by which it was asked for
         const CampoRemessa* campo;
         std::vector<std::optional<Valor>> valores;
     };

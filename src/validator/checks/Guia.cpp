@@ -35,7 +35,8 @@ std::optional<std::int64_t> linhaDaGuia(const Conferencia& c, const RegistroReme
     return numeroDoCampo(registroS, &Valor::paraContagem, "Sequencial"_t);
 }
 
-void verificarValorDaReceita(Conferencia& c, const CampoBuscado& buscado, int qual, const Definicao& definicao) {
+/// Checks the amount of a revenue, and returns it.
+Valor verificarValorDaReceita(Conferencia& c, const CampoBuscado& buscado, int qual, const Definicao& definicao) {
     const VistaTexto campo = buscado.nome;
     const VistaTexto numero = ultimos(campo, 1);
     const Valor valor = c.valor(buscado);
@@ -45,16 +46,26 @@ void verificarValorDaReceita(Conferencia& c, const CampoBuscado& buscado, int qu
              !definicao.receitas.contem({{"Numero"_t, qual}}))
         c.erro({"u.valorRec.semReceita"_t, campo},
                junta("Campo Valor da Receita "_t, numero, " informado mas receita não informada no segmento K"_t));
+    return valor;
+}
+
+/// The amount of a revenue, which the step before has read nearly always.
+double valorDaReceita(Conferencia& c, const CampoBuscado& campo, const Valor& lido) {
+    const double* const numero = lido.comoNumero();
+    if (!numero) return c.numero(&Valor::paraDuplo, campo);
+    c.apoiar(campo.campo);
+    return *numero;
 }
 
 /// Checks the rate of a revenue, and returns what the revenue adds to the slip's amount: 0 if the rate is wrong.
 /// `FormaCalculo` is read only for a rate, so that one that cannot be read does not hide what stands before it.
-double verificarAliquota(Conferencia& c, const CampoBuscado& campoDoValor, int qual, const Definicao& definicao) {
+double verificarAliquota(Conferencia& c, const CampoBuscado& campoDoValor, const Valor& lido, int qual,
+                         const Definicao& definicao) {
     const CampoBuscado buscado(c.registro(), camposDaAliquota[indiceDe(qual)]);
     const VistaTexto campo = buscado.nome;
     const VistaTexto numero = ultimos(campo, 1);
     const Valor aliquota = c.valor(buscado);
-    if (igual(aliquota, 0)) return c.numero(&Valor::paraDuplo, campoDoValor);
+    if (igual(aliquota, 0)) return valorDaReceita(c, campoDoValor, lido);
     if (menor(aliquota, 0)) {
         c.erro({"u.aliquota.negativa"_t, campo}, junta("Campo Aliquota da Receita "_t, numero, " inválido"_t));
         return 0;
@@ -65,7 +76,7 @@ double verificarAliquota(Conferencia& c, const CampoBuscado& campoDoValor, int q
                junta("Campo Aliquota da Receita "_t, numero, " não pode ser informado para cálculo por valor total"_t));
         return 0;
     }
-    return c.numero(&Valor::paraDuplo, campoDoValor) * c.numero(&Valor::paraDuplo, buscado) / 100;
+    return valorDaReceita(c, campoDoValor, lido) * c.numero(&Valor::paraDuplo, buscado) / 100;
 }
 
 /// Why the rule is disputed that every slip has a record W: "" if it is not.
@@ -165,8 +176,9 @@ bool verificarSegmentoU(Apontador& apontador, const RegistroRemessa& registroU, 
     bool somada = true; // unless a complete check had to leave out a revenue
     for (int i = 1; i <= maiorNumero; ++i) {
         const CampoBuscado valor(registroU, camposDoValor[indiceDe(i)]);
-        c.passo([&] { verificarValorDaReceita(c, valor, i, definicao); });
-        somada = c.passo([&] { soma += verificarAliquota(c, valor, i, definicao); }) && somada;
+        Valor lido;
+        c.passo([&] { lido = verificarValorDaReceita(c, valor, i, definicao); });
+        somada = c.passo([&] { soma += verificarAliquota(c, valor, lido, i, definicao); }) && somada;
     }
     if (!somada) return false;
     c.passo([&] {
