@@ -114,6 +114,7 @@ class Chamada {
         pedido.PosicaoDataBarra = argumentos_.posicao;
         pedido.nomeArquivoLog = planejado.log;
         pedido.entradas = &entradas;
+        pedido.completa = argumentos_.completa;
         pedido.abrirLog = argumentos_.abrir;
         return pedido;
     }

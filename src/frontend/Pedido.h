@@ -28,6 +28,8 @@ struct Pedido {
     std::optional<std::filesystem::path> nomeArquivoLog; ///< replaces the usual log beside the file
     /// All files of the call, if there are more: see `PedidoDeRodada::intocaveis`.
     const std::set<Destino>* entradas = nullptr;
+    /// Whether the complete check will follow: the sum of the file then begins with the analysis.
+    bool completa = false;
     bool abrirLog = true; ///< whether the log is opened in the system's editor at the end
 };
 

@@ -44,6 +44,10 @@ Rodada Trabalho::comecar(const Pedido& pedido) {
 }
 
 Resumo Trabalho::analisar(Rodada& rodada, const Pedido& pedido) {
+    // The sum of the file is made beside everything else, in a thread of its own. What has no length may be a pipe,
+    // which only one may read.
+    const bool somar = pedido.completa && ambiente_.arquivos.tamanho(pedido.nomeArquivo) > 0;
+    soma_ = somar ? ambiente_.arquivos.somar(pedido.nomeArquivo) : nullptr;
     switch (pedido.tipoArquivo) {
     case TipoArquivo::ZUL708:
         return tratarRetornoZUL708(rodada, globais_);
@@ -57,21 +61,26 @@ Resumo Trabalho::analisar(Rodada& rodada, const Pedido& pedido) {
 }
 
 ResumoCompleto Trabalho::conferirTudo(const Rodada& rodada, const Pedido& pedido, std::span<Relator* const> ouvintes) {
-    if (pedido.tipoArquivo != TipoArquivo::ZUL702)
-        return conferirRetorno(pedido.tipoArquivo, ambiente_, pedido.nomeArquivo, globais_, ouvintes, cancelado_,
-                               rodada.versaoDaEntrada());
-    prepararDepurador(pedido);
-    const auto soma = ambiente_.arquivos.somar(pedido.nomeArquivo); // beside the check
-    ResumoCompleto completa = depurador_->conferirTudo({.arquivo = pedido.nomeArquivo,
-                                                        .versao = rodada.versaoDaEntrada(),
-                                                        .primeiras = ambiente_.painel.primeirasGuias()},
-                                                       ouvintes);
+    if (!soma_) soma_ = ambiente_.arquivos.somar(pedido.nomeArquivo);
+    const auto soma = std::move(soma_);
+    ResumoCompleto completa = conferir(rodada, pedido, ouvintes);
     if (completa.desfecho == Desfecho::Concluida)
         completa.sha256 = soma->hexadecimal([this] {
             ambiente_.painel.processarEventos();
             return cancelado_.load(std::memory_order_relaxed);
         });
     return completa;
+}
+
+ResumoCompleto Trabalho::conferir(const Rodada& rodada, const Pedido& pedido, std::span<Relator* const> ouvintes) {
+    if (pedido.tipoArquivo != TipoArquivo::ZUL702)
+        return conferirRetorno(pedido.tipoArquivo, ambiente_, pedido.nomeArquivo, globais_, ouvintes, cancelado_,
+                               rodada.versaoDaEntrada());
+    prepararDepurador(pedido);
+    return depurador_->conferirTudo({.arquivo = pedido.nomeArquivo,
+                                     .versao = rodada.versaoDaEntrada(),
+                                     .primeiras = ambiente_.painel.primeirasGuias()},
+                                    ouvintes);
 }
 
 /// Creates the validator for the first remittance, and gives it the choices of this one.

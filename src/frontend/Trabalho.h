@@ -47,12 +47,15 @@ class Trabalho {
                                               std::span<Relator* const> ouvintes);
 
   private:
+    [[nodiscard]] ResumoCompleto conferir(const Rodada& rodada, const Pedido& pedido,
+                                          std::span<Relator* const> ouvintes);
     void prepararDepurador(const Pedido& pedido);
 
     Ambiente& ambiente_;
     modVariaveis& globais_;
     std::atomic<bool>& cancelado_;
     std::unique_ptr<BancoDeDados> banco_;
+    std::unique_ptr<SomaDoArquivo> soma_;  ///< of the file of the run in hand, if a complete check will follow
     std::unique_ptr<Depurador> depurador_; ///< created for the first remittance, since it reports a faulty layout
     std::vector<Relator*> ouvintes_;
 };

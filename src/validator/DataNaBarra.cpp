@@ -34,6 +34,13 @@ void DataNaBarra::parcela(VistaTexto barra, const Data& vencimento) {
     }
 }
 
+void DataNaBarra::somar(const DataNaBarra& outra) noexcept {
+    parcelas_ += outra.parcelas_;
+    for (std::size_t f = 0; f < acertos_.size(); ++f)
+        for (std::size_t p = 0; p < posicoes; ++p)
+            acertos_[f][p] += outra.acertos_[f][p];
+}
+
 const DataNaBarra::Escritas& DataNaBarra::escritasDe(const Data& data) {
     constexpr std::size_t maisDatas = 4096; // far more than a remittance has; the memory must not grow with the file
     if (escritas_.size() >= maisDatas && !escritas_.contains(numeroDeSerie(data))) escritas_.clear();

@@ -31,6 +31,8 @@ class DataNaBarra {
 
     /// Counts an installment. `barra` is the barcode without its check digits, from its first position on.
     void parcela(VistaTexto barra, const Data& vencimento);
+    /// Adds what another object has counted with the same year.
+    void somar(const DataNaBarra& outra) noexcept;
     /// The number of installments counted.
     [[nodiscard]] std::int64_t parcelas() const noexcept { return parcelas_; }
     /// How many installments agree with a format at a position; 0 for one that is not tried.

@@ -2,7 +2,9 @@
 
 #include "validator/completa/EscolhaDaData.h"
 #include "validator/completa/PercursoCompleto.h"
+#include "validator/completa/SegundaMetade.h"
 
+#include <algorithm>
 #include <new>
 
 namespace quilatador {
@@ -37,22 +39,28 @@ void percorrer(const Ambiente& ambiente, ArquivoRemessa& leiaute, const PedidoCo
     PercursoDeLinhas percurso(ambiente, pedido.arquivo, cancelado);
     if (pedido.versao && percurso.versao() != *pedido.versao)
         throw Falha(numeroDeFalha::arquivoAlterado, "ConferenciaCompleta"_t, arquivoAlterado);
-    Definicao definicao;
-    definicao.PosicaoDataBarra = pedido.PosicaoDataBarra;
-    definicao.FormatoDataBarra = pedido.FormatoDataBarra;
+    SegundaMetade segundaMetade(ambiente, leiaute, pedido);
     JanelaDeLinhas janela(percurso);
     TiposDeLinha tipos(leiaute);
-    ConteudoCompleto conteudo(coletor, leiaute, std::move(definicao), pedido.primeiras);
-    PercursoCompleto(janela, tipos, coletor, conteudo, [&](VistaTexto convenio) {
-        return todosTem(ambiente, tipos, pedido.arquivo, convenio);
-    }).percorrer([&] { return cancelado.load(std::memory_order_relaxed); });
+    ConteudoCompleto conteudo(coletor, leiaute, definicaoInicial(pedido), pedido.primeiras);
+    PercursoCompleto completo(janela, tipos, coletor, conteudo,
+                              [&](VistaTexto convenio) { return todosTem(ambiente, tipos, pedido.arquivo, convenio); });
+    completo.dividirCom(segundaMetade);
+    completo.percorrer([&] { return cancelado.load(std::memory_order_relaxed); });
     ResumoCompleto& resumo = coletor.resumo();
-    resumo.registros = percurso.lidas();
+    resumo.registros = std::max(resumo.registros, percurso.lidas());
     conteudo.contarDatas(resumo);
     if (!percurso.terminar()) resumo.desfecho = Desfecho::Cancelada;
 }
 
 } // namespace
+
+Definicao definicaoInicial(const PedidoCompleto& pedido) {
+    Definicao definicao;
+    definicao.PosicaoDataBarra = pedido.PosicaoDataBarra;
+    definicao.FormatoDataBarra = pedido.FormatoDataBarra;
+    return definicao;
+}
 
 ResumoCompleto conferirRemessa(const Ambiente& ambiente, ArquivoRemessa& leiaute, const PedidoCompleto& pedido,
                                std::span<Relator* const> ouvintes, const std::atomic<bool>& cancelado) {

@@ -3,6 +3,7 @@
 #include "layout/ArquivoRemessa.h"
 #include "run/Ambiente.h"
 #include "run/ResumoCompleto.h"
+#include "validator/Definicao.h"
 
 #include <atomic>
 #include <filesystem>
@@ -19,6 +20,9 @@ struct PedidoCompleto {
     Texto FormatoDataBarra{};
     std::optional<double> primeiras{}; ///< number of slips whose content is checked; nothing for all
 };
+
+/// What is known before the first record: what was asked for.
+[[nodiscard]] Definicao definicaoInicial(const PedidoCompleto& pedido);
 
 /// Checks a remittance completely: every slip, and every fault of the structure, each finding with its place and its
 /// cause. The findings go to `ouvintes` in the order of their numbers; nothing is written. `cancelado` is that of

@@ -29,6 +29,7 @@ void ConteudoCompleto::header(const RegistroRemessa& registro) {
 }
 
 void ConteudoCompleto::definir(const RegistroRemessa& registro, char letra) {
+    ++definicoes_;
     verificarDefinicao(coletor_, registro, letra, definicao_);
 }
 
@@ -66,6 +67,13 @@ void ConteudoCompleto::guardarSemConteudo(char letra) {
         parcelaSemConteudo_ = true;
     else
         coletor_.deixarDeConferir(letra);
+}
+
+void ConteudoCompleto::somar(const ContagemDeGuias& guias, const DataNaBarra& datas) {
+    ContagemDeGuias& todas = coletor_.resumo().guias;
+    todas.lidas += guias.lidas;
+    todas.certas += guias.certas;
+    datas_.somar(datas);
 }
 
 void ConteudoCompleto::contarDatas(ResumoCompleto& resumo) const {

@@ -37,6 +37,11 @@ class ConteudoCompleto {
     void guardarSemConteudo(char letra);
     /// The slip in hand has ended: its content is checked. Nothing if there is none.
     void encerrarGuia();
+    /// Adds the slips and installments of a part of the file that had nothing to tell.
+    void somar(const ContagemDeGuias& guias, const DataNaBarra& datas);
+    /// How many definitions have been checked so far.
+    [[nodiscard]] std::size_t definicoes() const noexcept { return definicoes_; }
+    [[nodiscard]] const DataNaBarra& datas() const noexcept { return datas_; }
     /// Puts into the summary where the barcodes have their due date.
     void contarDatas(ResumoCompleto& resumo) const;
 
@@ -49,6 +54,7 @@ class ConteudoCompleto {
     std::optional<double> primeiras_;
     DataNaBarra datas_;
     std::optional<ParcelaNaBarra> parcelas_; ///< nothing if the layout lacks what it reads
+    std::size_t definicoes_ = 0;
     std::int64_t guias_ = 0;
     bool parcelaSemConteudo_ = false;
 };

@@ -126,10 +126,14 @@ void OrdemCompleta::marcarPerdidas(char letra) {
                 coletor_.marcar({.letra = outra}, faltas_.perda());
 }
 
-void OrdemCompleta::receberGuia(const TipoDeLinha* tipo, std::int64_t linha) {
+void OrdemCompleta::encerrarGuia(std::int64_t linha) {
     marcarPerdidas('S');
     if (ordem_.temGuia()) acusarFimDaGuia(linha);
     conteudo_.encerrarGuia();
+}
+
+void OrdemCompleta::receberGuia(const TipoDeLinha* tipo, std::int64_t linha) {
+    encerrarGuia(linha);
     if (const Ordem::Quebra* const quebra = ordem_.quebra('S')) faltar(quebra->exigida, *quebra, 'S', linha);
     faltamNaGuia_.fill(0);
     ordem_.anotar('S');

@@ -29,6 +29,8 @@ class OrdemCompleta {
     void receber(char letra, const TipoDeLinha* tipo, std::int64_t linha);
     /// "IDRegistro" of a record, which `receber` checks by itself in all but the header.
     void verificarIDRegistro(char letra, const TipoDeLinha& tipo);
+    /// Ends the slip in hand, because another one begins in that line.
+    void encerrarGuia(std::int64_t linha);
     /// The file has ended in that line, because of `causa` if that is not 0. Tells if the trailer is missing.
     void terminar(std::int64_t linha, std::int64_t causa);
     /// Whether the trailer has come.

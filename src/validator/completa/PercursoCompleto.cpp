@@ -3,6 +3,7 @@
 #include "common/Diversos.h"
 #include "common/Numero.h"
 #include "validator/completa/Deslize.h"
+#include "validator/completa/SegundaMetade.h"
 
 #include <algorithm>
 #include <utility>
@@ -45,8 +46,15 @@ PercursoCompleto::PercursoCompleto(JanelaDeLinhas& janela, TiposDeLinha& tipos, 
 void PercursoCompleto::percorrer(const std::function<bool()>& cancelada) {
     if (!verificarHeader()) return;
     const LinhaDoArquivo* linha = nullptr;
-    while ((linha = janela_.olhar()) && !linha->texto.empty() && !ordem_.temTrailer())
-        verificarLinha(*linha);
+    while ((linha = janela_.olhar()) && !linha->texto.empty() && !ordem_.temTrailer()) {
+        const bool guia = linha->texto.starts_with('S');
+        if (guia && linha->lugar < primeiraGuia_)
+            saltarGuias();
+        else if (guia && restoEstaLimpo(linha->lugar))
+            return;
+        else
+            verificarLinha(*linha);
+    }
     const std::int64_t primeira = linha ? linha->lugar : 0;
     const Resto resto = linha ? lerResto() : Resto();
     if (cancelada()) return;
@@ -54,6 +62,26 @@ void PercursoCompleto::percorrer(const std::function<bool()>& cancelada) {
     if (janela_.terminouEmCtrlZ()) acusarCtrlZ();
     const std::int64_t corte = ultimaTorta_ ? faltas_.daLinha() : 0; // the file may have been cut in its last line
     ordem_.terminar(ultimaLinha_, fimForcado_ != 0 ? fimForcado_ : corte);
+}
+
+void PercursoCompleto::saltarGuias() {
+    while (const LinhaDoArquivo* const linha = janela_.olhar()) {
+        if (linha->lugar >= primeiraGuia_ && linha->texto.starts_with('S')) break;
+        janela_.avancar();
+    }
+}
+
+/// Whether the other thread has checked everything from this slip on, and has nothing to tell of it. That holds if it
+/// started from the same definitions, and as many lines as records lie in front of the slip.
+bool PercursoCompleto::restoEstaLimpo(std::int64_t linha) {
+    if (!outra_ || !outra_->comecaEm(linha)) return false;
+    const auto limpa = std::exchange(outra_, nullptr)->esperar();
+    if (!limpa || limpa->definicoes != conteudo_.definicoes() || desvio_ != 0) return false;
+    faltas_.proximaLinha();
+    ordem_.encerrarGuia(linha);
+    conteudo_.somar(limpa->guias, limpa->datas);
+    coletor_.resumo().registros = limpa->registros;
+    return true;
 }
 
 bool PercursoCompleto::verificarHeader() {

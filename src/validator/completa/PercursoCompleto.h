@@ -10,6 +10,8 @@
 
 namespace quilatador {
 
+class SegundaMetade;
+
 /// Goes through a remittance from its first line to its last and tells every fault of its structure, with a way on
 /// behind each: lines of the wrong length, breaks in the numbers, letters out of place, records of another agreement.
 /// What has its place goes on to `ConteudoCompleto`.
@@ -25,6 +27,10 @@ class PercursoCompleto {
     PercursoCompleto(JanelaDeLinhas& janela, TiposDeLinha& tipos, Coletor& coletor, ConteudoCompleto& conteudo,
                      TodosTem todosTem);
 
+    /// Leaves out the slips that begin in front of this line (1-based), as if there were none.
+    void saltarGuiasAntesDe(std::int64_t linha) noexcept { primeiraGuia_ = linha; }
+    /// Leaves the rest of the file to another thread, if that has nothing to tell of it. It must outlive this object.
+    void dividirCom(SegundaMetade& outra) noexcept { outra_ = &outra; }
     /// Goes through the lines until the file ends, what is behind its end included, or until no more come because the
     /// user has cancelled; then nothing is said of an end that is missing. The first line decides whether it is a
     /// remittance at all.
@@ -33,6 +39,8 @@ class PercursoCompleto {
   private:
     enum class Depois { Continuar, LinhaTratada };
 
+    void saltarGuias();
+    [[nodiscard]] bool restoEstaLimpo(std::int64_t linha);
     [[nodiscard]] bool verificarHeader();
     void verificarHeaderInteiro(const TipoDeLinha& tipo, const LinhaDoArquivo& linha);
     [[nodiscard]] bool dizOTipo(const LinhaDoArquivo& linha);
@@ -68,6 +76,8 @@ class PercursoCompleto {
     Coletor& coletor_;
     ConteudoCompleto& conteudo_;
     TodosTem todosTem_;
+    SegundaMetade* outra_ = nullptr;
+    std::int64_t primeiraGuia_ = 0; ///< slips that begin in front of this line are left out
     FaltasDoLugar faltas_;
     OrdemCompleta ordem_;
     Texto convenio_;
