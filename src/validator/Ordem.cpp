@@ -91,10 +91,11 @@ const Quebra* Ordem::quebra(char letra) const noexcept {
     if (!naFrente.anteriores.empty() && !terminaEm(definicao_, naFrente.anteriores)) return &naFrente.quebra;
     const Exigencia& daGuia = guiaPorLetra[static_cast<unsigned char>(letra)];
     const bool faltaDefinicao = (letra == 'V' && !naDefinicao('F')) || (letra == 'W' && !naDefinicao('G'));
-    if (!daGuia.anteriores.empty() && (faltaDefinicao || !terminaEm(guia_, daGuia.anteriores))) return &daGuia.quebra;
+    const bool emLugar = temGuia() && daGuia.anteriores.find(ultimaDaGuia_) != VistaTexto::npos;
+    if (!daGuia.anteriores.empty() && (faltaDefinicao || !emLugar)) return &daGuia.quebra;
     if (letra == 'B' && naDefinicao('B')) return &empresaDuplicada;
     if (letra == 'K' && !naDefinicao('E')) return &receitaSemRecebimento;
-    if (letra == 'X' && guia_.find("XXXX"_t) != Texto::npos) return &mensagensDemais;
+    if (letra == 'X' && mensagensSeguidas_ == maisMensagens) return &mensagensDemais;
     return nullptr;
 }
 
@@ -105,15 +106,20 @@ const Quebra* Ordem::semTrailer() const noexcept {
 void Ordem::anotar(char letra) {
     const bool daGuia = letra >= 'T' && letra <= 'Y';
     const bool daDefinicao = (letra >= 'B' && letra <= 'G') || letra == 'K' || letra == 'L' || letra == 'Z';
-    // A repeated letter is noted once, so that the histories do not grow with the file. X is noted each time, because
-    // it is limited to four.
     if (letra == 'S') {
-        guia_.assign(1, 'S');
-    } else if (daGuia && (letra == 'X' || guia_.back() != letra)) {
-        guia_.push_back(letra);
-    } else if (daDefinicao && definicao_.back() != letra) {
-        definicao_.push_back(letra);
+        guia_.clear();
+        mensagensSeguidas_ = 0;
     }
+    if (letra == 'S' || daGuia)
+        anotarNaGuia(letra);
+    else if (daDefinicao && definicao_.back() != letra) // a repeated letter is noted once, so that this does not grow
+        definicao_.push_back(letra);
+}
+
+void Ordem::anotarNaGuia(char letra) {
+    if (!naGuia(letra)) guia_.push_back(letra);
+    ultimaDaGuia_ = letra;
+    if (mensagensSeguidas_ < maisMensagens) mensagensSeguidas_ = letra == 'X' ? mensagensSeguidas_ + 1 : 0;
 }
 
 std::optional<std::int64_t> Ordem::idRegistro(char letra) noexcept {

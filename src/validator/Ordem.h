@@ -45,10 +45,14 @@ class Ordem {
     [[nodiscard]] bool naDefinicao(char letra) const noexcept { return definicao_.find(letra) != Texto::npos; }
 
   private:
-    /// The letters seen so far; those of the slip begin anew with each S. A letter that repeats the one before is noted
-    /// once, except X, which may occur four times.
-    Texto definicao_ = Texto("A"_t);
-    Texto guia_;
+    static constexpr int maisMensagens = 4; ///< records X of a slip that may follow each other
+
+    void anotarNaGuia(char letra);
+
+    Texto definicao_ = Texto("A"_t); ///< the letters of the definitions so far, as they came
+    Texto guia_;                     ///< those of the slip in hand, each once, so that it does not grow with the file
+    char ultimaDaGuia_ = 0;
+    int mensagensSeguidas_ = 0; ///< records X in a row at the end of the slip; never less again after `maisMensagens`
     std::array<std::int64_t, 256> ordinais_{}; ///< records seen, indexed by letter
 };
 

@@ -70,9 +70,12 @@ void Coletor::naoLido(const FalhaDeLeitura& falha, const RegistroRemessa& emVeri
     if (std::ranges::any_of(faltas, [&](const Falta& f) { return f.estado == Estado::Ilegivel && f.onde.toca(campo); }))
         return;
     std::int64_t causa = causaDe(campo);
-    if (causa == 0 && emVerificacao.lugar() == campo.linha)
+    if (causa == 0 && emVerificacao.lugar() == campo.linha && campo.linha != semDeslize_) {
         if (const auto deslize = acharDeslize(emVerificacao, emVerificacao.linha()))
             causa = acusarDeslize(emVerificacao, *deslize);
+        else
+            semDeslize_ = campo.linha;
+    }
     Achado achado = falha.achado();
     achado.gravidade = Gravidade::Erro;
     achado.linha = campo.linha;

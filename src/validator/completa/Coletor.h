@@ -85,6 +85,7 @@ class Coletor final : public Apontador {
     std::int64_t guia_ = 0;                               ///< ordinal of the slip in hand; 0 outside of slips
     std::int64_t linhaDaGuia_ = 0;
     std::int64_t linhaEmMaos_ = 1;
+    std::int64_t semDeslize_ = 0; ///< the latest line that was found not to have slipped, so as not to search it again
     Texto idGuia_;
     std::set<char> naoConferidos_;
     bool guiaComErro_ = false;
