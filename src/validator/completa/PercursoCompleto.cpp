@@ -231,32 +231,39 @@ void PercursoCompleto::acusarTamanho(const LinhaDoArquivo& linha, const TipoDeLi
 
 /// A record that stray line ends have split into several lines: together they have its length, give or take those of
 /// the line ends that took the place of a character, and at their end the number that belongs here.
-bool PercursoCompleto::juntarPartida(const LinhaDoArquivo& linha) {
+std::optional<PercursoCompleto::Partida> PercursoCompleto::procurarPedacos(const LinhaDoArquivo& linha) {
     constexpr std::size_t maisPedacos = 8;
     constexpr std::size_t digitosDoNumero = 6;
     const std::size_t inteira = tipos_.tamanhoUsual();
     const Texto numero = comZeros(esperado(linha), digitosDoNumero);
-    Texto junto = linha.texto;
-    for (std::size_t pedacos = 1; pedacos < maisPedacos && junto.size() < inteira; ++pedacos) {
-        const LinhaDoArquivo* const proxima = janela_.olhar(pedacos);
-        if (!proxima) return false;
-        junto += proxima->texto;
-        if (junto.size() > inteira || junto.size() + 2 * pedacos < inteira || !junto.ends_with(numero)) continue;
-        const std::size_t falta = inteira - junto.size();
-        junto.insert(linha.texto.size(), falta, ' ');
-        const TipoDeLinha* const tipo = tipos_.reconhecer(junto, linha.lugar);
-        faltas_.acusar(
-            faltaDeEstrutura("estrutura.linhaPartida"_t, linha.lugar, tipo ? tipo->letra : '\0',
-                             junta("Registro partido em "_t, contagemDeLinhas(static_cast<std::int64_t>(pedacos) + 1),
-                                   " por quebras de linha; a primeira está na posição "_t,
-                                   textoDe(static_cast<long long>(linha.texto.size()) + 1))));
-        desvio_ -= static_cast<std::int64_t>(pedacos);
-        if (tipo) ordem_.receber(tipo->letra, nullptr, linha.lugar);
-        ultimaLinha_ += static_cast<std::int64_t>(pedacos);
-        janela_.avancar(pedacos + 1);
-        return true;
+    Partida partida{.texto = linha.texto, .pedacos = 1};
+    for (; partida.pedacos < maisPedacos && partida.texto.size() < inteira; ++partida.pedacos) {
+        const LinhaDoArquivo* const proxima = janela_.olhar(partida.pedacos);
+        if (!proxima) break;
+        Texto& texto = partida.texto += proxima->texto;
+        if (texto.size() > inteira || texto.size() + 2 * partida.pedacos < inteira || !texto.ends_with(numero))
+            continue;
+        texto.insert(linha.texto.size(), inteira - texto.size(), ' ');
+        ++partida.pedacos;
+        return partida;
     }
-    return false;
+    return std::nullopt;
+}
+
+bool PercursoCompleto::juntarPartida(const LinhaDoArquivo& linha) {
+    const auto partida = procurarPedacos(linha);
+    if (!partida) return false;
+    const auto pedacos = static_cast<std::int64_t>(partida->pedacos);
+    const TipoDeLinha* const tipo = tipos_.reconhecer(partida->texto, linha.lugar);
+    faltas_.acusar(faltaDeEstrutura("estrutura.linhaPartida"_t, linha.lugar, tipo ? tipo->letra : '\0',
+                                    junta("Registro partido em "_t, contagemDeLinhas(pedacos),
+                                          " por quebras de linha; a primeira está na posição "_t,
+                                          textoDe(static_cast<long long>(linha.texto.size()) + 1))));
+    desvio_ -= pedacos - 1;
+    ultimaLinha_ += pedacos - 1;
+    if (tipo) ordem_.receber(tipo->letra, nullptr, linha.lugar);
+    janela_.avancar(partida->pedacos);
+    return true;
 }
 
 /// Two records in one line, because the line end between them is missing.

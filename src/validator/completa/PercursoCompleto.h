@@ -48,6 +48,12 @@ class PercursoCompleto {
 
     void verificarLinha(const LinhaDoArquivo& linha);
     void verificarLinhaTorta(const LinhaDoArquivo& linha, const TipoDeLinha* tipo);
+    /// A record that stands in several lines, put together.
+    struct Partida {
+        Texto texto;
+        std::size_t pedacos;
+    };
+    [[nodiscard]] std::optional<Partida> procurarPedacos(const LinhaDoArquivo& linha);
     [[nodiscard]] bool juntarPartida(const LinhaDoArquivo& linha);
     [[nodiscard]] bool separarEmendada(const LinhaDoArquivo& linha, const TipoDeLinha& tipo);
     void acusarTamanho(const LinhaDoArquivo& linha, const TipoDeLinha& tipo);
