@@ -39,9 +39,19 @@ cd "$pasta"
 "$bin/gerarRemessa" --tipo TAV001 --registros 1000000 liquidacao.ret >/dev/null
 # Each record gets an accented letter in a blank place, and so a finding.
 LC_ALL=C sed 's/^\(.\{228\}\)./\1\xC9/' grande.rem >acentos.rem
+# Each slip gets a fault, in turn a letter in the barcode, another total, an issue date with letters and no name.
+LC_ALL=C awk '
+    function por(posicao, texto) { $0 = substr($0, 1, posicao - 1) texto substr($0, posicao + length(texto)) }
+    /^S/ { caso = guias++ % 4; parcelas = 0 }
+    /^Y/ && caso == 0 && parcelas++ == 0 { por(41, "A") }
+    /^S/ && caso == 1 { por(43, "000000000012345") }
+    /^S/ && caso == 2 { por(31, "AB") }
+    /^T/ && caso == 3 { por(29, sprintf("%50s", "")) }
+    { print }' grande.rem >falhas.rem
 
 em_turnos() { "$bin/emTurnos" "$pares" "$1" "$2"; }
 analise() { echo "$1/quilatador-cli -q --log $2.log $3"; } # folder of the program, name of the log, input
+completa() { echo "$(analise "$1" "$2" "$3") --completa"; }
 sem_log_antigo() { echo "sh -c 'rm -f $1.log; exec $2'"; } # otherwise replacing the old log would cost time
 
 com_outro() {
@@ -79,6 +89,10 @@ com_a_regua() {
     linha "settlement report of 1,000,000 payments / as many bytes from memory" 2.0 \
         "$(sem_log_antigo a "$(analise "$bin" a liquidacao.ret)")" \
         "$(sem_log_antigo b "$bin/regua gravar $bytes b.log")"
+    linha "complete check of 999,999 records behind their log / yardstick" 8 "$(completa "$bin" a grande.rem)" \
+        "$bin/regua conferir grande.rem b.log 2>/dev/null"
+    linha "a fault in every slip / complete check without faults" 2.0 "$(completa "$bin" a falhas.rem)" \
+        "$(completa "$bin" b grande.rem)"
     contra_a_regua "print return of 999,999 records" 2.5 impressao.ret
     contra_a_regua "validation of 10,000 records" 3 pequena.rem
     if ((com_janela)); then

@@ -14,6 +14,25 @@ int digitoOuZero(char c) noexcept {
     return modDepuracao::isDigito(c) ? c - '0' : 0;
 }
 
+/// What a character adds to a sum of modulus 10, by its code: the digits of the product with its weight, added.
+using Parcelas = std::array<unsigned char, 256>;
+
+constexpr Parcelas parcelas(int peso) {
+    Parcelas tabela{};
+    for (int digito = 0; digito <= 9; ++digito) {
+        const int produto = digito * peso;
+        tabela[static_cast<std::size_t>('0' + digito)] = static_cast<unsigned char>(produto / 10 + produto % 10);
+    }
+    return tabela;
+}
+
+constexpr Parcelas vezesUm = parcelas(1);
+constexpr Parcelas vezesDois = parcelas(2);
+
+constexpr std::size_t codigo(char c) noexcept {
+    return static_cast<unsigned char>(c);
+}
+
 /// The digit at a position (0-based) of a CNPJ or CPF. Raises `Falha` 13 when there is no digit.
 int digitoExigido(VistaTexto digitos, std::size_t posicao) {
     if (posicao >= digitos.size() || !modDepuracao::isDigito(digitos[posicao])) throw Falha::conversao("DV"_t);
@@ -89,12 +108,11 @@ Texto DV::CalculaMod11Barra(VistaTexto digitos) {
 }
 
 Texto DV::CalcularMod10(VistaTexto digitos) {
-    constexpr std::array<int, 10> vezesDois{0, 2, 4, 6, 8, 1, 3, 5, 7, 9}; // the digits of each product added
     long long soma = 0;
     std::size_t i = digitos.size();
     for (; i >= 2; i -= 2)
-        soma += vezesDois[static_cast<std::size_t>(digitoOuZero(digitos[i - 1]))] + digitoOuZero(digitos[i - 2]);
-    if (i == 1) soma += vezesDois[static_cast<std::size_t>(digitoOuZero(digitos[0]))];
+        soma += vezesDois[codigo(digitos[i - 1])] + vezesUm[codigo(digitos[i - 2])];
+    if (i == 1) soma += vezesDois[codigo(digitos[0])];
     return umDigito((10 - soma % 10) % 10);
 }
 

@@ -27,6 +27,15 @@ Texto textoDo(const RegistroRemessa& registro, const CampoBuscado& buscado) {
                                                       : registro.getValorCampoString(buscado.nome);
 }
 
+/// Whether a field is a text in the line of a lazy record, which can always be read.
+bool textoNaLinha(const RegistroRemessa& registro, const CampoBuscado& buscado) {
+    return buscado.campo && buscado.campo->natureza() == "S"_t && !registro.linha().empty();
+}
+
+bool emBranco(const RegistroRemessa& registro, const CampoBuscado& buscado) {
+    return registro.textoNaLinha(*buscado.campo).find_first_not_of(' ') == VistaTexto::npos;
+}
+
 Valor valorDo(const RegistroRemessa& registro, const CampoBuscado& buscado) {
     return buscado.campo ? registro.getValorCampo(*buscado.campo) : registro.getValorCampo(buscado.nome);
 }
@@ -113,6 +122,20 @@ Valor Conferencia::valorEm(const RegistroRemessa& registro, char letra, const Ca
     return ler(registro, campo.nome, [&] { return valorDo(registro, campo); });
 }
 
+bool Conferencia::semConteudo(VistaTexto nomeCampo) {
+    const CampoBuscado campo(registro_, nomeCampo);
+    if (!textoNaLinha(registro_, campo)) return quilatador::semConteudo(valor(campo));
+    anotar(registro_, segmento_, campo);
+    return emBranco(registro_, campo);
+}
+
+bool Conferencia::comConteudo(VistaTexto nomeCampo) {
+    const CampoBuscado campo(registro_, nomeCampo);
+    if (!textoNaLinha(registro_, campo)) return quilatador::comConteudo(valor(campo));
+    anotar(registro_, segmento_, campo);
+    return !emBranco(registro_, campo);
+}
+
 Texto Conferencia::textoEm(const RegistroRemessa& registro, char letra, const CampoBuscado& campo) {
     anotar(registro, letra, campo);
     return textoDo(registro, campo);
@@ -163,7 +186,7 @@ void Conferencia::avisarSePassa(const Assunto& assunto, VistaTexto conteudo, Vis
 
 void Conferencia::exigir(const Assunto& assunto, VistaTexto mensagem) {
     passo([&] {
-        if (semConteudo(valor(assunto.campo))) erro(assunto, mensagem);
+        if (semConteudo(assunto.campo)) erro(assunto, mensagem);
     });
 }
 

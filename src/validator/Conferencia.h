@@ -78,6 +78,9 @@ class Conferencia {
     [[nodiscard]] Texto texto(const CampoBuscado& campo);
     [[nodiscard]] Valor valor(VistaTexto nomeCampo) { return valorEm(registro_, segmento_, nomeCampo); }
     [[nodiscard]] Valor valor(const CampoBuscado& campo) { return valorEm(registro_, segmento_, campo); }
+    /// `semConteudo` and `comConteudo` of the value of a field, of which no copy is made if it is a text.
+    [[nodiscard]] bool semConteudo(VistaTexto nomeCampo);
+    [[nodiscard]] bool comConteudo(VistaTexto nomeCampo);
     /// The value of a field of another record, with the letter of its segment. A field that cannot be read has the same
     /// consequences as in `valor`.
     [[nodiscard]] Valor valorEm(const RegistroRemessa& registro, char letra, VistaTexto nomeCampo) {

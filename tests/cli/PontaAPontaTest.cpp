@@ -137,6 +137,28 @@ TEST_F(PontaAPonta, arquivosEnormesEmPoucaMemoria) {
     }
 }
 
+/// A large remittance is checked by two threads, whatever they meet and wherever.
+TEST_F(PontaAPonta, arquivoGrandeConferidoPorDois) {
+    const Texto certa = remessa({.registros = 30'000});
+    const std::size_t primeira = testes::letrasDe(certa).find('T') + 1;
+    const std::size_t ultima = testes::letrasDe(certa).rfind('T') + 1;
+    const gerador::Campo nome{'T', "Nome", 29, 50};
+    const std::tuple<const char*, Texto, const char*> casos[] = {
+        {"certa", certa, "sem erros; 2.725 guias: 2.725 certas\n"},
+        {"primeira", testes::comCampo(certa, primeira, nome, {}),
+         "1 causa (1 erro); 2.725 guias: 2.724 certas, 1 com erro\n"},
+        {"ultima", testes::comCampo(certa, ultima, nome, {}),
+         "1 causa (1 erro); 2.725 guias: 2.724 certas, 1 com erro\n"},
+        {"perdida", Texto(certa).erase(primeira * testes::bytesDaLinha, testes::bytesDaLinha),
+         "1 causa (3 erros); 2.725 guias: 2.724 certas, 1 com erro\n"}};
+    for (const auto& [caso, arquivo, fimEsperado] : casos) {
+        const auto entrada = pasta.escrever("grande.rem", bytesDoTexto(arquivo));
+        iniciar({"--completa", "--log", log().string(), entrada.string()});
+        const std::string saida = esperar().saida;
+        EXPECT_NE(saida.find(std::string("Conferência completa: ") + fimEsperado), std::string::npos) << caso << saida;
+    }
+}
+
 /// A remittance with a finding in each record, so that its log is long.
 Texto remessaRuim(std::uint32_t registros) {
     Texto arquivo = remessa({.registros = registros});

@@ -206,8 +206,7 @@ bool verificarObjeto(Apontador& apontador, const RegistroRemessa& registroV, con
         return false;
     }
     c.passo([&] {
-        if (semConteudo(c.valor("Identificacao"_t)) && semConteudo(c.valor("Descricao"_t)) &&
-            semConteudo(c.valor("Endereco"_t)))
+        if (c.semConteudo("Identificacao"_t) && c.semConteudo("Descricao"_t) && c.semConteudo("Endereco"_t))
             c.erro({"v.objeto.ausente"_t, "Identificacao"_t},
                    "Umdos campos identificação, descrição ou localização do objeto deve ser informado"_t);
     });
@@ -233,7 +232,7 @@ bool verificarSegmentoW(Apontador& apontador, const RegistroRemessa& registroW, 
     for (int i = 1; i <= maiorNumero; ++i) {
         c.passo([&] {
             const VistaTexto campo = camposDaCaracteristica[indiceDe(i)];
-            if (comConteudo(c.valor(campo)) && c.temBase('G', caracteristicas, {"Codigo"_t}) &&
+            if (c.comConteudo(campo) && c.temBase('G', caracteristicas, {"Codigo"_t}) &&
                 !caracteristicas.contem({{"Codigo"_t, i}}))
                 c.erro({"w.caract.naoDefinida"_t, campo},
                        junta("Campo Conteúdo da característica "_t, ultimos(campo, 1),

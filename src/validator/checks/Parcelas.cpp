@@ -32,8 +32,9 @@ struct CamposDaParcela {
     CampoBuscado valorPag;
     std::array<CampoBuscado, partesDaBarra.size()> partes;
     std::array<CampoBuscado, partesDaBarra.size()> digitos;
-    CampoBuscado moeda; ///< of record C, as the next one
+    CampoBuscado moeda; ///< of record C, as the next two
     CampoBuscado segFebraban;
+    CampoBuscado idFebraban;
 
     CamposDaParcela(const RegistroRemessa& tipoY, const RegistroRemessa& registroC)
         : tipoPag(tipoY, "TipoPag"_t)
@@ -43,7 +44,8 @@ struct CamposDaParcela {
         , partes(buscar(tipoY, partesDaBarra))
         , digitos(buscar(tipoY, digitosDaBarra))
         , moeda(registroC, "Moeda"_t)
-        , segFebraban(registroC, "SegFebraban"_t) {}
+        , segFebraban(registroC, "SegFebraban"_t)
+        , idFebraban(registroC, "IdFebraban"_t) {}
 
   private:
     using Nomes = std::array<VistaTexto, partesDaBarra.size()>;
@@ -255,7 +257,7 @@ EmpresaNaBarra empresaEsperada(Conferencia& c, const Definicao& definicao, const
     if (igual(segmento, "6"_t))
         return {"y.barra.cnpj"_t, Texto(trecho(c.textoEm(definicao.registroB, 'B', "CNPJ"_t), 1, 8)), 8,
                 "Primeiras 8 posições do CNPJ não confere com a identificação da empresa na barra"_t};
-    return {"y.barra.idFebraban"_t, Texto(ultimos(c.textoEm(definicao.registroC, 'C', "IdFebraban"_t), 4)), 4,
+    return {"y.barra.idFebraban"_t, Texto(ultimos(c.textoEm(definicao.registroC, 'C', campos.idFebraban), 4)), 4,
             "Identifcador da Febraban informado no segmento 'C' difere da identificação da empresa na barra"_t};
 }
 

@@ -7,8 +7,8 @@ namespace quilatador {
 
 namespace {
 
-/// More faults of definitions than this are not remembered one by one.
-constexpr std::size_t maisFaltas = 1024;
+/// More faults of one segment than this are not remembered one by one.
+constexpr std::size_t maisFaltas = 256;
 
 /// The finding for a line of the right length that has slipped.
 Achado achadoDoDeslize(const RegistroRemessa& registro, const Deslize& deslize) {
@@ -54,19 +54,25 @@ void Coletor::somar(const Achado& achado) {
 }
 
 void Coletor::apontar(Achado achado, std::span<const Fundamento> fundamentos) {
-    std::int64_t causa = 0;
-    for (const Fundamento& fundamento : fundamentos)
-        if (const std::int64_t desta = causaDe(fundamento); desta != 0 && (causa == 0 || desta < causa)) causa = desta;
     const Fundamento onde{.letra = achado.segmento,
                           .campo = static_cast<std::int16_t>(achado.campo ? achado.campo->inicio : 0),
                           .linha = achado.linha};
     const bool errado = contaComoErro(achado.gravidade, achado.discutido);
-    const std::int64_t raiz = contar(std::move(achado), causa);
+    const std::int64_t raiz = contar(std::move(achado), causaEntre(fundamentos));
     if (errado) marcar(onde, raiz);
 }
 
+/// Of all that a finding rests on, the fault that was told first.
+std::int64_t Coletor::causaEntre(std::span<const Fundamento> fundamentos) {
+    std::int64_t primeira = 0;
+    for (const Fundamento& fundamento : fundamentos)
+        if (const std::int64_t causa = causaDe(fundamento); causa != 0 && (primeira == 0 || causa < primeira))
+            primeira = causa;
+    return primeira;
+}
+
 void Coletor::naoLido(const FalhaDeLeitura& falha, const RegistroRemessa& emVerificacao, const Fundamento& campo) {
-    const auto& faltas = daDefinicao(campo.letra) ? daDefinicao_ : daGuia_;
+    const auto& faltas = faltasDe(campo.letra);
     if (std::ranges::any_of(faltas, [&](const Falta& f) { return f.estado == Estado::Ilegivel && f.onde.toca(campo); }))
         return;
     std::int64_t causa = causaDe(campo);
@@ -91,7 +97,7 @@ std::int64_t Coletor::acusarDeslize(const RegistroRemessa& registro, const Desli
 }
 
 bool Coletor::falta(const Fundamento& fundamento) {
-    const auto& faltas = daDefinicao(fundamento.letra) ? daDefinicao_ : daGuia_;
+    const auto& faltas = faltasDe(fundamento.letra);
     const auto falta = std::ranges::find_if(
         faltas, [&](const Falta& f) { return f.estado != Estado::Errado && f.onde.toca(fundamento); });
     if (falta == faltas.end()) return false;
@@ -119,27 +125,34 @@ bool Coletor::naoConferido(char letra) const noexcept {
     return naoConferidos_.contains(letra);
 }
 
-std::int64_t Coletor::causaDe(const Fundamento& onde) const noexcept {
-    const auto& faltas = daDefinicao(onde.letra) ? daDefinicao_ : daGuia_;
+std::vector<Coletor::Falta>& Coletor::faltasDe(char letra) noexcept {
+    const bool maiuscula = letra >= 'A' && letra <= 'Z';
+    return maiuscula ? faltas_[static_cast<std::size_t>(letra - 'A')] : faltas_.back();
+}
+
+std::int64_t Coletor::causaDe(const Fundamento& onde) noexcept {
+    const auto& faltas = faltasDe(onde.letra);
     const auto falta = std::ranges::find_if(faltas, [&](const Falta& f) { return f.onde.toca(onde); });
     return falta == faltas.end() ? 0 : falta->causa;
 }
 
 void Coletor::anotar(const Fundamento& onde, std::int64_t causa, Estado estado, VistaTexto campo) {
-    auto& faltas = daDefinicao(onde.letra) ? daDefinicao_ : daGuia_;
+    auto& faltas = faltasDe(onde.letra);
     // The installments of a slip may be very many, and none has to do with another.
     if (onde.letra == 'Y' && onde.linha != 0)
-        std::erase_if(faltas, [&](const Falta& f) {
-            return f.onde.letra == 'Y' && f.onde.linha != 0 && f.onde.linha != onde.linha;
-        });
-    if (faltas.size() < maisFaltas || estado == Estado::Ausente) faltas.push_back({onde, causa, estado, Texto(campo)});
+        std::erase_if(faltas, [&](const Falta& f) { return f.onde.linha != 0 && f.onde.linha != onde.linha; });
+    if (faltas.size() < maisFaltas)
+        faltas.push_back({onde, causa, estado, Texto(campo)});
+    else if (estado != Estado::Errado) // the last place is for what makes others be left out
+        faltas.back() = {{.letra = onde.letra}, causa, estado, {}};
 }
 
 void Coletor::iniciarGuia(std::int64_t ordinal, VistaTexto idGuia, std::int64_t linha) {
     guia_ = ordinal;
     idGuia_ = idGuia;
     linhaDaGuia_ = linha;
-    daGuia_.clear();
+    for (char letra = 'S'; letra <= 'Z'; ++letra)
+        faltasDe(letra).clear();
     naoConferidos_.clear();
     guiaComErro_ = false;
     guiaEmParte_ = false;

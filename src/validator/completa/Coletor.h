@@ -5,6 +5,7 @@
 #include "validator/Apontador.h"
 #include "validator/completa/Deslize.h"
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -44,7 +45,7 @@ class Coletor final : public Apontador {
     /// The same for a definition that the file lacks or that cannot be checked: steps that need it are left out.
     void marcarAusente(char letra, std::int64_t causa) { anotar({.letra = letra}, causa, Estado::Ausente); }
     /// The number of the finding from which faults of this part of the file follow; 0 if there is none.
-    [[nodiscard]] std::int64_t causaDe(const Fundamento& onde) const noexcept;
+    [[nodiscard]] std::int64_t causaDe(const Fundamento& onde) noexcept;
 
     /// The line (1-based) that is being looked at, for findings that have none of their own.
     void irParaLinha(std::int64_t linha) noexcept { linhaEmMaos_ = linha; }
@@ -70,6 +71,8 @@ class Coletor final : public Apontador {
         Texto campo{}; ///< the name of a field that cannot be read
     };
 
+    [[nodiscard]] std::vector<Falta>& faltasDe(char letra) noexcept;
+    [[nodiscard]] std::int64_t causaEntre(std::span<const Fundamento> fundamentos);
     void anotar(const Fundamento& onde, std::int64_t causa, Estado estado, VistaTexto campo = {});
     void somar(const Achado& achado);
     void dizerQueFalta(const Falta& falta);
@@ -79,8 +82,7 @@ class Coletor final : public Apontador {
     std::function<bool()> cancelada_;
     ResumoCompleto resumo_;
     std::int64_t n_ = 0;
-    std::vector<Falta> daDefinicao_;
-    std::vector<Falta> daGuia_;
+    std::array<std::vector<Falta>, 27> faltas_;           ///< by the letter of the segment; the last one for any other
     std::set<std::pair<char, std::int16_t>> faltasDitas_; ///< segment and field of what steps were left out for
     std::int64_t guia_ = 0;                               ///< ordinal of the slip in hand; 0 outside of slips
     std::int64_t linhaDaGuia_ = 0;

@@ -91,13 +91,12 @@ bool PercursoCompleto::verificarHeader() {
     if (!tipo) tipo = tipos_.reconhecerDeslocada(texto, 1);
     if (!linha || !tipo || tipo->letra != 'A') {
         faltas_.acusar(faltaDeEstrutura("sequencia.a.ausente"_t, 1, '\0',
-                                        "Primeira linha do arquivo não corresponde ao Header!"_t),
-                       0);
+                                        "Primeira linha do arquivo não corresponde ao Header!"_t));
         return false;
     }
     const bool inteiro = tipo->temTamanho(texto) && texto == tipo->registro->linha();
     if (inteiro ? diferente(tipo->registro->getValorCampo("NomeArquivo"_t), "ZUL702"_t) : !dizOTipo(*linha)) {
-        faltas_.acusar(faltaDeEstrutura("sequencia.a.nomeArquivo"_t, 1, 'A', "Arquivo não é ZUL702!"_t), 0);
+        faltas_.acusar(faltaDeEstrutura("sequencia.a.nomeArquivo"_t, 1, 'A', "Arquivo não é ZUL702!"_t));
         return false;
     }
     ultimaLinha_ = 1;
@@ -122,8 +121,7 @@ bool PercursoCompleto::dizOTipo(const LinhaDoArquivo& linha) {
 void PercursoCompleto::verificarHeaderInteiro(const TipoDeLinha& tipo, const LinhaDoArquivo& linha) {
     if (trecho(tipo.registro->getValorCampoString("VersaoLayout"_t), 1, 4) != "1.00"_t)
         faltas_.acusar(
-            faltaDeEstrutura("sequencia.a.versaoLayout"_t, 1, 'A', "Versao de layout incompatível. Esperada: 1.00"_t),
-            0);
+            faltaDeEstrutura("sequencia.a.versaoLayout"_t, 1, 'A', "Versao de layout incompatível. Esperada: 1.00"_t));
     ordem_.verificarIDRegistro('A', tipo);
     if (sequencialDo(tipo) != 1) {
         Achado aviso =
@@ -204,8 +202,7 @@ void PercursoCompleto::verificarLinhaTorta(const LinhaDoArquivo& linha, const Ti
     if (juntarPartida(linha)) return;
     if (!tipo) tipo = tipos_.reconhecerDeslocada(linha.texto, linha.lugar);
     if (!tipo) {
-        faltas_.acusar(faltaDeEstrutura("leitura.tipo"_t, linha.lugar, '\0', "Tipo de registro não identificado!"_t),
-                       0);
+        faltas_.acusar(faltaDeEstrutura("leitura.tipo"_t, linha.lugar, '\0', "Tipo de registro não identificado!"_t));
         faltas_.semEfeito('\0');
         return janela_.avancar();
     }
@@ -229,38 +226,44 @@ void PercursoCompleto::acusarTamanho(const LinhaDoArquivo& linha, const TipoDeLi
                                      .esperado = {}};
     }
     achado.mensagem = std::move(mensagem);
-    faltas_.acusar(std::move(achado), 0);
+    faltas_.acusar(std::move(achado));
 }
 
 /// A record that stray line ends have split into several lines: together they have its length, give or take those of
 /// the line ends that took the place of a character, and at their end the number that belongs here.
-bool PercursoCompleto::juntarPartida(const LinhaDoArquivo& linha) {
+std::optional<PercursoCompleto::Partida> PercursoCompleto::procurarPedacos(const LinhaDoArquivo& linha) {
     constexpr std::size_t maisPedacos = 8;
     constexpr std::size_t digitosDoNumero = 6;
     const std::size_t inteira = tipos_.tamanhoUsual();
     const Texto numero = comZeros(esperado(linha), digitosDoNumero);
-    Texto junto = linha.texto;
-    for (std::size_t pedacos = 1; pedacos < maisPedacos && junto.size() < inteira; ++pedacos) {
-        const LinhaDoArquivo* const proxima = janela_.olhar(pedacos);
-        if (!proxima) return false;
-        junto += proxima->texto;
-        if (junto.size() > inteira || junto.size() + 2 * pedacos < inteira || !junto.ends_with(numero)) continue;
-        const std::size_t falta = inteira - junto.size();
-        junto.insert(linha.texto.size(), falta, ' ');
-        const TipoDeLinha* const tipo = tipos_.reconhecer(junto, linha.lugar);
-        faltas_.acusar(
-            faltaDeEstrutura("estrutura.linhaPartida"_t, linha.lugar, tipo ? tipo->letra : '\0',
-                             junta("Registro partido em "_t, contagemDeLinhas(static_cast<std::int64_t>(pedacos) + 1),
-                                   " por quebras de linha; a primeira está na posição "_t,
-                                   textoDe(static_cast<long long>(linha.texto.size()) + 1))),
-            0);
-        desvio_ -= static_cast<std::int64_t>(pedacos);
-        if (tipo) ordem_.receber(tipo->letra, nullptr, linha.lugar);
-        ultimaLinha_ += static_cast<std::int64_t>(pedacos);
-        janela_.avancar(pedacos + 1);
-        return true;
+    Partida partida{.texto = linha.texto, .pedacos = 1};
+    for (; partida.pedacos < maisPedacos && partida.texto.size() < inteira; ++partida.pedacos) {
+        const LinhaDoArquivo* const proxima = janela_.olhar(partida.pedacos);
+        if (!proxima) break;
+        Texto& texto = partida.texto += proxima->texto;
+        if (texto.size() > inteira || texto.size() + 2 * partida.pedacos < inteira || !texto.ends_with(numero))
+            continue;
+        texto.insert(linha.texto.size(), inteira - texto.size(), ' ');
+        ++partida.pedacos;
+        return partida;
     }
-    return false;
+    return std::nullopt;
+}
+
+bool PercursoCompleto::juntarPartida(const LinhaDoArquivo& linha) {
+    const auto partida = procurarPedacos(linha);
+    if (!partida) return false;
+    const auto pedacos = static_cast<std::int64_t>(partida->pedacos);
+    const TipoDeLinha* const tipo = tipos_.reconhecer(partida->texto, linha.lugar);
+    faltas_.acusar(faltaDeEstrutura("estrutura.linhaPartida"_t, linha.lugar, tipo ? tipo->letra : '\0',
+                                    junta("Registro partido em "_t, contagemDeLinhas(pedacos),
+                                          " por quebras de linha; a primeira está na posição "_t,
+                                          textoDe(static_cast<long long>(linha.texto.size()) + 1))));
+    desvio_ -= pedacos - 1;
+    ultimaLinha_ += pedacos - 1;
+    if (tipo) ordem_.receber(tipo->letra, nullptr, linha.lugar);
+    janela_.avancar(partida->pedacos);
+    return true;
 }
 
 /// Two records in one line, because the line end between them is missing.
@@ -273,8 +276,7 @@ bool PercursoCompleto::separarEmendada(const LinhaDoArquivo& linha, const TipoDe
     if (!segundo || sequencialDo(*segundo) != esperado(linha) + 1) return false;
     const char segundaLetra = segundo->letra;
     faltas_.acusar(faltaDeEstrutura("estrutura.linhasEmendadas"_t, linha.lugar, letra,
-                                    "Dois registros na mesma linha: falta a quebra entre eles"_t),
-                   0);
+                                    "Dois registros na mesma linha: falta a quebra entre eles"_t));
     ordem_.receber(letra, nullptr, linha.lugar);
     ordem_.receber(segundaLetra, nullptr, linha.lugar);
     ++desvio_;
@@ -290,11 +292,7 @@ PercursoCompleto::Depois PercursoCompleto::verificarNumero(const LinhaDoArquivo&
     const auto numero = sequencialDo(tipo);
     if (numero == esperado(linha)) return Depois::Continuar;
     if (numero) return tratarQuebraDoNumero(linha, tipo, *numero);
-    if (linhaDeslocada(tipo)) {
-        ordem_.receber(tipo.letra, nullptr, linha.lugar);
-        janela_.avancar();
-        return Depois::LinhaTratada;
-    }
+    if (linhaDeslocada(tipo)) return receberSemConteudo(linha, tipo.letra);
     acusarSequencial(linha, tipo);
     return Depois::Continuar;
 }
@@ -310,57 +308,71 @@ bool PercursoCompleto::linhaDeslocada(const TipoDeLinha& tipo) {
 PercursoCompleto::Depois PercursoCompleto::tratarQuebraDoNumero(const LinhaDoArquivo& linha, const TipoDeLinha& tipo,
                                                                 std::int64_t numero) {
     const char letra = tipo.letra;
-    const auto numeroDa = [&](std::size_t adiante) -> std::optional<std::int64_t> {
-        const LinhaDoArquivo* const outra = janela_.olhar(adiante);
-        return outra && !outra->texto.empty() ? tipos_.sequencialDe(outra->texto) : std::nullopt;
-    };
     const std::int64_t certo = esperado(linha);
-    const bool repetida = linha.texto == anterior_;
-    const auto proximo = numeroDa(1);
-    const auto terceiro = numeroDa(2);
+    const auto proximo = sequencialAdiante(1);
+    const auto terceiro = sequencialAdiante(2);
     static_cast<void>(tipos_.reconhecer(linha.texto, linha.lugar)); // looking ahead has changed the record
-    if (repetida) {
-        faltas_.acusar(faltaDeEstrutura("estrutura.linhaRepetida"_t, linha.lugar, letra, "Linha igual à anterior"_t),
-                       0);
-        --desvio_;
-        janela_.avancar();
-        return Depois::LinhaTratada;
-    }
-    if (numero == certo + 1 && proximo == certo && terceiro != certo + 1) {
-        faltas_.acusar(faltaDeEstrutura("estrutura.linhasTrocadas"_t, linha.lugar, letra,
-                                        junta("Esta linha e a seguinte estão trocadas: os sequenciais são "_t,
-                                              textoDe(numero), " e "_t, textoDe(certo))),
-                       0);
-        numerosVistos_ = 2;
-        janela_.trocar();
-        return Depois::LinhaTratada;
-    }
-    if (proximo == certo) {
-        faltas_.acusar(faltaDeEstrutura("estrutura.linhasAMais"_t, linha.lugar, letra,
-                                        "Linha a mais: os sequenciais continuam na linha seguinte"_t),
-                       0);
-        --desvio_;
-    } else if (proximo != certo + 1 && proximo == numero + 1) {
-        const std::int64_t linhas = numero - certo;
-        const VistaTexto id = linhas > 0 ? "estrutura.linhasPerdidas"_t : "estrutura.linhasAMais"_t;
-        const std::int64_t quantas = std::abs(linhas);
-        const VistaTexto verbo =
-            linhas > 0 ? (quantas == 1 ? "falta "_t : "faltam "_t) : (quantas == 1 ? "sobra "_t : "sobram "_t);
-        const std::int64_t raiz = faltas_.acusar(
-            faltaDeEstrutura(id, linha.lugar, letra,
-                             junta("O sequencial pula para "_t, textoDe(numero), " em vez de "_t, textoDe(certo),
-                                   ": antes desta linha "_t, verbo, contagemDeLinhas(quantas))),
-            0);
-        if (linhas > 0) faltas_.faltamLinhas(raiz);
-        desvio_ += linhas;
-    } else if (linhaDeslocada(tipo)) {
-        ordem_.receber(letra, nullptr, linha.lugar);
-        janela_.avancar();
-        return Depois::LinhaTratada;
-    } else {
+    if (linha.texto == anterior_) return saltarRepetida(linha, letra);
+    if (numero == certo + 1 && proximo == certo && terceiro != certo + 1) return destrocar(linha, letra, numero);
+    if (proximo == certo)
+        acusarLinhaAMais(linha, letra);
+    else if (proximo != certo + 1 && proximo == numero + 1)
+        acusarSalto(linha, letra, numero);
+    else if (linhaDeslocada(tipo))
+        return receberSemConteudo(linha, letra);
+    else
         acusarSequencial(linha, tipo);
-    }
     return Depois::Continuar;
+}
+
+std::optional<std::int64_t> PercursoCompleto::sequencialAdiante(std::size_t adiante) {
+    const LinhaDoArquivo* const outra = janela_.olhar(adiante);
+    return outra && !outra->texto.empty() ? tipos_.sequencialDe(outra->texto) : std::nullopt;
+}
+
+PercursoCompleto::Depois PercursoCompleto::saltarRepetida(const LinhaDoArquivo& linha, char letra) {
+    faltas_.acusar(faltaDeEstrutura("estrutura.linhaRepetida"_t, linha.lugar, letra, "Linha igual à anterior"_t));
+    --desvio_;
+    janela_.avancar();
+    return Depois::LinhaTratada;
+}
+
+/// Two lines in exchange: both go on in their right order.
+PercursoCompleto::Depois PercursoCompleto::destrocar(const LinhaDoArquivo& linha, char letra, std::int64_t numero) {
+    faltas_.acusar(faltaDeEstrutura("estrutura.linhasTrocadas"_t, linha.lugar, letra,
+                                    junta("Esta linha e a seguinte estão trocadas: os sequenciais são "_t,
+                                          textoDe(numero), " e "_t, textoDe(numero - 1))));
+    numerosVistos_ = 2;
+    janela_.trocar();
+    return Depois::LinhaTratada;
+}
+
+/// The next line has the number that this one should have.
+void PercursoCompleto::acusarLinhaAMais(const LinhaDoArquivo& linha, char letra) {
+    faltas_.acusar(faltaDeEstrutura("estrutura.linhasAMais"_t, linha.lugar, letra,
+                                    "Linha a mais: os sequenciais continuam na linha seguinte"_t));
+    --desvio_;
+}
+
+/// The numbers go on from this one: lines were lost or added in front of it.
+void PercursoCompleto::acusarSalto(const LinhaDoArquivo& linha, char letra, std::int64_t numero) {
+    const std::int64_t certo = esperado(linha);
+    const std::int64_t perdidas = numero - certo;
+    const bool uma = std::abs(perdidas) == 1;
+    const VistaTexto verbo = perdidas > 0 ? (uma ? "falta "_t : "faltam "_t) : (uma ? "sobra "_t : "sobram "_t);
+    const std::int64_t raiz = faltas_.acusar(
+        faltaDeEstrutura(perdidas > 0 ? "estrutura.linhasPerdidas"_t : "estrutura.linhasAMais"_t, linha.lugar, letra,
+                         junta("O sequencial pula para "_t, textoDe(numero), " em vez de "_t, textoDe(certo),
+                               ": antes desta linha "_t, verbo, contagemDeLinhas(std::abs(perdidas)))));
+    if (perdidas > 0) faltas_.faltamLinhas(raiz);
+    desvio_ += perdidas;
+}
+
+/// What the line says cannot be looked at, but its letter takes its place.
+PercursoCompleto::Depois PercursoCompleto::receberSemConteudo(const LinhaDoArquivo& linha, char letra) {
+    ordem_.receber(letra, nullptr, linha.lugar);
+    janela_.avancar();
+    return Depois::LinhaTratada;
 }
 
 /// Only the number of this line is wrong, or cannot be read.
@@ -372,7 +384,7 @@ void PercursoCompleto::acusarSequencial(const LinhaDoArquivo& linha, const TipoD
     if (tipo.sequencial)
         achado.campo = campoDo(tipo, *tipo.sequencial,
                                comZeros(esperado(linha), static_cast<std::size_t>(tipo.sequencial->Tamanho())));
-    faltas_.acusar(std::move(achado), 0);
+    faltas_.acusar(std::move(achado));
 }
 
 void PercursoCompleto::verificarConvenio(const TipoDeLinha& tipo) {
@@ -411,7 +423,7 @@ void PercursoCompleto::acusarResto(std::int64_t primeira, const Resto& resto) {
                                                  contagemDeLinhas(resto.linhas)))
                         : faltaDeEstrutura("estrutura.linhaVazia"_t, primeira, '\0', linhaVazia(resto.linhas - 1));
     if (temTrailer && !resto.comEfeito) achado.gravidade = Gravidade::Aviso;
-    fimForcado_ = faltas_.acusar(std::move(achado), 0);
+    fimForcado_ = faltas_.acusar(std::move(achado));
 }
 
 void PercursoCompleto::acusarCtrlZ() {

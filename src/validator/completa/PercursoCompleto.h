@@ -48,6 +48,12 @@ class PercursoCompleto {
 
     void verificarLinha(const LinhaDoArquivo& linha);
     void verificarLinhaTorta(const LinhaDoArquivo& linha, const TipoDeLinha* tipo);
+    /// A record that stands in several lines, put together.
+    struct Partida {
+        Texto texto;
+        std::size_t pedacos;
+    };
+    [[nodiscard]] std::optional<Partida> procurarPedacos(const LinhaDoArquivo& linha);
     [[nodiscard]] bool juntarPartida(const LinhaDoArquivo& linha);
     [[nodiscard]] bool separarEmendada(const LinhaDoArquivo& linha, const TipoDeLinha& tipo);
     void acusarTamanho(const LinhaDoArquivo& linha, const TipoDeLinha& tipo);
@@ -56,6 +62,12 @@ class PercursoCompleto {
     [[nodiscard]] Depois verificarNumero(const LinhaDoArquivo& linha, const TipoDeLinha& tipo);
     [[nodiscard]] Depois tratarQuebraDoNumero(const LinhaDoArquivo& linha, const TipoDeLinha& tipo,
                                               std::int64_t numero);
+    [[nodiscard]] std::optional<std::int64_t> sequencialAdiante(std::size_t adiante);
+    [[nodiscard]] Depois saltarRepetida(const LinhaDoArquivo& linha, char letra);
+    [[nodiscard]] Depois destrocar(const LinhaDoArquivo& linha, char letra, std::int64_t numero);
+    void acusarLinhaAMais(const LinhaDoArquivo& linha, char letra);
+    void acusarSalto(const LinhaDoArquivo& linha, char letra, std::int64_t numero);
+    [[nodiscard]] Depois receberSemConteudo(const LinhaDoArquivo& linha, char letra);
     void acusarSequencial(const LinhaDoArquivo& linha, const TipoDeLinha& tipo);
     [[nodiscard]] bool linhaDeslocada(const TipoDeLinha& tipo);
     void verificarConvenio(const TipoDeLinha& tipo);
