@@ -28,6 +28,10 @@ void ConteudoCompleto::header(const RegistroRemessa& registro) {
     verificarCaracteres(registro, 'A');
 }
 
+void ConteudoCompleto::headerTorto(const RegistroRemessa& registro) {
+    definicao_.registroA = registro.copia();
+}
+
 void ConteudoCompleto::definir(const RegistroRemessa& registro, char letra) {
     ++definicoes_;
     verificarDefinicao(coletor_, registro, letra, definicao_);

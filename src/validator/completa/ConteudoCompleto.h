@@ -20,6 +20,8 @@ class ConteudoCompleto {
     void convenio(VistaTexto convenio) { definicao_.convenio = convenio; }
     /// The header (A), whose line must be whole.
     void header(const RegistroRemessa& registro);
+    /// A header whose line is not whole. It is not checked, but still names the revision of the layout.
+    void headerTorto(const RegistroRemessa& registro);
     /// A definition (B to L) that has its effect.
     void definir(const RegistroRemessa& registro, char letra);
     /// A definition that is there, but cannot be checked because of the finding with this number.

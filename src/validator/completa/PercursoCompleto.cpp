@@ -104,6 +104,7 @@ bool PercursoCompleto::verificarHeader() {
         verificarHeaderInteiro(*tipo, *linha);
         janela_.avancar();
     } else {
+        conteudo_.headerTorto(*tipo->registro);
         verificarLinhaTorta(*linha, tipo);
         coletor_.marcarAusente('A', faltas_.daLinha());
     }
