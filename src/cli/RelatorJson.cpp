@@ -123,7 +123,7 @@ void RelatorJson::terminarRodada(const Resumo& resumo) {
 }
 
 void RelatorJson::iniciarCompleta() {
-    saida_ << ",\"completa\":{\"achados\":[";
+    saida_ << R"(,"completa":{"achados":[)";
     primeiro_ = true;
     completa_ = true;
 }

@@ -17,7 +17,7 @@ Texto contarOcorrencias(std::int64_t registros) {
 /// How many slips were read, and of which of them the content was checked: the last one alone, and not even that one
 /// where the trailer was not reached. Where a complete check follows, that is the log's part only.
 Texto guiasDe(const Resumo& resumo, bool completa) {
-    const Texto lidas = contagem(resumo.guiasDepuradas, "guia lida"_t, "guias lidas"_t);
+    Texto lidas = contagem(resumo.guiasDepuradas, "guia lida"_t, "guias lidas"_t);
     const bool algumaConferida = resumo.guiasAceitas + resumo.guiasRejeitadas > 0;
     const VistaTexto peloLog = completa ? "pelo log, "_t : ""_t;
     if (!algumaConferida) return junta(lidas, "; "_t, peloLog, "nenhuma teve o conteúdo conferido"_t);

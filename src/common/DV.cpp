@@ -19,9 +19,9 @@ using Parcelas = std::array<unsigned char, 256>;
 
 constexpr Parcelas parcelas(int peso) {
     Parcelas tabela{};
-    for (int digito = 0; digito <= 9; ++digito) {
-        const int produto = digito * peso;
-        tabela[static_cast<std::size_t>('0' + digito)] = static_cast<unsigned char>(produto / 10 + produto % 10);
+    for (char digito = '0'; digito <= '9'; ++digito) {
+        const int produto = (digito - '0') * peso;
+        tabela[static_cast<std::size_t>(digito)] = static_cast<unsigned char>(produto / 10 + produto % 10);
     }
     return tabela;
 }
@@ -126,7 +126,7 @@ bool DV::VerificarCNPJ(VistaTexto cnpj) {
     return cnpj.size() == 14 && CalcularCNPJ(cnpj.substr(0, 12)) == cnpj.substr(12);
 }
 
-bool DV::VerificarCNPJComLetras(VistaTexto cnpj) {
+bool DV::verificarCNPJComLetras(VistaTexto cnpj) {
     constexpr std::size_t semDigitos = 12;
     constexpr VistaTexto caracteres = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ"_t;
     if (cnpj.size() != 14 || cnpj.find_first_of(caracteres.substr(10)) >= semDigitos) return false;

@@ -34,7 +34,7 @@ class DV {
     /// Whether this is a CNPJ with at least one letter and right check digits, as the Receita Federal issues them since
     /// July 2026: in the first 12 places a digit or a capital letter counts by its code less 48; the check digits are
     /// digits.
-    [[nodiscard]] static bool VerificarCNPJComLetras(VistaTexto cnpj);
+    [[nodiscard]] static bool verificarCNPJComLetras(VistaTexto cnpj);
     /// Both check digits of a CPF, from its first 9 digits. The first check digit is also appended to the caller's
     /// text: kept on purpose, the test `CalcularCPF` holds it.
     [[nodiscard]] static Texto CalcularCPF(Texto& digitos);

@@ -222,7 +222,8 @@ TEST_F(ArquivosDoSistemaTest, oQueNaoSePodeCriar) {
                                                      {protegido, semPermissao}};
     for (const auto& [caminho, falha] : casos) {
         EXPECT_EQ(falhaAoCriar(caminho), falha) << caminho;
-        EXPECT_EQ(testes::textoDaFalha([&] { return arquivos_.criarProvisorio(caminho); }), falha) << caminho;
+        const fs::path& destino = caminho;
+        EXPECT_EQ(testes::textoDaFalha([&] { return arquivos_.criarProvisorio(destino); }), falha) << destino;
     }
     EXPECT_EQ(lerTudo(protegido), "anterior");
     ASSERT_EQ(::seteuid(::getuid()), 0);

@@ -39,7 +39,7 @@ std::optional<std::int64_t> linhaDaGuia(const Conferencia& c, const RegistroReme
 Valor verificarValorDaReceita(Conferencia& c, const CampoBuscado& buscado, int qual, const Definicao& definicao) {
     const VistaTexto campo = buscado.nome;
     const VistaTexto numero = ultimos(campo, 1);
-    const Valor valor = c.valor(buscado);
+    Valor valor = c.valor(buscado);
     if (menor(valor, 0))
         c.erro({"u.valorRec.negativo"_t, campo}, junta("Campo Valor da Receita "_t, numero, " inválido"_t));
     else if (maior(valor, 0) && c.temBase('K', definicao.receitas, {"Numero"_t}) &&

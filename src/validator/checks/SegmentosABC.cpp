@@ -27,7 +27,7 @@ std::optional<Texto> seValido(VistaTexto cnpj, VistaTexto esperado) {
 
 /// Why a rule is disputed that takes a CNPJ for wrong: "" if it is not.
 VistaTexto motivoDoCnpj(VistaTexto cnpj) {
-    return DV::VerificarCNPJComLetras(cnpj)
+    return DV::verificarCNPJComLetras(cnpj)
                ? "CNPJ com letras, como a Receita Federal os emite desde julho de 2026; os dígitos verificadores estão certos"_t
                : VistaTexto();
 }
