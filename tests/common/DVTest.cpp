@@ -44,6 +44,13 @@ TEST(DV, CNPJDe14DigitosECPFDe11) {
         EXPECT_EQ(numeroDaFalha([&] { return aceito(semDigito); }), 13);
 }
 
+TEST(DV, CNPJComLetras) {
+    EXPECT_TRUE(DV::verificarCNPJComLetras("12ABC34501DE35"_t)); // the example of the Receita Federal
+    for (const VistaTexto errado : {"12ABC34501DE36"_t, "12ABC34501DE25"_t, "12abc34501de35"_t, "12ABC34501DE3A"_t,
+                                    "12ABC34501DE3"_t, "1.ABC34501DE35"_t, "11222333000181"_t})
+        EXPECT_FALSE(DV::verificarCNPJComLetras(errado)) << errado;
+}
+
 TEST(DV, CalcularCPF) {
     Texto digitos("529982247"_t);
     EXPECT_EQ(DV::CalcularCPF(digitos), "25"_t);
