@@ -69,7 +69,9 @@ TEST(Completa, cadaFaltaDeEstruturaEhUmaCausa) {
             for (std::size_t onde = std::string_view(nome).ends_with("number"); onde + 1 < certas.size(); ++onde) {
                 Linhas linhas = certas;
                 plantar(linhas, onde);
-                const Texto causas = conferir(arquivoDe(linhas), leiaute(), 20).causas();
+                const Completa completa = conferir(arquivoDe(linhas), leiaute(), 20);
+                const Texto causas = completa.causas();
+                EXPECT_EQ(completa.resumo.desfecho, Desfecho::Concluida) << nome << " at " << onde + 1;
                 EXPECT_EQ(std::ranges::count(causas, '\n'), 1) << nome << " at " << onde + 1 << "\n" << causas;
                 EXPECT_EQ(desacordo(arquivoDe(linhas), leiaute(), 20), "") << nome << " at " << onde + 1;
             }

@@ -19,7 +19,7 @@ constexpr int maximoCurta = 8;
 constexpr int maximoLonga = 32;
 constexpr std::int16_t maiorRegistro = 4096;
 constexpr std::size_t maximoDeCampos = 256;
-/// A cause that cannot be seen moves the line by so many bytes at most.
+/// A cause that cannot be seen moves the line by so many bytes at most, unless it is the only one.
 constexpr int maximoOculto = 3;
 
 // What speaks against a reading of the line, in points. Only their relations matter: a cause that can be seen is
@@ -140,10 +140,12 @@ class Busca {
     [[nodiscard]] bool suspeita() const;
     [[nodiscard]] bool convence() const;
     [[nodiscard]] std::vector<Candidato> candidatos() const;
+    [[nodiscard]] bool sohNoFim() const;
 
     // What is told of the slip.
     [[nodiscard]] Deslize comMarca(const Candidato& candidato) const;
     [[nodiscard]] Deslize semMarca(std::span<const Candidato> iguais) const;
+    [[nodiscard]] Deslize noFim() const;
     [[nodiscard]] Lugar lugar(const Candidato& candidato) const;
     [[nodiscard]] Lugar lugarDosBrancos(int a, int b) const;
     [[nodiscard]] int marcasAdiante(const Candidato& candidato) const;
@@ -231,7 +233,7 @@ int Busca::emendaVisivel(const Peca& peca, int a, int b, int d) const {
 }
 
 Emenda Busca::emendaOculta(const Peca& peca, int a, int b, int d) const {
-    if (std::abs(d) > maximoOculto) return {};
+    if (std::abs(d) > maximoOculto && d != diferenca_) return {};
     Emenda achada = peca.forma == Peca::Forma::Texto ? emendaDeTexto(peca, a, b, d)
                     : peca.vazia()                   ? emendaDeBrancos(a, b, d)
                                                      : emendaDeDigitos(peca, a, b, d);
@@ -333,12 +335,36 @@ std::vector<Candidato> Busca::candidatos() const {
 
 std::optional<Deslize> Busca::achar() {
     if (diferenca_ == 0 && !suspeita()) return std::nullopt;
+    if (sohNoFim()) return noFim();
     calcularRestos();
     if (resto(0, 0) >= impossivel || !convence()) return std::nullopt;
     const std::vector<Candidato> iguais = candidatos();
     if (iguais.empty()) return std::nullopt;
     const auto marcado = std::ranges::find_if(iguais, [](const Candidato& c) { return c.emenda.aVista; });
     return marcado != iguais.end() ? comMarca(*marcado) : semMarca(iguais);
+}
+
+/// Whether more than any hidden cause explains is missing or too much at the end of the line, and all in front of that
+/// reads in its place.
+bool Busca::sohNoFim() const {
+    if (std::abs(diferenca_) <= maximoOculto || !pistas_.marcas().empty()) return false;
+    if (diferenca_ > 0 && pecas_.back().forma == Peca::Forma::Texto) return false;
+    return std::ranges::all_of(pecas_, [&](const Peca& peca) {
+        const int fim = peca.inicio + peca.largura;
+        return fim > pistas_.tamanho() || conteudo(peca, peca.inicio, fim) < naoLe;
+    });
+}
+
+Deslize Busca::noFim() const {
+    const int comum = tipo_.Tamanho() + std::min(diferenca_, 0);
+    const int fim = tipo_.Tamanho() + std::max(diferenca_, 0);
+    const bool brancos = diferenca_ > 0 && pistas_.contar(comum, fim).cheios == 0;
+    return {.causa = brancos ? Causa::BrancoDobrado : Causa::Desconhecida,
+            .posicao = comum + 1,
+            .ultima = fim,
+            .desvio = diferenca_,
+            .campo = nomeEm(comum),
+            .ultimoCampo = nomeEm(fim - 1)};
 }
 
 Deslize Busca::comMarca(const Candidato& candidato) const {
