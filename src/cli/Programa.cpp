@@ -163,6 +163,7 @@ class Chamada {
         }
         if (Relator* const tabela = tabela_.arquivo(rodada.nomeArquivo())) ouvintes.push_back(tabela);
         ResumoCompleto completa = trabalho_.conferirTudo(rodada, pedido, ouvintes);
+        if (completa.desfecho != Desfecho::NaoRodou) tabela_.arquivoConferido();
         if (argumentos_.json) json_.terminarCompleta(completa);
         if (comResumo()) noTerminal_.terminar(completa);
         if (completa.desfecho == Desfecho::NaoRodou)

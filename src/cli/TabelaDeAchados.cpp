@@ -35,6 +35,7 @@ Relator* TabelaDeAchados::arquivo(const std::filesystem::path& caminho) {
 bool TabelaDeAchados::concluir(bool interrompida) {
     if (!relator_) return true;
     if (interrompida) return recusar("interrompida"_t);
+    if (!algumConferido_) return recusar("nenhum arquivo pôde ser conferido"_t);
     try {
         relator_->terminar();
         saida_->confirmar();

@@ -22,7 +22,10 @@ class TabelaDeAchados {
     [[nodiscard]] bool abrir(const PlanoDeLogs& plano);
     /// The listener for the check of a file; null without a table.
     [[nodiscard]] Relator* arquivo(const std::filesystem::path& caminho);
-    /// Puts the table in its place, unless the call was interrupted. Returns false, after a message, if that fails.
+    /// That file has been checked to its end, or as far as its data let it.
+    void arquivoConferido() noexcept { algumConferido_ = true; }
+    /// Puts the table in its place, unless the call was interrupted or no file could be checked: an empty table would
+    /// seem to say that nothing is wrong. Returns false, after a message, if it is not there.
     [[nodiscard]] bool concluir(bool interrompida);
 
   private:
@@ -31,6 +34,7 @@ class TabelaDeAchados {
     Sessao& sessao_;
     std::unique_ptr<ArquivoProvisorio> saida_;
     std::optional<RelatorCsv> relator_;
+    bool algumConferido_ = false;
 };
 
 } // namespace quilatador

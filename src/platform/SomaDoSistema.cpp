@@ -4,6 +4,7 @@
 #include "platform/Sha256.h"
 
 #include <chrono>
+#include <new>
 #include <vector>
 
 namespace quilatador {
@@ -14,6 +15,8 @@ SomaDoSistema::SomaDoSistema(Arquivos& arquivos, const std::filesystem::path& ca
             return somar(arquivos, caminho);
         } catch (const Falha&) {
             return std::string(); // whoever reads the file for another reason reports what is wrong with it
+        } catch (const std::bad_alloc&) {
+            return std::string();
         }
     })) {}
 

@@ -50,7 +50,11 @@ void percorrer(const Ambiente& ambiente, ArquivoRemessa& leiaute, const PedidoCo
     ResumoCompleto& resumo = coletor.resumo();
     resumo.registros = std::max(resumo.registros, percurso.lidas());
     conteudo.contarDatas(resumo);
-    if (!percurso.terminar()) resumo.desfecho = Desfecho::Cancelada;
+    if (percurso.terminar()) return;
+    resumo.desfecho = Desfecho::Cancelada;
+    if (!coletor.temGuia()) return;
+    coletor.conferirEmParte();
+    coletor.encerrarGuia(true);
 }
 
 } // namespace

@@ -75,7 +75,7 @@ void PercursoCompleto::saltarGuias() {
 /// started from the same definitions, and as many lines as records lie in front of the slip.
 bool PercursoCompleto::restoEstaLimpo(std::int64_t linha) {
     if (!outra_ || !outra_->comecaEm(linha)) return false;
-    const auto limpa = std::exchange(outra_, nullptr)->esperar();
+    const auto limpa = std::exchange(outra_, nullptr)->esperar([this] { return coletor_.canceladaAgora(); });
     if (!limpa || limpa->definicoes != conteudo_.definicoes() || desvio_ != 0) return false;
     faltas_.proximaLinha();
     ordem_.encerrarGuia(linha);
@@ -361,10 +361,11 @@ void PercursoCompleto::acusarSalto(const LinhaDoArquivo& linha, char letra, std:
     const std::int64_t perdidas = numero - certo;
     const bool uma = std::abs(perdidas) == 1;
     const VistaTexto verbo = perdidas > 0 ? (uma ? "falta "_t : "faltam "_t) : (uma ? "sobra "_t : "sobram "_t);
-    const std::int64_t raiz = faltas_.acusar(
-        faltaDeEstrutura(perdidas > 0 ? "estrutura.linhasPerdidas"_t : "estrutura.linhasAMais"_t, linha.lugar, letra,
-                         junta("O sequencial pula para "_t, textoDe(numero), " em vez de "_t, textoDe(certo),
-                               ": antes desta linha "_t, verbo, contagemDeLinhas(std::abs(perdidas)))));
+    const std::int64_t raiz = faltas_.acusar(faltaDeEstrutura(
+        perdidas > 0 ? "estrutura.linhasPerdidas"_t : "estrutura.linhasAMais"_t, linha.lugar, letra,
+        numero == 1 ? Texto("Os sequenciais recomeçam em 1 nesta linha"_t)
+                    : junta("O sequencial pula para "_t, textoDe(numero), " em vez de "_t, textoDe(certo),
+                            ": antes desta linha "_t, verbo, contagemDeLinhas(std::abs(perdidas)))));
     if (perdidas > 0) faltas_.faltamLinhas(raiz);
     desvio_ += perdidas;
 }

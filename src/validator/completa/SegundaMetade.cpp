@@ -2,6 +2,7 @@
 
 #include "validator/completa/PercursoCompleto.h"
 
+#include <chrono>
 #include <memory>
 #include <new>
 #include <system_error>
@@ -91,6 +92,13 @@ SegundaMetade::SegundaMetade(const Ambiente& ambiente, const ArquivoRemessa& lei
     } catch (const std::system_error&) { // then the first thread goes through all of the file
         resultado_ = {};
     }
+}
+
+std::optional<MetadeLimpa> SegundaMetade::esperar(const std::function<bool()>& desistir) {
+    constexpr std::chrono::milliseconds espera{50};
+    while (resultado_.wait_for(espera) == std::future_status::timeout)
+        if (desistir()) parar_ = true;
+    return resultado_.get();
 }
 
 SegundaMetade::~SegundaMetade() {

@@ -8,6 +8,7 @@
 
 #include <atomic>
 #include <cstddef>
+#include <functional>
 #include <future>
 #include <optional>
 
@@ -36,8 +37,9 @@ class SegundaMetade {
 
     /// Whether the slip that begins in this line (1-based) is the first one of this half, or would be.
     [[nodiscard]] bool comecaEm(std::int64_t linha) const noexcept { return resultado_.valid() && linha >= meio_; }
-    /// Waits for the result; nothing if there is something to tell. To be called once.
-    [[nodiscard]] std::optional<MetadeLimpa> esperar() { return resultado_.get(); }
+    /// Waits for the result, and asks now and then whether to give up. Nothing if there is something to tell. To be
+    /// called once.
+    [[nodiscard]] std::optional<MetadeLimpa> esperar(const std::function<bool()>& desistir);
 
   private:
     std::int64_t meio_ = 0; ///< the half begins with the first slip from this line on
