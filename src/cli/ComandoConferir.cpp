@@ -23,21 +23,35 @@ std::string somaDoArquivo(Sessao& sessao, const std::filesystem::path& arquivo) 
     return soma;
 }
 
+/// The sum that a report tells. Raises `Falha` where it tells none, or is none.
+std::string somaEsperada(Sessao& sessao, const std::filesystem::path& laudo) {
+    const auto falha = [&](VistaTexto motivo) {
+        return Falha(numeroDeFalha::geral, "ComandoConferir"_t, junta(motivo, ": "_t, textoDoCaminho(laudo)));
+    };
+    try {
+        const auto soma = somaNoLaudo(laudo, sessao.ambiente().arquivos);
+        if (!soma) throw falha("não é um laudo deste programa"_t);
+        if (soma->empty()) throw falha("o laudo não traz o SHA-256"_t);
+        return *soma;
+    } catch (const Falha& outra) {
+        if (outra.numero() == numeroDeFalha::geral) throw;
+        throw falha(junta("o laudo não pôde ser lido ("_t, outra.descricao(), ")"_t));
+    }
+}
+
 int responder(Sessao& sessao, const std::filesystem::path& arquivo, const std::filesystem::path& laudo) {
     const auto semResposta = [&](VistaTexto motivo) {
         sessao.dizer(junta(nomeParaMensagem(arquivo), ": não foi possível conferir com o laudo: "_t, motivo));
         return situacao::naoRodou;
     };
     try {
-        const auto esperada = somaNoLaudo(laudo, sessao.ambiente().arquivos);
-        if (!esperada) return semResposta(junta("não é um laudo deste programa: "_t, textoDoCaminho(laudo)));
-        if (esperada->empty()) return semResposta(junta("o laudo não traz o SHA-256: "_t, textoDoCaminho(laudo)));
+        const std::string esperada = somaEsperada(sessao, laudo);
         const std::string soma = somaDoArquivo(sessao, arquivo);
         if (soma.empty()) {
             sessao.dizer(junta(nomeParaMensagem(arquivo), ": leitura cancelada"_t));
             return situacao::interrompido;
         }
-        const bool mesmo = soma == *esperada;
+        const bool mesmo = soma == esperada;
         sessao.maquina().saida << paraTerminal(junta(nomeParaMensagem(arquivo),
                                                      mesmo ? ": é o arquivo do laudo "_t
                                                            : ": não é o arquivo do laudo, ou mudou depois dele: "_t,

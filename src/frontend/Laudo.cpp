@@ -83,6 +83,12 @@ std::string comInicialMaiuscula(Texto texto) {
     return paraHtml(texto);
 }
 
+/// Whether the value of a piece says more than its text does: an amount or a date.
+bool valorAjuda(const PedacoDaRegua& pedaco) {
+    return pedaco.estado == PedacoDaRegua::Estado::Lido && pedaco.valor.find_first_of(",/"_t) != Texto::npos &&
+           semBrancos(pedaco.valor) != semBrancos(pedaco.texto);
+}
+
 /// One piece of a ruler. `culpado` is the finding that the ruler is shown for; others are its consequences.
 std::string quadroDo(const PedacoMarcado& marcado, const Achado& culpado, VistaTexto classe) {
     const PedacoDaRegua& pedaco = marcado.pedaco;
@@ -95,8 +101,7 @@ std::string quadroDo(const PedacoMarcado& marcado, const Achado& culpado, VistaT
         html +=
             unir("<b>", paraHtml(pedaco.campo), palavra.empty() ? "" : " <em>" + paraHtml(palavra) + "</em>", "</b> ");
     html += unir("<code>", bytesParaHtml(pedaco.texto), "</code>");
-    if (pedaco.valor.find_first_of(",/"_t) != Texto::npos && pedaco.estado == PedacoDaRegua::Estado::Lido)
-        html += unir(" <small>= ", paraHtml(pedaco.valor), "</small>");
+    if (valorAjuda(pedaco)) html += unir(" <small>= ", paraHtml(pedaco.valor), "</small>");
     if (pedaco.estado == PedacoDaRegua::Estado::Ilegivel) html += " <small>ilegível</small>";
     if (pedaco.estado == PedacoDaRegua::Estado::Cortado) html += " <small>cortado</small>";
     if (pedaco.estado == PedacoDaRegua::Estado::Sobra) html += " <small>sobra</small>";
@@ -479,8 +484,9 @@ class Redator {
         for (const GrupoDeAchados* const consequencia : grupo.consequencias)
             total += consequencia->quantidade;
         std::string html = unir(
-            R"(<div class="decorre"><h5><span class="titulo">)", contar(total, "consequência"_t, "consequências"_t),
-            R"(: somem com a causa</span></h5><div class="rolo" role="group" aria-label="Consequências"><table class="blocos"><thead><tr><th scope="col">Mensagem</th><th scope="col">O primeiro lugar</th><th scope="col">Campo</th><th scope="col" class="n">Quantos</th></tr></thead><tbody>)");
+            R"(<div class="decorre"><h5><span class="titulo">)",
+            contar(total, "consequência: some com a causa"_t, "consequências: somem com a causa"_t),
+            R"(</span></h5><div class="rolo" role="group" aria-label="Consequências"><table class="blocos"><thead><tr><th scope="col">Mensagem</th><th scope="col">O primeiro lugar</th><th scope="col">Campo</th><th scope="col" class="n">Quantos</th></tr></thead><tbody>)");
         const std::size_t mostradas = std::min(grupo.consequencias.size(), maisConsequencias);
         for (std::size_t i = 0; i < mostradas; ++i)
             html += linhaDaConsequencia(*grupo.consequencias[i]);

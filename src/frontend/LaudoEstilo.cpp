@@ -122,7 +122,8 @@ border-left-width:5px}.veredito .sinal{width:1.7rem;height:1.7rem}.veredito h2{f
 .achado h4{padding:.6rem .7rem}.corpo{padding:0 .7rem .5rem}
 .blocos thead{position:absolute;left:-99rem}
 .blocos tr{display:block;padding:.45rem 0;border-bottom:1px solid var(--linha)}
-.blocos td,.blocos th{display:block;border:0;padding:.05rem 0;text-align:left;white-space:normal}
+.blocos td,.blocos th{display:inline-block;border:0;padding:.05rem .9rem .05rem 0;text-align:left;white-space:normal}
+.blocos tbody th,.blocos td:first-child{display:block}
 .blocos [data-t]::before{content:attr(data-t) ": ";color:var(--suave);font-weight:400}}
 @media (forced-colors:active){.regua .x{border-width:4px}.veredito,.achado{border-left-width:8px}}
 @page{size:A4;margin:14mm 13mm 16mm;
@@ -140,7 +141,7 @@ a{color:inherit;text-decoration:none}
 .duas{display:block}.remedio{padding:.4rem 0 0;border:0;border-top:1px solid var(--linha)}
 .rolo{overflow:visible}.lugares{columns:3}
 h2,h3,h4,h5,.onde,thead{break-after:avoid}
-tr,.regua li,.veredito,.numeros,.nota,.par,.remedio{break-inside:avoid}
+tr,.achado,.regua,.veredito,.numeros,.nota,.par,.remedio{break-inside:avoid}
 .regra{break-before:avoid}th,td{padding:.25rem .45rem}
 .achado{box-decoration-break:clone;-webkit-box-decoration-break:clone}}
 )css";
