@@ -63,6 +63,10 @@ TEST(Programa, linhasDeComando) {
         arquivos["/d/primeira.rem"] = testes::comCampo(duas, primeiraU, {'U', "ValorRec9", 156, 13}, Texto(13, '1'));
         arquivos["/d/total.ret"] = arquivos["/d/liquidacao"];
         arquivos["/d/total.ret"].replace(arquivos["/d/total.ret"].rfind('Z') + 1, 6, "000006"_t);
+        const std::string_view meta = R"(<meta name="quilatador-sha256" content=")";
+        arquivos["/d/boa.html"] = junta(textoDosBytes(meta), textoDosBytes(testes::ArquivosEmMemoria::soma), "\">"_t);
+        arquivos["/d/outro.html"] = junta(textoDosBytes(meta), Texto(64, 'a'), "\">"_t);
+        arquivos["/d/semSoma.html"] = junta(textoDosBytes(meta), "\">"_t);
         bancada.arquivos.ligacoes = {{"/d/elo.log", "/d/ruim.rem"}, {"/d/boa.elo", "/d/boa.rem"}};
         const auto antes = arquivos;
         const int situacao = bancada.rodar(separar(argumentos));
