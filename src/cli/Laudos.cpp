@@ -59,7 +59,6 @@ std::optional<std::filesystem::path> Laudos::gravar(const DadosDoLaudo& dados) {
 }
 
 void Laudos::naoGravar(const std::filesystem::path& log, VistaTexto motivo) {
-    if (!sessao_.argumentos().laudo) return;
     ++faltas_;
     sessao_.dizer(junta("O laudo não foi gravado: "_t, textoDoCaminho(caminho(log)), " ("_t, motivo, ")"_t));
 }

@@ -11,8 +11,7 @@ namespace quilatador {
 /// The reports of a call (`--laudo`), one for each file, if the user wants them. Each takes its place only when it is
 /// complete, so that whatever happens before leaves an older one as it was.
 ///
-/// Order of use: `planejar`; for each file `iniciar`, its check with that listener, and `gravar`, or only `naoGravar`
-/// where there was no such check.
+/// Order of use: `planejar`; for each file that can be checked `iniciar`, its check with that listener, and `gravar`.
 class Laudos {
   public:
     /// Keeps a reference, which must outlive this object.
@@ -25,13 +24,12 @@ class Laudos {
     /// Writes the report of the file of that check, and returns its path; nothing without reports, and, after a
     /// message, where it could not be written.
     [[nodiscard]] std::optional<std::filesystem::path> gravar(const DadosDoLaudo& dados);
-    /// Says that a file has no report, and why.
-    void naoGravar(const std::filesystem::path& log, VistaTexto motivo);
-    /// How many reports that the user wants were not written so far.
+    /// How many reports could not be written so far.
     [[nodiscard]] int faltas() const noexcept { return faltas_; }
 
   private:
     [[nodiscard]] std::filesystem::path caminho(const std::filesystem::path& log) const;
+    void naoGravar(const std::filesystem::path& log, VistaTexto motivo);
     [[nodiscard]] std::optional<Texto> recusaDo(const std::filesystem::path& laudo, const PlanoDeLogs& plano,
                                                 const std::set<Destino>& logs);
 

@@ -154,10 +154,7 @@ class Chamada {
         const bool podeConferir = resumo.desfecho == Desfecho::Concluida || resumo.desfecho == Desfecho::Falhou;
         const ResumoCompleto completa = podeConferir ? conferirTudo(rodada, pedido) : ResumoCompleto();
         if (!podeConferir && argumentos_.json) json_.semCompleta();
-        if (podeConferir)
-            gravarLaudo(rodada, pedido, resumo, completa);
-        else
-            laudos_.naoGravar(rodada.nomeArquivoLog(), "o arquivo não foi analisado até o fim"_t);
+        if (podeConferir) gravarLaudo(rodada, pedido, resumo, completa);
         vereditos_.push_back(veredito(resumo, completa, maquina_.localidade.separadorDeMilhar()));
         return situacaoDe(completa);
     }

@@ -122,6 +122,30 @@ TEST(Programa, interrompidaNaConferenciaCompletaDeixaOLogInteiroENenhumaTabela) 
     EXPECT_GE(canceladas, 16); // at each of the lines
 }
 
+/// Each failure of a file, and each place to interrupt: a report is whole, or the old one.
+TEST(Programa, nenhumLaudoPelaMetade) {
+    const auto rodar = [](Bancada& bancada) {
+        Texto& laudo = bancada.arquivos.conteudo["/l.html"];
+        laudo = "antigo"_t;
+        const int situacao = bancada.rodar({"-q", "--laudo=/l.html", "/d/ruim.rem"});
+        EXPECT_TRUE(laudo.ends_with("</html>\n"_t) || (laudo == "antigo"_t && situacao >= 2)) << situacao << laudo;
+        EXPECT_TRUE(bancada.arquivos.tudoFechado());
+        return situacao;
+    };
+    const int falhas = testes::emCadaFalhaDeArquivo([&](auto operacao, int vez) {
+        Bancada bancada;
+        bancada.arquivos.falhar(operacao, vez, testes::discoCheio);
+        rodar(bancada);
+        return bancada.arquivos.vezes(operacao) >= vez;
+    });
+    EXPECT_GT(falhas, 20);
+    for (int perguntas = 1, situacao = 130; situacao == 130; perguntas += 3) {
+        Bancada bancada;
+        bancada.interrompido = [restam = perguntas]() mutable { return --restam < 0; };
+        situacao = rodar(bancada);
+    }
+}
+
 TEST(Programa, perguntaInterrompidaOuDeArquivoAlteradoNaoTemResposta) {
     for (const std::string pergunta : {"--linha=16", "--linha=2", "--sugerir-data"}) {
         Bancada bancada;
