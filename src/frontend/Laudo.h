@@ -1,7 +1,7 @@
 #pragma once
 
 #include "frontend/GruposDeAchados.h"
-#include "frontend/GuiasDoLaudo.h"
+#include "frontend/laudo/GuiasDoLaudo.h"
 #include "frontend/Pedido.h"
 #include "run/Ambiente.h"
 #include "run/ResumoCompleto.h"

@@ -1,4 +1,4 @@
-#include "frontend/GuiasDoLaudo.h"
+#include "frontend/laudo/GuiasDoLaudo.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "frontend/Html.h"
+#include "frontend/laudo/Html.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "frontend/LaudoEstilo.h"
+#include "frontend/laudo/EstiloDoLaudo.h"
 
 namespace quilatador::laudo {
 

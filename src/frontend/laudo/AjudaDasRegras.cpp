@@ -1,4 +1,4 @@
-#include "frontend/AjudaDasRegras.h"
+#include "frontend/laudo/AjudaDasRegras.h"
 
 #include "common/Falha.h"
 

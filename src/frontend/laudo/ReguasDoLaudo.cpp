@@ -1,4 +1,4 @@
-#include "frontend/ReguasDoLaudo.h"
+#include "frontend/laudo/ReguasDoLaudo.h"
 
 #include "common/Falha.h"
 #include "layout/ArquivoRemessaBD.h"
