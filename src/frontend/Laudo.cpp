@@ -177,7 +177,8 @@ class Redator {
         return unir(R"(<section aria-labelledby="h-fora"><h2 id="h-fora">O que ficou de fora</h2>
 <ul>
 )",
-                    itens, "<li>Nada mais. O laudo tem no máximo 2 MB; a lista inteira dos achados sai com ",
+                    itens, itens.empty() ? "<li>Nada." : "<li>Nada mais.",
+                    " O laudo tem no máximo 2 MB; a lista inteira dos achados sai com ",
                     "<code>--csv</code>.</li>\n</ul></section>\n");
     }
 

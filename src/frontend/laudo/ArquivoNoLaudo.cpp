@@ -206,6 +206,7 @@ std::string parteDoConferido(const DadosDoLaudo& dados, const NumerosDoLaudo& nu
         html += unir("<p><b>A conferência não chegou ao fim:</b> ", trechoEmHtml(dados.completa.descricao), "</p>\n");
     if (const Texto datas = textoDasDatas(dados.completa, numeros.milhar()); !datas.empty())
         html += unir("<p>", paraHtml(datas), ".</p>\n");
+    if (!remessa(dados)) return html += "</section>\n";
     return html += R"(<p class="suave">O arquivo é conferido pelas regras do leiaute. O banco pode recusá-lo por )"
                    "motivos que não estão nele, como um convênio encerrado.</p></section>\n";
 }
@@ -227,7 +228,8 @@ std::string parteDoArquivo(const DadosDoLaudo& dados, const NumerosDoLaudo& nume
     somar("Log", codigo(paraHtml(nomeSemPasta(dados.log))));
     if (remessa(dados)) somar("Opções", opcoesDe(dados));
     somar("Programa", unir("Quilatador de Leiaute ", paraHtml(dados.programa)));
-    if (remessa(dados)) somar("Leiaute", arquivoDoPrograma(ambiente.leiaute(), ambiente.arquivos));
+    if (dados.pedido.tipoArquivo != TipoArquivo::TAV001)
+        somar("Leiaute", arquivoDoPrograma(ambiente.leiaute(), ambiente.arquivos));
     somar("Tabelas de códigos", arquivoDoPrograma(ambiente.bancoDeDados(), ambiente.arquivos));
     somar("Data deste laudo", diaDoLaudo(ambiente));
     return html += "</dl></section>\n";

@@ -41,7 +41,7 @@ border-left-width:8px;border-radius:4px}
 .veredito .sinal{width:2.4rem;height:2.4rem;margin:0;--furo:var(--corF)}
 .veredito h2{margin:0;font-size:1.5rem;color:var(--cor);overflow-wrap:anywhere}
 .veredito p{margin:.3rem 0 0}
-.numeros{display:grid;grid-template-columns:repeat(auto-fit,minmax(8.5rem,1fr));gap:.6rem;margin:1rem 0}
+.numeros{display:grid;grid-template-columns:repeat(auto-fit,minmax(8.5rem,15rem));gap:.6rem;margin:1rem 0}
 .numeros div{display:flex;flex-direction:column-reverse;justify-content:flex-end;padding:.5rem .8rem;
 background:var(--quadro);border:1px solid var(--linha);border-top:4px solid var(--cor);border-radius:3px}
 .numeros dt{font-size:.88rem;color:var(--suave)}

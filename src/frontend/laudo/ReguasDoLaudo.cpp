@@ -48,7 +48,8 @@ Pedacos reguaDa(VistaTexto linha, ArquivoRemessa* leiaute, const Achado& achado)
 std::optional<std::vector<Pedacos>> lerReguas(const Ambiente& ambiente, const ArquivoDasReguas& arquivo,
                                               std::span<const Achado* const> achados,
                                               const std::atomic<bool>& cancelado) {
-    const auto leiaute = arquivo.tipo == TipoArquivo::ZUL702 ? ArquivoRemessaBD::carregar(ambiente) : nullptr;
+    // A print return has the lines of the remittance that it answers.
+    const auto leiaute = arquivo.tipo != TipoArquivo::TAV001 ? ArquivoRemessaBD::carregar(ambiente) : nullptr;
     std::vector<Pedacos> reguas(achados.size());
     std::multimap<std::int64_t, std::size_t> pedidas;
     for (std::size_t i = 0; i < achados.size(); ++i)
