@@ -41,8 +41,8 @@ struct Argumentos {
     bool abrir = false;
     bool completa = false;                    ///< whether each file is also checked completely; `csv`, `laudo` imply it
     bool todos = false;                       ///< whether all findings of that check are shown; only with `completa`
-    std::optional<std::filesystem::path> csv; ///< table of the findings of all files
     bool laudo = false;                       ///< whether each file gets a report
+    std::optional<std::filesystem::path> csv; ///< table of the findings of all files
     std::optional<std::filesystem::path> caminhoDoLaudo; ///< of the only file; if empty, beside each log
     std::filesystem::path conferir;                      ///< the report, if `acao` is `Conferir`
     bool json = false;

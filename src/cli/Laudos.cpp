@@ -3,6 +3,8 @@
 #include "common/Falha.h"
 #include "frontend/Acompanhante.h"
 
+#include <algorithm>
+
 namespace quilatador {
 
 std::filesystem::path Laudos::caminho(const std::filesystem::path& log) const {
@@ -23,13 +25,11 @@ bool Laudos::planejar(const PlanoDeLogs& plano) {
     std::set<Destino> logs;
     for (const LogPlanejado& planejado : plano.logs)
         logs.insert(sessao_.ambiente().arquivos.destino(planejado.log));
-    for (const LogPlanejado& planejado : plano.logs) {
-        if (const auto recusa = recusaDo(caminho(planejado.log), plano, logs)) {
-            sessao_.dizer(*recusa);
-            return false;
-        }
-    }
-    return true;
+    return std::ranges::all_of(plano.logs, [&](const LogPlanejado& planejado) {
+        const auto recusa = recusaDo(caminho(planejado.log), plano, logs);
+        if (recusa) sessao_.dizer(*recusa);
+        return !recusa;
+    });
 }
 
 Relator* Laudos::iniciar() {

@@ -129,7 +129,7 @@ TEST(Programa, oLaudoDizDeCadaGuiaComoEsta) {
     const Texto errada = testes::comCampo(duas, U, {'U', "ValorRec9", 156, 13}, Texto(13, '1'));
     const Texto semDefinicao = testes::comCampo(duas, 3, {'C', "SegFebraban", 12, 1}, Texto("x"_t));
     const std::tuple<Texto, std::vector<std::string>, std::vector<VistaTexto>> casos[] = {
-        {duas, {}, {"Sem erros e sem avisos"_t, "(2):</b> 1 e 2."_t, "Opções</dt><dd>código de barras sem data"_t}},
+        {duas, {}, {"Sem erros e sem avisos"_t, "(2):</b> 1 e 2."_t, "Opções</dt><dd>Código de barras sem data"_t}},
         {errada, {}, {"Certas (1):</b> 2."_t, "data-t=\"Guia\">1</th>"_t, "Com erro<"_t, "<em>erro</em>"_t}},
         {errada, {"--primeiras=1"}, {"conferidas (1):</b> 2."_t, "data-t=\"Guia\">1</th>"_t, "só as primeiras"_t}},
         {semDefinicao, {}, {"Conferida em parte<"_t}},

@@ -159,9 +159,9 @@ std::string celula(std::string_view titulo, const Dito& dito) {
 
 std::string opcoesDe(const DadosDoLaudo& dados) {
     const Pedido& pedido = dados.pedido;
-    std::string html = "código de barras sem data de vencimento";
+    std::string html = "Código de barras sem data de vencimento";
     if (pedido.comData)
-        html = unir("código de barras com data de vencimento, formato <code>", paraHtml(pedido.FormatoDataBarra),
+        html = unir("Código de barras com data de vencimento, formato <code>", paraHtml(pedido.FormatoDataBarra),
                     "</code>, posição ", paraHtml(textoDoNumero(pedido.PosicaoDataBarra)));
     if (!dados.primeiras) return html += "; todas as guias";
     return html += unir("; só as primeiras guias: ", paraHtml(textoDoNumero(*dados.primeiras)));

@@ -62,8 +62,8 @@ dt{color:var(--suave)}dd{margin:0;overflow-wrap:anywhere}
 #filtro form{display:flex;flex-wrap:wrap;gap:.5rem 1rem;align-items:center;margin:1rem 0;padding:.7rem 1rem;
 border:1px solid var(--linha);border-radius:4px;background:var(--quadro)}
 #filtro label{display:inline-flex;gap:.4rem;align-items:center}
-#filtro label.busca{flex:1 1 18rem}
-#filtro input[type=search]{flex:1;min-width:8rem;font:inherit;padding:.35rem .6rem;border:1px solid var(--suave);
+#filtro label.busca{flex:1 1 18rem;max-width:100%;min-width:0}
+#filtro input[type=search]{flex:1;min-width:0;width:100%;font:inherit;padding:.35rem .6rem;border:1px solid var(--suave);
 border-radius:3px;background:var(--fundo);color:var(--texto)}
 #filtro input[type=checkbox]{width:1.15rem;height:1.15rem;accent-color:var(--elo)}
 #filtro output{flex-basis:100%;color:var(--suave);font-size:.93rem}

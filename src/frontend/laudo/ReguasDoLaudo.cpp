@@ -17,16 +17,16 @@ using Pedacos = std::vector<PedacoDaRegua>;
 /// A line without a layout, cut at a field of which only the positions are known.
 Pedacos repartir(VistaTexto linha, const CampoDoAchado& campo) {
     Pedacos pedacos;
-    const auto juntar = [&](VistaTexto nome, int inicio, int fim, PedacoDaRegua::Estado estado) {
+    const auto juntar = [&](VistaTexto nome, int inicio, int fim) {
         const VistaTexto texto =
-            trecho(linha, static_cast<std::size_t>(inicio), static_cast<std::size_t>(fim - inicio + 1));
-        if (!texto.empty()) pedacos.push_back({Texto(nome), inicio, fim, Texto(texto), {}, estado});
+            trecho(linha.substr(0, static_cast<std::size_t>(fim)), static_cast<std::size_t>(inicio));
+        if (!texto.empty()) pedacos.push_back({Texto(nome), inicio, fim, Texto(texto), {}});
     };
     const int tamanho = static_cast<int>(linha.size());
     const int fim = std::min(campo.fim, tamanho);
-    if (campo.inicio > 1) juntar({}, 1, std::min(campo.inicio - 1, tamanho), PedacoDaRegua::Estado::Lido);
-    if (campo.inicio <= fim) juntar(campo.nome, campo.inicio, fim, PedacoDaRegua::Estado::Lido);
-    if (fim < tamanho) juntar({}, fim + 1, tamanho, PedacoDaRegua::Estado::Lido);
+    if (campo.inicio > 1) juntar({}, 1, std::min(campo.inicio - 1, tamanho));
+    if (campo.inicio <= fim) juntar(campo.nome, campo.inicio, fim);
+    if (fim < tamanho) juntar({}, fim + 1, tamanho);
     return pedacos;
 }
 
