@@ -138,7 +138,7 @@ a{color:inherit;text-decoration:none}
 #filtro,.pula,.dobra::after{display:none!important}
 [hidden]{display:revert!important}
 .numeros{grid-template-columns:repeat(5,1fr)}
-.duas{display:block}.remedio{padding:.4rem 0 0;border:0;border-top:1px solid var(--linha)}
+.duas{display:block}.remedio p{break-inside:avoid}.remedio{columns:2;column-gap:6mm;padding:.4rem 0 0;border:0;border-top:1px solid var(--linha)}
 .rolo{overflow:visible}.lugares{columns:3}
 h2,h3,h4,h5,.onde,thead{break-after:avoid}
 tr,.achado,.regua,.veredito,.numeros,.nota,.par,.remedio{break-inside:avoid}
