@@ -14,7 +14,7 @@ install(DIRECTORY ${construidos}/Documentos DESTINATION ${pasta_instalada})
 
 install(FILES LEIAME.md CHANGELOG.md DESTINATION ${documentacao}/quilatador-cli)
 # Where the links of LEIAME.md point to.
-install(FILES docs/csv.md docs/findings.md docs/json.md docs/json.schema.json DESTINATION ${documentacao}/quilatador-cli/docs)
+install(FILES docs/csv.md docs/findings.md docs/json.md docs/json.schema.json docs/laudo.md DESTINATION ${documentacao}/quilatador-cli/docs)
 install(FILES data/completions/quilatador-cli.bash
         DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
         RENAME quilatador-cli)

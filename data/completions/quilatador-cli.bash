@@ -32,9 +32,9 @@ _quilatador_cli() {
             return ;;
     esac
 
-    if [[ $cur == -* && $prev != --log && $prev != --csv ]]; then
+    if [[ $cur == -* && $prev != --log && $prev != --csv && $prev != --conferir ]]; then
         mapfile -t COMPREPLY < <(compgen -W '--tipo --com-data --posicao --formato --primeiras --completa --todos --csv
-            --linha --sugerir-data --pasta --log --pasta-de-logs --abrir --json -q --silencioso -h --ajuda --help --versao --version' -- "$cur")
+            --laudo --conferir --linha --sugerir-data --pasta --log --pasta-de-logs --abrir --json -q --silencioso -h --ajuda --help --versao --version' -- "$cur")
         return
     fi
     compopt -o filenames

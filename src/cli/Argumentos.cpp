@@ -34,6 +34,10 @@ Opções:
   --todos                      mostra todos os achados, um por um (com --completa)
   --csv CAMINHO                grava os achados de todos os arquivos numa tabela (faz o mesmo que
                                --completa)
+  --laudo[=CAMINHO]            grava um laudo de cada arquivo, uma página HTML para ler, imprimir e
+                               guardar, ao lado do log (x.log.laudo.html) ou, com um só ARQUIVO,
+                               nesse caminho (faz o mesmo que --completa)
+  --conferir LAUDO             diz se o ARQUIVO é o desse laudo (sem log)
   --linha N                    mostra a linha N, campo por campo, e o que a conferência completa
                                encontra nela (um ZUL702; sem log)
   --sugerir-data               diz em que formato e posição o código de barras tem a data
@@ -54,14 +58,16 @@ Exemplos:
   quilatador-cli --com-data --posicao 20 --formato AAAAMMDD remessa.rem
   quilatador-cli --primeiras 50 --log /tmp/remessa.log remessa.rem
   quilatador-cli --completa remessa.rem
+  quilatador-cli --laudo remessa.rem
   quilatador-cli --json -q *.rem > achados.ndjson
   quilatador-cli --linha 17 remessa.rem
   quilatador-cli --sugerir-data remessa.rem
 
 Situação ao terminar:
-  0    nada encontrado; com --linha, a linha foi mostrada
+  0    nada encontrado; com --linha, a linha foi mostrada; com --conferir, é o arquivo do
+       laudo
   1    há erros, no log ou na conferência completa, ou o arquivo não é do tipo esperado; com
-       --sugerir-data, nada confere em todas as parcelas
+       --sugerir-data, nada confere em todas as parcelas; com --conferir, não é o arquivo do laudo
   2    não foi possível analisar (opção inválida, arquivo ou programa incompleto)
   130  interrompido (Ctrl-C)
 )"_t;
@@ -144,7 +150,12 @@ struct Valores {
     std::optional<std::string> log;
     std::optional<std::string> pastaDeLogs;
     std::optional<std::string> csv;
+    std::optional<std::string> laudo; ///< `laudoSemCaminho`, or where it is to lie
+    std::optional<std::string> conferir;
 };
+
+/// What "--laudo" alone is taken for: a value that no argument can have.
+const std::string laudoSemCaminho(1, '\0');
 
 /// Makes the path of an option complete. Returns false if that is impossible.
 bool completar(const std::optional<std::string>& valor, std::optional<std::filesystem::path>& caminho) {
@@ -157,12 +168,17 @@ bool completar(const std::optional<std::string>& valor, std::optional<std::files
 std::optional<Texto> recusaDaPergunta(VistaTexto pergunta, const Valores& valores, std::size_t arquivos,
                                       const Argumentos& lidos) {
     if (arquivos > 1) return junta(pergunta, " vale somente com um ARQUIVO."_t);
-    const std::pair<bool, VistaTexto> incompativeis[] = {{valores.linha && valores.sugerirData, "--sugerir-data"_t},
-                                                         {valores.log.has_value(), "--log"_t},
-                                                         {valores.pastaDeLogs.has_value(), "--pasta-de-logs"_t},
-                                                         {lidos.abrir, "--abrir"_t},
-                                                         {valores.csv.has_value(), "--csv"_t},
-                                                         {lidos.completa, "--completa"_t}};
+    const bool conferir = valores.conferir.has_value();
+    const std::pair<bool, VistaTexto> incompativeis[] = {
+        {conferir && valores.linha, "--linha"_t},
+        {(conferir || valores.linha) && valores.sugerirData, "--sugerir-data"_t},
+        {valores.log.has_value(), "--log"_t},
+        {valores.pastaDeLogs.has_value(), "--pasta-de-logs"_t},
+        {lidos.abrir, "--abrir"_t},
+        {valores.csv.has_value(), "--csv"_t},
+        {valores.laudo.has_value(), "--laudo"_t},
+        {lidos.completa, "--completa"_t},
+        {conferir && lidos.json, "--json"_t}};
     for (const auto& [dada, opcao] : incompativeis)
         if (dada) return junta(pergunta, " e "_t, opcao, " não valem juntas."_t);
     return std::nullopt;
@@ -176,9 +192,14 @@ std::int64_t lerNumeroDeLinha(VistaTexto digitos) {
 
 /// Interprets the options that ask a question about one file, or refuses them.
 Argumentos interpretarPergunta(const Valores& valores, std::size_t arquivos, Argumentos lidos) {
-    if (!valores.linha && !valores.sugerirData) return lidos;
-    const VistaTexto pergunta = valores.linha ? "--linha"_t : "--sugerir-data"_t;
+    if (!valores.linha && !valores.sugerirData && !valores.conferir) return lidos;
+    const VistaTexto pergunta = valores.conferir ? "--conferir"_t : valores.linha ? "--linha"_t : "--sugerir-data"_t;
     if (const auto motivo = recusaDaPergunta(pergunta, valores, arquivos, lidos)) return recusa(*motivo);
+    if (valores.conferir) {
+        lidos.acao = Argumentos::Acao::Conferir;
+        lidos.conferir = caminhoCompleto(*valores.conferir);
+        return lidos.conferir.is_absolute() ? lidos : recusaDoValor("--conferir");
+    }
     lidos.acao = valores.linha ? Argumentos::Acao::MostrarLinha : Argumentos::Acao::SugerirData;
     if (!valores.linha) return lidos;
     const Texto linha = textoDeUtf8(*valores.linha);
@@ -212,7 +233,12 @@ Argumentos interpretar(const Valores& valores, const std::vector<std::string>& a
     if (!completar(valores.log, lidos.log)) return recusaDoValor("--log");
     if (!completar(valores.pastaDeLogs, lidos.pastaDeLogs)) return recusaDoValor("--pasta-de-logs");
     if (!completar(valores.csv, lidos.csv)) return recusaDoValor("--csv");
-    lidos.completa = lidos.completa || lidos.csv;
+    lidos.laudo = valores.laudo.has_value();
+    if (valores.laudo && *valores.laudo != laudoSemCaminho) {
+        if (arquivos.size() > 1) return recusa(Texto("--laudo=CAMINHO vale somente com um ARQUIVO."_t));
+        if (!completar(valores.laudo, lidos.caminhoDoLaudo)) return recusaDoValor("--laudo");
+    }
+    lidos.completa = lidos.completa || lidos.csv || lidos.laudo;
     if (lidos.todos && !lidos.completa) return recusa(Texto("--todos vale somente com --completa."_t));
     for (const std::string& arquivo : arquivos)
         lidos.arquivos.push_back(caminhoCompleto(arquivo));
@@ -248,6 +274,9 @@ Argumentos lerArgumentos(std::vector<std::string> argumentos) {
     app.add_option("--log", valores.log);
     app.add_option("--pasta-de-logs", valores.pastaDeLogs);
     app.add_option("--csv", valores.csv);
+    // A flag, which takes a value behind "=" only, so that no ARQUIVO is taken for it.
+    app.add_flag("--laudo{" + laudoSemCaminho + "}", valores.laudo);
+    app.add_option("--conferir", valores.conferir);
     if (const auto opcao = opcaoSemValor(argumentos); !opcao.empty()) return recusaDoValor(opcao);
     try {
         std::ranges::reverse(argumentos); // the parser reads them from the end

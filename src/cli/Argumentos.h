@@ -17,6 +17,7 @@ struct Argumentos {
         Analisar,
         MostrarLinha, ///< `linha` of the only file
         SugerirData,  ///< of the only file
+        Conferir,     ///< the only file with the report `conferir`
         MostrarAjuda,
         MostrarVersao,
         Recusar
@@ -38,9 +39,12 @@ struct Argumentos {
     std::optional<std::filesystem::path> log;         ///< replaces the log beside the file
     std::optional<std::filesystem::path> pastaDeLogs; ///< folder of all logs; never together with `log`
     bool abrir = false;
-    bool completa = false;                    ///< whether each file is also checked completely; `csv` implies it
+    bool completa = false;                    ///< whether each file is also checked completely; `csv`, `laudo` imply it
     bool todos = false;                       ///< whether all findings of that check are shown; only with `completa`
+    bool laudo = false;                       ///< whether each file gets a report
     std::optional<std::filesystem::path> csv; ///< table of the findings of all files
+    std::optional<std::filesystem::path> caminhoDoLaudo; ///< of the only file; if empty, beside each log
+    std::filesystem::path conferir;                      ///< the report, if `acao` is `Conferir`
     bool json = false;
     bool silencioso = false;
 };

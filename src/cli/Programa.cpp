@@ -1,7 +1,9 @@
 #include "cli/Programa.h"
 
+#include "cli/ComandoConferir.h"
 #include "cli/ComandoData.h"
 #include "cli/ComandoLinha.h"
+#include "cli/Laudos.h"
 #include "cli/RelatorDoTerminal.h"
 #include "cli/RelatorJson.h"
 #include "cli/Sessao.h"
@@ -71,7 +73,8 @@ class Chamada {
         , trabalho_(sessao.ambiente(), globais_, sessao.cancelado())
         , json_(maquina_.saida)
         , noTerminal_(sessao)
-        , tabela_(sessao) {
+        , tabela_(sessao)
+        , laudos_(sessao) {
         if (argumentos_.json) trabalho_.adicionarRelator(json_);
     }
     Chamada(const Chamada&) = delete;
@@ -82,7 +85,7 @@ class Chamada {
         const PlanoDeLogs plano = planejarLogs(
             argumentos_.arquivos, {.log = argumentos_.log, .pasta = argumentos_.pastaDeLogs},
             [this](const auto& arquivo) { return sessao_.tipoDe(arquivo); }, maquina_.arquivos);
-        if (!tabela_.abrir(plano)) return situacao::naoRodou;
+        if (!laudos_.planejar(plano) || !tabela_.abrir(plano)) return situacao::naoRodou;
         int maior = situacao::nadaEncontrado;
         for (const LogPlanejado& planejado : plano.logs) {
             if (maquina_.interrompido()) break;
@@ -139,7 +142,9 @@ class Chamada {
         if (argumentos_.json) json_.terminarRodada(resumo);
         resumir(rodada, pedido.tipoArquivo, resumo);
         int situacaoDoArquivo = situacaoDe(resumo);
+        const int semLaudo = laudos_.faltas();
         if (argumentos_.completa) situacaoDoArquivo = std::max(situacaoDoArquivo, completar(rodada, pedido, resumo));
+        if (laudos_.faltas() > semLaudo) situacaoDoArquivo = std::max(situacaoDoArquivo, situacao::naoRodou);
         if (argumentos_.json) json_.terminar(situacaoDoArquivo);
         return situacaoDoArquivo;
     }
@@ -149,8 +154,22 @@ class Chamada {
         const bool podeConferir = resumo.desfecho == Desfecho::Concluida || resumo.desfecho == Desfecho::Falhou;
         const ResumoCompleto completa = podeConferir ? conferirTudo(rodada, pedido) : ResumoCompleto();
         if (!podeConferir && argumentos_.json) json_.semCompleta();
+        if (podeConferir) gravarLaudo(rodada, pedido, resumo, completa);
         vereditos_.push_back(veredito(resumo, completa, maquina_.localidade.separadorDeMilhar()));
         return situacaoDe(completa);
+    }
+
+    void gravarLaudo(const Rodada& rodada, const Pedido& pedido, const Resumo& resumo, const ResumoCompleto& completa) {
+        const auto laudo = laudos_.gravar({.pedido = pedido,
+                                           .resumo = resumo,
+                                           .completa = completa,
+                                           .versao = rodada.versaoDaEntrada(),
+                                           .log = rodada.nomeArquivoLog(),
+                                           .primeiras = argumentos_.primeiras,
+                                           .programa = QUILATADOR_VERSAO ""_t});
+        if (!laudo || !comResumo()) return;
+        sessao_.limparTela();
+        maquina_.saida << paraTerminal(junta("  laudo: "_t, textoDoCaminho(*laudo))) << std::endl;
     }
 
     ResumoCompleto conferirTudo(const Rodada& rodada, const Pedido& pedido) {
@@ -162,6 +181,7 @@ class Chamada {
             ouvintes.push_back(&noTerminal_);
         }
         if (Relator* const tabela = tabela_.arquivo(rodada.nomeArquivo())) ouvintes.push_back(tabela);
+        if (Relator* const laudo = laudos_.iniciar()) ouvintes.push_back(laudo);
         ResumoCompleto completa = trabalho_.conferirTudo(rodada, pedido, ouvintes);
         if (completa.desfecho != Desfecho::NaoRodou) tabela_.arquivoConferido();
         if (argumentos_.json) json_.terminarCompleta(completa);
@@ -211,6 +231,7 @@ class Chamada {
     RelatorJson json_;
     RelatorDoTerminal noTerminal_;
     TabelaDeAchados tabela_;
+    Laudos laudos_;
     Totais totais_;
     std::vector<Veredito> vereditos_; ///< of the files so far, in their order
 };
@@ -229,11 +250,13 @@ int atender(const Argumentos& argumentos, const Maquina& maquina) {
     case Argumentos::Acao::Analisar:
     case Argumentos::Acao::MostrarLinha:
     case Argumentos::Acao::SugerirData:
+    case Argumentos::Acao::Conferir:
         break;
     }
     Sessao sessao(argumentos, maquina);
     if (argumentos.acao == Argumentos::Acao::MostrarLinha) return mostrarLinha(sessao);
     if (argumentos.acao == Argumentos::Acao::SugerirData) return sugerirData(sessao);
+    if (argumentos.acao == Argumentos::Acao::Conferir) return conferirLaudo(sessao);
     return Chamada(sessao).analisarTodos();
 }
 

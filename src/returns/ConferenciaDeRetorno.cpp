@@ -37,6 +37,11 @@ class Conferente {
 
     /// Numbers a finding, counts it and hands it on. Returns its number.
     std::int64_t apontar(Achado achado);
+    /// Tells of a slip that it is not right.
+    void apontarGuia(const GuiaConferida& guia) {
+        for (Relator* const ouvinte : ouvintes_)
+            ouvinte->guia(guia);
+    }
     [[nodiscard]] ResumoCompleto& resumo() noexcept { return resumo_; }
 
   private:
@@ -263,15 +268,17 @@ class ConferenteZUL708 final : public Conferente {
     void conferirLinha(VistaTexto linha, std::int64_t numero) override;
     void encerrar() override;
 
-    void iniciarGuia(VistaTexto linha);
+    void iniciarGuia(VistaTexto linha, std::int64_t numero);
+    void contarGuiaComErro();
 
     ConsultasDaRodada consultas_;
     Texto idGuia_; ///< of the last slip
+    std::int64_t linhaDaGuia_ = 0;
     bool guiaComErro_ = false;
 };
 
 void ConferenteZUL708::conferirLinha(VistaTexto linha, std::int64_t numero) {
-    if (linha.starts_with('S')) iniciarGuia(linha);
+    if (linha.starts_with('S')) iniciarGuia(linha, numero);
     const Ocorrencias ocorrencias(linha);
     if (ocorrencias.nenhuma()) return;
     ContagemDeGuias& guias = resumo().guias;
@@ -282,17 +289,27 @@ void ConferenteZUL708::conferirLinha(VistaTexto linha, std::int64_t numero) {
         if (daGuia) {
             achado.guia = guias.lidas;
             achado.idGuia = idGuia_;
-            if (!std::exchange(guiaComErro_, true)) ++guias.comErro;
+            contarGuiaComErro();
         }
         apontar(std::move(achado));
     }
 }
 
-void ConferenteZUL708::iniciarGuia(VistaTexto linha) {
+void ConferenteZUL708::contarGuiaComErro() {
+    if (std::exchange(guiaComErro_, true)) return;
+    ++resumo().guias.comErro;
+    apontarGuia({.guia = resumo().guias.lidas,
+                 .linha = linhaDaGuia_,
+                 .idGuia = idGuia_,
+                 .estado = GuiaConferida::Estado::ComErro});
+}
+
+void ConferenteZUL708::iniciarGuia(VistaTexto linha, std::int64_t numero) {
     constexpr std::size_t inicio = 12; // as in the remittance that is answered
     constexpr std::size_t tamanho = 15;
     ++resumo().guias.lidas;
     idGuia_ = trecho(linha, inicio, tamanho);
+    linhaDaGuia_ = numero;
     guiaComErro_ = false;
 }
 
@@ -300,6 +317,9 @@ void ConferenteZUL708::iniciarGuia(VistaTexto linha) {
 void ConferenteZUL708::encerrar() {
     ContagemDeGuias& guias = resumo().guias;
     guias.emParte = resumo().parcial() && guias.lidas > 0 && !guiaComErro_ ? 1 : 0;
+    if (guias.emParte > 0)
+        apontarGuia(
+            {.guia = guias.lidas, .linha = linhaDaGuia_, .idGuia = idGuia_, .estado = GuiaConferida::Estado::EmParte});
     guias.certas = guias.lidas - guias.comErro - guias.emParte;
 }
 

@@ -28,6 +28,16 @@ struct Resumo {
     std::int64_t linhaDaParada = 0; ///< line (1-based) of the structural finding that ended the run; 0 if there is none
 };
 
+/// What a complete check says of a slip that is not right.
+struct GuiaConferida {
+    enum class Estado { ComErro, EmParte, NaoConferida }; ///< as they are counted, see `ContagemDeGuias`
+
+    std::int64_t guia = 0;  ///< its ordinal in the file, 1-based
+    std::int64_t linha = 0; ///< its first line, 1-based; 0 if it is not known
+    Texto idGuia{};         ///< as it stands in the file
+    Estado estado = Estado::ComErro;
+};
+
 /// Receives what a run writes. Lines and findings arrive in the order of the log; a listener overrides what it wants.
 class Relator {
   public:
@@ -36,6 +46,8 @@ class Relator {
     virtual void linha(VistaTexto /*texto*/) {}
     /// A finding, as soon as it is made.
     virtual void achado(const Achado& achado) = 0;
+    /// A slip that is not right, when a complete check has done with it; in the order of their ordinals.
+    virtual void guia(const GuiaConferida& /*guia*/) {}
     /// The result of the run. It comes last, and exactly once.
     virtual void resumo(const Resumo& /*resumo*/) {}
 };

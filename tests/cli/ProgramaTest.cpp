@@ -5,6 +5,7 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iomanip>
+#include <tuple>
 
 namespace quilatador {
 namespace {
@@ -63,6 +64,10 @@ TEST(Programa, linhasDeComando) {
         arquivos["/d/primeira.rem"] = testes::comCampo(duas, primeiraU, {'U', "ValorRec9", 156, 13}, Texto(13, '1'));
         arquivos["/d/total.ret"] = arquivos["/d/liquidacao"];
         arquivos["/d/total.ret"].replace(arquivos["/d/total.ret"].rfind('Z') + 1, 6, "000006"_t);
+        const std::string_view meta = R"(<meta name="quilatador-sha256" content=")";
+        arquivos["/d/boa.html"] = junta(textoDosBytes(meta), textoDosBytes(testes::ArquivosEmMemoria::soma), "\">"_t);
+        arquivos["/d/outro.html"] = junta(textoDosBytes(meta), Texto(64, 'a'), "\">"_t);
+        arquivos["/d/semSoma.html"] = junta(textoDosBytes(meta), "\">"_t);
         bancada.arquivos.ligacoes = {{"/d/elo.log", "/d/ruim.rem"}, {"/d/boa.elo", "/d/boa.rem"}};
         const auto antes = arquivos;
         const int situacao = bancada.rodar(separar(argumentos));
@@ -116,6 +121,55 @@ TEST(Programa, interrompidaNaConferenciaCompletaDeixaOLogInteiroENenhumaTabela) 
         ++canceladas;
     }
     EXPECT_GE(canceladas, 16); // at each of the lines
+}
+
+TEST(Programa, oLaudoDizDeCadaGuiaComoEsta) {
+    const Texto duas = remessa({.guias = 2});
+    const std::size_t U = testes::letrasDe(duas).find('U') + 1;
+    const Texto errada = testes::comCampo(duas, U, {'U', "ValorRec9", 156, 13}, Texto(13, '1'));
+    const Texto semDefinicao = testes::comCampo(duas, 3, {'C', "SegFebraban", 12, 1}, Texto("x"_t));
+    const std::tuple<Texto, std::vector<std::string>, std::vector<VistaTexto>> casos[] = {
+        {duas, {}, {"Sem erros e sem avisos"_t, "(2):</b> 1 e 2."_t, "Opções</dt><dd>Código de barras sem data"_t}},
+        {errada, {}, {"Certas (1):</b> 2."_t, "data-t=\"Guia\">1</th>"_t, "Com erro<"_t, "<em>erro</em>"_t}},
+        {errada, {"--primeiras=1"}, {"conferidas (1):</b> 2."_t, "data-t=\"Guia\">1</th>"_t, "só as primeiras"_t}},
+        {semDefinicao, {}, {"Conferida em parte<"_t}},
+        {duas.substr(0, 21 * testes::bytesDaLinha), {}, {"<b>O log parou</b>"_t, "corrija primeiro a linha "_t}},
+        {remessa({.tipo = gerador::Tipo::ZUL708, .guias = 5}), {}, {"Com ocorrência<"_t, "<em>ocorrência</em>"_t}},
+        {remessa({.tipo = gerador::Tipo::TAV001, .registros = 3}), {}, {"Totais do trailer"_t, "<li>Nada. "_t}}};
+    for (const auto& [arquivo, opcoes, presentes] : casos) {
+        Bancada bancada;
+        bancada.arquivos.conteudo["/d/a"] = arquivo;
+        std::vector<std::string> argumentos{"-q", "--laudo=/l.html", "/d/a"};
+        argumentos.insert(argumentos.end(), opcoes.begin(), opcoes.end());
+        EXPECT_LT(bancada.rodar(argumentos), 2);
+        const Texto laudo = textoDeUtf8(bytesDoTexto(bancada.arquivos.conteudo["/l.html"]));
+        for (const VistaTexto presente : presentes)
+            EXPECT_NE(laudo.find(presente), Texto::npos) << presente;
+    }
+}
+
+/// Each failure of a file, and each place to interrupt: a report is whole, or the old one.
+TEST(Programa, nenhumLaudoPelaMetade) {
+    const auto rodar = [](Bancada& bancada) {
+        Texto& laudo = bancada.arquivos.conteudo["/l.html"];
+        laudo = "antigo"_t;
+        const int situacao = bancada.rodar({"-q", "--laudo=/l.html", "/d/ruim.rem"});
+        EXPECT_TRUE(laudo.ends_with("</html>\n"_t) || (laudo == "antigo"_t && situacao >= 2)) << situacao << laudo;
+        EXPECT_TRUE(bancada.arquivos.tudoFechado());
+        return situacao;
+    };
+    const int falhas = testes::emCadaFalhaDeArquivo([&](auto operacao, int vez) {
+        Bancada bancada;
+        bancada.arquivos.falhar(operacao, vez, testes::discoCheio);
+        rodar(bancada);
+        return bancada.arquivos.vezes(operacao) >= vez;
+    });
+    EXPECT_GT(falhas, 20);
+    for (int perguntas = 1, situacao = 130; situacao == 130; perguntas += 3) {
+        Bancada bancada;
+        bancada.interrompido = [restam = perguntas]() mutable { return --restam < 0; };
+        situacao = rodar(bancada);
+    }
 }
 
 TEST(Programa, perguntaInterrompidaOuDeArquivoAlteradoNaoTemResposta) {

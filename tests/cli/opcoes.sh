@@ -44,5 +44,7 @@ completar 'README.md' --log = READ
 completar '' --posicao = 2
 completar '--com-data' -q --com-
 completar 'README.md' --csv READ
+completar 'README.md' --conferir READ
+completar 'README.md' --laudo = READ
 completar 'LICENSE' -q LIC
 exit $((falhas > 0))

@@ -160,16 +160,23 @@ void Coletor::iniciarGuia(std::int64_t ordinal, VistaTexto idGuia, std::int64_t 
 }
 
 void Coletor::encerrarGuia(bool conferida) {
+    using enum GuiaConferida::Estado;
     ContagemDeGuias& guias = resumo_.guias;
     if (!conferida)
-        ++guias.naoConferidas;
+        contarGuia(guias.naoConferidas, NaoConferida);
     else if (guiaComErro_)
-        ++guias.comErro;
+        contarGuia(guias.comErro, ComErro);
     else if (guiaEmParte_ || !naoConferidos_.empty())
-        ++guias.emParte;
+        contarGuia(guias.emParte, EmParte);
     else
         ++guias.certas;
     guia_ = 0;
+}
+
+void Coletor::contarGuia(std::int64_t& contagem, GuiaConferida::Estado estado) {
+    ++contagem;
+    for (Relator* const ouvinte : ouvintes_)
+        ouvinte->guia({.guia = guia_, .linha = linhaDaGuia_, .idGuia = idGuia_, .estado = estado});
 }
 
 } // namespace quilatador

@@ -75,6 +75,8 @@ class Coletor final : public Apontador {
     [[nodiscard]] std::int64_t causaEntre(std::span<const Fundamento> fundamentos);
     void anotar(const Fundamento& onde, std::int64_t causa, Estado estado, VistaTexto campo = {});
     void somar(const Achado& achado);
+    /// Counts the slip in hand, and tells that it is not right.
+    void contarGuia(std::int64_t& contagem, GuiaConferida::Estado estado);
     void dizerQueFalta(const Falta& falta);
 
     const Data& hoje_;
