@@ -127,7 +127,8 @@ bool Coletor::naoConferido(char letra) const noexcept {
 
 std::vector<Coletor::Falta>& Coletor::faltasDe(char letra) noexcept {
     const bool maiuscula = letra >= 'A' && letra <= 'Z';
-    return maiuscula ? faltas_[static_cast<std::size_t>(letra - 'A')] : faltas_.back();
+    const std::size_t lugar = maiuscula ? static_cast<std::size_t>(letra - 'A') : faltas_.size() - 1;
+    return faltas_[lugar];
 }
 
 std::int64_t Coletor::causaDe(const Fundamento& onde) noexcept {
