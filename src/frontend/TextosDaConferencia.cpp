@@ -150,9 +150,9 @@ VistaTexto mensagemComum(const Achado& achado) {
 }
 
 Texto textoDoCampo(const CampoDoAchado& campo) {
-    const Texto posicoes = campo.inicio == campo.fim
-                               ? junta("posição "_t, textoDe(campo.inicio))
-                               : junta("posições "_t, textoDe(campo.inicio), " a "_t, textoDe(campo.fim));
+    Texto posicoes = campo.inicio == campo.fim
+                         ? junta("posição "_t, textoDe(campo.inicio))
+                         : junta("posições "_t, textoDe(campo.inicio), " a "_t, textoDe(campo.fim));
     if (campo.nome.empty()) return posicoes; // behind the last field
     return junta("campo "_t, campo.nome, " ("_t, posicoes, ")"_t);
 }

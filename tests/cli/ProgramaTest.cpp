@@ -125,27 +125,27 @@ TEST(Programa, interrompidaNaConferenciaCompletaDeixaOLogInteiroENenhumaTabela) 
 
 TEST(Programa, oLaudoDizDeCadaGuiaComoEsta) {
     const Texto duas = remessa({.guias = 2});
-    const std::size_t U = testes::letrasDe(duas).find('U') + 1;
-    const Texto errada = testes::comCampo(duas, U, {'U', "ValorRec9", 156, 13}, Texto(13, '1'));
+    const std::size_t primeiraU = testes::letrasDe(duas).find('U') + 1;
+    const Texto errada = testes::comCampo(duas, primeiraU, {'U', "ValorRec9", 156, 13}, Texto(13, '1'));
     const Texto semDefinicao = testes::comCampo(duas, 3, {'C', "SegFebraban", 12, 1}, Texto("x"_t));
-    const std::tuple<Texto, std::vector<std::string>, std::vector<VistaTexto>> casos[] = {
-        {duas, {}, {"Sem erros e sem avisos"_t, "(2):</b> 1 e 2."_t, "Opções</dt><dd>Código de barras sem data"_t}},
-        {errada, {}, {"Certas (1):</b> 2."_t, "data-t=\"Guia\">1</th>"_t, "Com erro<"_t, "<em>erro</em>"_t}},
-        {errada, {"--primeiras=1"}, {"conferidas (1):</b> 2."_t, "data-t=\"Guia\">1</th>"_t, "só as primeiras"_t}},
-        {semDefinicao, {}, {"Conferida em parte<"_t}},
-        {duas.substr(0, 21 * testes::bytesDaLinha), {}, {"<b>O log parou</b>"_t, "corrija primeiro a linha "_t}},
-        {remessa({.tipo = gerador::Tipo::ZUL708, .guias = 5}), {}, {"Com ocorrência<"_t, "<em>ocorrência</em>"_t}},
-        {remessa({.tipo = gerador::Tipo::TAV001, .registros = 3}), {}, {"Totais do trailer"_t, "<li>Nada. "_t}}};
-    for (const auto& [arquivo, opcoes, presentes] : casos) {
+    using Presentes = std::initializer_list<VistaTexto>;
+    const auto conferir = [](const Texto& arquivo, const std::string& opcao, Presentes presentes) {
         Bancada bancada;
         bancada.arquivos.conteudo["/d/a"] = arquivo;
-        std::vector<std::string> argumentos{"-q", "--laudo=/l.html", "/d/a"};
-        argumentos.insert(argumentos.end(), opcoes.begin(), opcoes.end());
-        EXPECT_LT(bancada.rodar(argumentos), 2);
+        EXPECT_LT(bancada.rodar({"-q", "--laudo=/l.html", "/d/a", opcao}), 2);
         const Texto laudo = textoDeUtf8(bytesDoTexto(bancada.arquivos.conteudo["/l.html"]));
         for (const VistaTexto presente : presentes)
             EXPECT_NE(laudo.find(presente), Texto::npos) << presente;
-    }
+    };
+    conferir(duas, "-q",
+             {"Sem erros e sem avisos"_t, "(2):</b> 1 e 2."_t, "Opções</dt><dd>Código de barras sem data"_t});
+    conferir(errada, "-q", {"Certas (1):</b> 2."_t, "data-t=\"Guia\">1</th>"_t, "Com erro<"_t, "<em>erro</em>"_t});
+    conferir(errada, "--primeiras=1", {"conferidas (1):</b> 2."_t, "data-t=\"Guia\">1</th>"_t, "só as primeiras"_t});
+    conferir(semDefinicao, "-q", {"Conferida em parte<"_t});
+    conferir(duas.substr(0, 21 * testes::bytesDaLinha), "-q", {"<b>O log parou</b>"_t, "corrija primeiro a linha "_t});
+    conferir(remessa({.tipo = gerador::Tipo::ZUL708, .guias = 5}), "-q",
+             {"Com ocorrência<"_t, "<em>ocorrência</em>"_t});
+    conferir(remessa({.tipo = gerador::Tipo::TAV001, .registros = 3}), "-q", {"Totais do trailer"_t, "<li>Nada. "_t});
 }
 
 /// Each failure of a file, and each place to interrupt: a report is whole, or the old one.
